@@ -1,0 +1,12 @@
+#pragma once
+#include <QtCore>
+#include <QtGui>
+#include <QtSql>
+#include <QtWidgets>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <vector>

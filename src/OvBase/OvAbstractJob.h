@@ -1,0 +1,70 @@
+#pragma once
+
+#include "OvBase/OvBaseExport.h"
+
+#include <QObject>
+
+#include <memory>
+
+/// One entry of the task list: a workspace, or a long action.
+///
+/// Lives on the GUI thread; workers hand it news by queued calls. Cancelling is a request: the owner
+/// of the work hears cancelRequested(), stops, and ends the job with finish().
+class OVBASE_EXPORT OvAbstractJob : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum State {
+        Ready,     ///< not working: a workspace that shows its data
+        Running,
+        Finished,
+        Cancelled,
+        Failed,
+    };
+    Q_ENUM(State)
+
+    explicit OvAbstractJob(QObject* parent = nullptr);
+    ~OvAbstractJob() override;
+
+    QString taskName() const;
+    void setTaskName(const QString& name);
+
+    State state() const;
+    bool isRunning() const { return state() == Running; }
+    /// Whether what the job stands for can be used, for example linked into a parallel view.
+    bool isEnabled() const;
+    void setEnabled(bool enabled);
+
+    /// Per cent, 0 to 100; -1 when unknown.
+    int progress() const;
+    /// The last message, translated.
+    QString message() const;
+    /// Milliseconds from start() to now, or to the end.
+    qint64 elapsedMs() const;
+    bool isCancellable() const;
+    void setCancellable(bool cancellable);
+    bool isCancelRequested() const;
+
+    void start();
+    void setProgress(int percent);
+    void setMessage(const QString& message);
+    /// Ends a running job; outcome is Finished, Cancelled, Failed, or Ready for a workspace.
+    void finish(State outcome, const QString& message = {});
+
+public slots:
+    /// Asks the owner to stop. Ignored unless running and cancellable.
+    void requestCancel();
+
+signals:
+    void changeTaskName(const QString& name);
+    void stateChanged();
+    void enabledChanged(bool enabled);
+    void progressChanged(int percent);
+    void messageChanged(const QString& message);
+    void cancelRequested();
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "OvBase/OvBaseExport.h"
+
+#include <QObject>
+
+#include <memory>
+
+/// The program's language. GUI thread.
+///
+/// Catalogues are the .qm files under :/resource/translations, brought by each library and plug-in:
+/// <name>_en.qm for English, <name>_cn.qm and qt_zh_CN.qm for Simplified Chinese.
+class OVBASE_EXPORT OvTranslator : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum LanguageType { English = 0, Chinese = 1 };
+    Q_ENUM(LanguageType)
+
+    static OvTranslator& instance();
+    ~OvTranslator() override;
+
+    LanguageType languageType() const;
+    /// Installs the catalogues of the language, so that every window gets a language-change event, and
+    /// remembers the choice in the global value "language".
+    void setLanguageType(LanguageType type);
+    /// Sets the language without remembering it (a command-line choice).
+    void setSessionLanguage(LanguageType type);
+    /// Takes the remembered language, if any. Called after login.
+    void restore();
+    /// Installs catalogues that plug-ins have brought since the last call.
+    void refreshCatalogues();
+
+private:
+    OvTranslator();
+    struct Private;
+    std::unique_ptr<Private> d;
+};

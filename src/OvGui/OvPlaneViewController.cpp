@@ -1,0 +1,8 @@
+#include "OvGui/OvPlaneViewController.h"
+
+OvPlaneViewController::OvPlaneViewController(QWidget* parent)
+    : OvAbstractViewController(parent)
+{
+}
+
+OvPlaneViewController::~OvPlaneViewController() = default;

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "OvGui/OvGuiExport.h"
+#include "OvSeismic/OvStatus.h"
+#include "OvSeismic/firstbreak/OvFirstBreaks.h"
+#include "OvSeismic/segy/OvGather.h"
+#include "OvSeismic/segy/OvSegyFile.h"
+#include "OvSeismic/segy/OvSegyIndex.h"
+
+#include <QObject>
+#include <QSharedPointer>
+#include <QVector>
+
+#include <memory>
+
+/// One SEG-Y file with its index and its first breaks, shared by the views and jobs that work on it.
+///
+/// GUI thread, except where stated. The header index is built by a worker; until it is complete the
+/// document offers the first gather only.
+class OVGUI_EXPORT OvSegyDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The document of a file, the same object for every caller while one of them holds it. Null, with
+    /// a message in *status, when the file cannot be opened.
+    static QSharedPointer<OvSegyDocument> open(const QString& path, OvStatus* status);
+    ~OvSegyDocument() override;
+
+    QString segyPath() const;
+    /// Path of the first-break file; it need not exist yet.
+    QString firstBreakPath() const;
+    const OvSegyFile& file() const;
+
+    bool isIndexComplete() const;
+    /// The index as known now: of the first gather only until indexComplete(). May be held and read by
+    /// any thread.
+    std::shared_ptr<const OvSegyIndex> index() const;
+    int gatherCount() const;
+
+    /// Reads a gather in a worker thread; gatherLoaded() answers, also on failure. The last read gathers
+    /// are kept.
+    void requestGather(int gather);
+
+    /// First breaks of a gather; empty when it has none.
+    OvFirstBreaks firstBreaks(int gather) const;
+    /// Stores first breaks durably, then announces firstBreaksChanged().
+    OvStatus setFirstBreaks(int gather, const OvFirstBreaks& breaks);
+    /// Several gathers in one transaction.
+    OvStatus setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>& breaks);
+
+signals:
+    /// At most 20 times a second while the index is built; per cent.
+    void indexProgress(int percent);
+    void indexComplete();
+    void indexFailed(const QString& message);
+    /// Null data with a message on failure.
+    void gatherLoaded(int gather, std::shared_ptr<const OvGather> data, const QString& message);
+    void firstBreaksChanged(int gather);
+
+private:
+    OvSegyDocument();
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+Q_DECLARE_METATYPE(std::shared_ptr<const OvGather>)

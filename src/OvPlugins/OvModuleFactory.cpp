@@ -1,0 +1,7 @@
+#include "OvPlugins/OvModuleFactory.h"
+
+OvModuleFactory& OvModuleFactory::instance()
+{
+    static OvModuleFactory factory;
+    return factory;
+}

@@ -1,0 +1,3 @@
+#include "OvSeismic/picking/OvPicker.h"
+
+OvPicker::~OvPicker() = default;

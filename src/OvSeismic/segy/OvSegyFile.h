@@ -1,0 +1,44 @@
+#pragma once
+
+#include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/OvStatus.h"
+#include "OvSeismic/segy/OvSegyTypes.h"
+
+#include <memory>
+#include <vector>
+
+struct OvGather;
+
+/// A SEG-Y file opened for reading. The file is never written.
+///
+/// open() reads and checks the file headers only. After it has succeeded every const operation may be
+/// called from several threads at once.
+class OVSEISMIC_EXPORT OvSegyFile
+{
+public:
+    OvSegyFile();
+    ~OvSegyFile();
+    OvSegyFile(const OvSegyFile&) = delete;
+    OvSegyFile& operator=(const OvSegyFile&) = delete;
+
+    /// Opens path. Refuses what is no readable SEG-Y file with a message that names the file, the
+    /// reason and, where it helps, what to do. A failed open leaves this object closed.
+    OvStatus open(const QString& path);
+    void close();
+    bool isOpen() const;
+
+    const OvSegyFileInfo& info() const;
+    /// The first textual header: 40 lines of 80 characters, decoded.
+    QStringList textHeader() const;
+
+    /// Headers of count traces from first; fewer only at the end of the file.
+    OvStatus readHeaders(qint64 first, qint64 count, std::vector<OvTraceHeader>* headers) const;
+    /// Samples of one trace as float32 into sampleCount values at out.
+    OvStatus readSamples(qint64 trace, float* out) const;
+    /// Fills gather->samples for the traces that gather->headers names.
+    OvStatus readSamples(OvGather* gather) const;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
