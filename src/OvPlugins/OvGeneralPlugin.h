@@ -15,8 +15,8 @@ public:
     virtual QString name() const = 0;
     /// Whether the action is of use only while a project is open.
     virtual bool needsProject() const = 0;
-    /// The action, with texts in the present language. The caller may delete it; a later call then makes
-    /// a new one.
+    /// The action, with texts in the present language. The caller may delete it; a later call then
+    /// makes a new one.
     virtual QAction* action() = 0;
 };
 

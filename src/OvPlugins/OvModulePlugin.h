@@ -8,8 +8,8 @@ class QWidget;
 
 /// A module: a plug-in with a menu for the menu bar and, if it likes, a widget for the tool bar.
 ///
-/// The plug-in owns its menu; the tool bar takes the widget in. The widget's meta-method "reset", if it
-/// has one, brings it back to the state of the open project. GUI thread.
+/// The plug-in owns its menu; the tool bar takes the widget in. The widget's meta-method "reset",
+/// if it has one, brings it back to the state of the open project. GUI thread.
 class OvModulePlugin
 {
 public:
