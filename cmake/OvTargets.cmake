@@ -31,21 +31,25 @@ function(ov_add_translations target)
   set(qm_dir ${CMAKE_CURRENT_BINARY_DIR}/translations)
   set_source_files_properties(${ARGN} PROPERTIES OUTPUT_LOCATION ${qm_dir})
   qt5_add_translation(qm_files ${ARGN})
-  set(qrc ${qm_dir}/${target}_translations.qrc)
+  ov_embed(${target} translations /resource/translations ${qm_files})
+endfunction()
+
+# ov_embed(<target> <name> <prefix> files...): compiles files that the build makes into the target.
+function(ov_embed target name prefix)
+  set(qrc ${CMAKE_CURRENT_BINARY_DIR}/${target}_${name}.qrc)
   set(entries "")
-  foreach(qm ${qm_files})
-    get_filename_component(name ${qm} NAME)
-    string(APPEND entries "  <file>${name}</file>\n")
+  foreach(file ${ARGN})
+    get_filename_component(alias ${file} NAME)
+    string(APPEND entries "  <file alias=\"${alias}\">${file}</file>\n")
   endforeach()
   file(CONFIGURE OUTPUT ${qrc} CONTENT
-    "<RCC><qresource prefix=\"/resource/translations\">\n${entries}</qresource></RCC>\n")
-  qt5_add_resources(qrc_sources ${qrc} OPTIONS -name ${target}_translations)
-  # The rcc step runs after lrelease.
-  set_source_files_properties(${qrc_sources} PROPERTIES SKIP_AUTOGEN ON)
-  add_custom_target(${target}_qm DEPENDS ${qm_files})
-  add_dependencies(${target} ${target}_qm)
-  set_property(SOURCE ${qrc_sources} APPEND PROPERTY OBJECT_DEPENDS "${qm_files}")
-  target_sources(${target} PRIVATE ${qrc_sources})
+    "<RCC><qresource prefix=\"${prefix}\">\n${entries}</qresource></RCC>\n")
+  set(cpp ${CMAKE_CURRENT_BINARY_DIR}/${target}_${name}_rcc.cpp)
+  add_custom_command(OUTPUT ${cpp}
+    COMMAND Qt5::rcc --name ${target}_${name} --output ${cpp} ${qrc}
+    DEPENDS ${qrc} ${ARGN} VERBATIM)
+  set_source_files_properties(${cpp} PROPERTIES SKIP_AUTOGEN ON SKIP_PRECOMPILE_HEADERS ON)
+  target_sources(${target} PRIVATE ${cpp})
 endfunction()
 
 # ov_add_library(<name> SOURCES ... [PUBLIC libs...] [PRIVATE libs...] [TRANSLATIONS ts...] [PCH core|widgets])
