@@ -1,4 +1,64 @@
-int main()
+#include "Command.h"
+#include "InfoCommand.h"
+
+#include <QCoreApplication>
+
+#include <vector>
+
+namespace {
+
+struct Text
 {
-    return 0;
+    Q_DECLARE_TR_FUNCTIONS(Batch)
+
+public:
+    static QString usage() { return tr("Usage: tarnpick-batch COMMAND [arguments]"); }
+    static QString commands() { return tr("Commands:"); }
+    static QString more() { return tr("tarnpick-batch COMMAND --help shows the arguments."); }
+    static QString unknown(const QString& name) { return tr("Unknown command: %1").arg(name); }
+};
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> all = {InfoCommand::command()};
+    return all;
+}
+
+QString help()
+{
+    QString text = Text::usage() + QLatin1String("\n\n") + Text::commands() + QLatin1Char('\n');
+    for (const Command& command : commands())
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(QLatin1String(command.name), -8)
+                    .arg(command.summary());
+    return text + QLatin1Char('\n') + Text::more() + QLatin1Char('\n');
+}
+
+int dispatch(const QStringList& arguments)
+{
+    const QString name = arguments.value(0);
+    if (name == QLatin1String("--version") || name == QLatin1String("-v")) {
+        printOut(QStringLiteral("tarnpick-batch " TARNPICK_VERSION "\n"));
+        return ExitDone;
+    }
+    if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
+        printOut(help());
+        return ExitDone;
+    }
+    for (const Command& command : commands()) {
+        if (name == QLatin1String(command.name))
+            return command.run(arguments.mid(1));
+    }
+    printError(name.isEmpty() ? help() : Text::unknown(name) + QLatin1String("\n\n") + help());
+    return ExitWrongArguments;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tarnpick-batch"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TARNPICK_VERSION));
+    return dispatch(QCoreApplication::arguments().mid(1));
 }

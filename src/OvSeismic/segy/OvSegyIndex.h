@@ -13,9 +13,9 @@ class OvSegyFile;
 
 /// The header index of one SEG-Y file: the header words of every trace, and the gathers they form.
 ///
-/// A gather is all traces of one field record, in file order; gathers are ordered by the position of
-/// their first trace. A file whose field records hold one trace each (a walkaway, say) is one gather
-/// of all its traces. Immutable once built, so a const index may be shared between threads.
+/// A gather is all traces of one field record, in file order; gathers are ordered by the position
+/// of their first trace. A file whose field records hold one trace each (a walkaway, say) is one
+/// gather of all its traces. Immutable once built, so a const index may be shared between threads.
 class OVSEISMIC_EXPORT OvSegyIndex
 {
 public:

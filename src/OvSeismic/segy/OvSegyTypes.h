@@ -11,20 +11,20 @@ enum class OvTextEncoding { Ebcdic, Ascii };
 /// What the headers of a SEG-Y file say, after checks against the size of the file.
 struct OvSegyFileInfo
 {
-    QString path;                 ///< absolute path
-    qint64 fileSize = 0;          ///< bytes
-    int revisionMajor = 0;        ///< 0 for files older than revision 1
+    QString path;          ///< absolute path
+    qint64 fileSize = 0;   ///< bytes
+    int revisionMajor = 0; ///< 0 for files older than revision 1
     int revisionMinor = 0;
     OvByteOrder byteOrder = OvByteOrder::BigEndian;
     OvTextEncoding textEncoding = OvTextEncoding::Ebcdic;
-    short formatCode = 0;         ///< sample format code as stored in bytes 3225-3226
-    int sampleCount = 0;          ///< samples a trace
-    double intervalUs = 0.0;      ///< sample interval, microseconds
-    qint64 traceCount = 0;        ///< whole traces in the file
-    int extendedTextHeaders = 0;  ///< 3200-byte records behind the binary header
-    int extraTraceHeaders = 0;    ///< 240-byte extension headers in each trace
-    qint64 firstTraceOffset = 0;  ///< byte position of the first trace header
-    QStringList warnings;         ///< translated, one sentence each: what was odd and what was assumed
+    short formatCode = 0;        ///< sample format code as stored in bytes 3225-3226
+    int sampleCount = 0;         ///< samples a trace
+    double intervalUs = 0.0;     ///< sample interval, microseconds
+    qint64 traceCount = 0;       ///< whole traces in the file
+    int extendedTextHeaders = 0; ///< 3200-byte records behind the binary header
+    int extraTraceHeaders = 0;   ///< 240-byte extension headers in each trace
+    qint64 firstTraceOffset = 0; ///< byte position of the first trace header
+    QStringList warnings; ///< translated, one sentence each: what was odd and what was assumed
 
     double intervalMs() const { return intervalUs / 1000.0; }
 };
@@ -32,19 +32,20 @@ struct OvSegyFileInfo
 /// The words of one trace header that the program uses, scalars applied.
 struct OvTraceHeader
 {
-    qint64 traceIndex = 0;        ///< position in the file, from 0
-    qint32 fieldRecord = 0;       ///< bytes 9-12
-    qint32 channel = 0;           ///< bytes 13-16; position within its gather, from 1, when the file has none
-    qint32 cdp = 0;               ///< bytes 21-24
-    float offset = 0.0F;          ///< source-receiver distance, m; signed when the file signs it; NaN unknown
-    double sourceX = 0.0;         ///< file's coordinate units
+    qint64 traceIndex = 0;  ///< position in the file, from 0
+    qint32 fieldRecord = 0; ///< bytes 9-12
+    qint32 channel = 0; ///< bytes 13-16; position within its gather, from 1, when the file has none
+    qint32 cdp = 0;     ///< bytes 21-24
+    float offset =
+        0.0F; ///< source-receiver distance, m; signed when the file signs it; NaN unknown
+    double sourceX = 0.0; ///< file's coordinate units
     double sourceY = 0.0;
     double receiverX = 0.0;
     double receiverY = 0.0;
     float sourceElevation = 0.0F; ///< m
     float receiverElevation = 0.0F;
-    float delayMs = 0.0F;         ///< time of the first sample after the shot instant, ms
-    qint16 traceId = 0;           ///< trace identification code, bytes 29-30; 2 is a dead trace
+    float delayMs = 0.0F; ///< time of the first sample after the shot instant, ms
+    qint16 traceId = 0;   ///< trace identification code, bytes 29-30; 2 is a dead trace
 
     bool isDead() const { return traceId == 2; }
 };
