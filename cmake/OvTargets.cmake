@@ -2,6 +2,10 @@
 
 include(GenerateExportHeader)
 
+# What makes up the program, without tests; and the tests that the thread sanitizer runs.
+add_custom_target(program)
+add_custom_target(tsan_tests)
+
 set(OV_GENERATED_DIR ${PROJECT_BINARY_DIR}/generated)
 set(OV_PLUGIN_INSTALL_DIR ${CMAKE_INSTALL_LIBDIR}/tarnpick/plugins)
 
@@ -67,6 +71,7 @@ function(ov_add_library name)
   if(arg_PCH)
     ov_use_pch(${name} ${arg_PCH})
   endif()
+  add_dependencies(program ${name})
   install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/tarnpick
                           RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endfunction()
@@ -80,6 +85,7 @@ function(ov_add_executable name)
     ov_use_pch(${name} ${arg_PCH})
   endif()
   if(NOT arg_NO_INSTALL)
+    add_dependencies(program ${name})
     install(TARGETS ${name} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   endif()
 endfunction()
@@ -93,6 +99,7 @@ function(ov_add_plugin name kind)
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   if(NOT arg_OUTPUT)
     set(arg_OUTPUT ${PROJECT_BINARY_DIR}/bin/plugins/${kind})
+    add_dependencies(program ${name})
     install(TARGETS ${name} LIBRARY DESTINATION ${OV_PLUGIN_INSTALL_DIR}/${kind})
   endif()
   set_target_properties(${name} PROPERTIES
@@ -124,6 +131,10 @@ function(ov_add_test name)
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   ov_use_pch(${name} ${arg_PCH})
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/run-test $<TARGET_FILE:${name}>)
+  if(${name} IN_LIST OV_TSAN_TESTS)
+    list(APPEND arg_LABELS tsan)
+    add_dependencies(tsan_tests ${name})
+  endif()
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${arg_TIMEOUT} LABELS "unit;${arg_LABELS}"
     ENVIRONMENT "TARNPICK_BUILD_DIR=${PROJECT_BINARY_DIR};TARNPICK_SOURCE_DIR=${PROJECT_SOURCE_DIR}")

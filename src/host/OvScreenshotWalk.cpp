@@ -1,0 +1,170 @@
+#include "host/OvScreenshotWalk.h"
+
+#include "OvBase/OvProjectManager.h"
+#include "OvBase/OvTaskManager.h"
+#include "OvGui/OvGatherViewController.h"
+#include "OvGui/OvMultiPlaneViewController.h"
+#include "host/OvHostSession.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int longWaitMs = 300000;
+
+bool writePicture(QWidget* widget, const QString& folder, const QString& name)
+{
+    return widget && QDir().mkpath(folder) &&
+           widget->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+}
+
+QAction* findAction(const QList<QAction*>& actions, const QString& name)
+{
+    for (QAction* action : actions) {
+        if (action->objectName() == name)
+            return action;
+        QAction* below = action->menu() ? findAction(action->menu()->actions(), name) : nullptr;
+        if (below)
+            return below;
+    }
+    return nullptr;
+}
+
+bool trigger(const QString& name)
+{
+    QMainWindow* window = OvHostSession::mainWindow();
+    QAction* action = window ? findAction(window->menuBar()->actions(), name) : nullptr;
+    if (!action || !action->isEnabled())
+        return false;
+    action->trigger();
+    return true;
+}
+
+QDialog* openDialog()
+{
+    return qobject_cast<QDialog*>(QApplication::activeModalWidget());
+}
+
+bool confirm(QDialog* dialog)
+{
+    auto* box = dialog ? dialog->findChild<QDialogButtonBox*>() : nullptr;
+    QPushButton* button = box ? box->button(QDialogButtonBox::Ok) : nullptr;
+    if (button)
+        button->click();
+    return button != nullptr;
+}
+
+QList<OvGatherViewController*> gatherViews()
+{
+    QMainWindow* window = OvHostSession::mainWindow();
+    return window ? window->findChildren<OvGatherViewController*>()
+                  : QList<OvGatherViewController*>();
+}
+
+bool allShown()
+{
+    const auto views = gatherViews();
+    return !views.isEmpty() &&
+           std::all_of(views.begin(), views.end(), [](OvGatherViewController* view) {
+               return view->document()->isIndexComplete() && view->isShowingData();
+           });
+}
+
+bool hasPicks()
+{
+    const auto views = gatherViews();
+    return !views.isEmpty() &&
+           views.first()->document()->firstBreaks(views.first()->currentGather()).pickedCount() > 0;
+}
+
+bool addSecondView()
+{
+    const auto views = gatherViews();
+    if (views.isEmpty())
+        return false;
+    auto* second = new OvGatherViewController(views.first()->document());
+    OvProjectManager::instance().addWorkspace(second);
+    second->setCurrentGather(second->gatherCount() - 1);
+    return true;
+}
+
+bool linkAll(const QString& folder)
+{
+    QDialog* dialog = openDialog();
+    auto* all = dialog->findChild<QAbstractButton*>(QStringLiteral("selAllBtn"));
+    if (!all)
+        return false;
+    all->click();
+    return writePicture(dialog, folder, QStringLiteral("6-link-windows")) && confirm(dialog);
+}
+
+bool parallelViewShown()
+{
+    QMainWindow* window = OvHostSession::mainWindow();
+    auto* view = window ? window->findChild<OvMultiPlaneViewController*>() : nullptr;
+    return view && view->isVisible() && !openDialog();
+}
+
+bool pictureOfMain(const QString& folder, const QString& name)
+{
+    return writePicture(OvHostSession::mainWindow(), folder, name);
+}
+
+void addPicking(OvStepRunner* runner, const QString& folder)
+{
+    runner->add({QStringLiteral("Auto Pick"), {}, [] { return trigger("actionAuto_Pick"); }});
+    runner->add({QStringLiteral("picking dialog"), [] { return openDialog() != nullptr; },
+                 [folder] {
+                     return writePicture(openDialog(), folder, QStringLiteral("4-picking")) &&
+                            confirm(openDialog());
+                 }});
+    runner->add(
+        {QStringLiteral("picks"),
+         [] { return hasPicks() && !OvTaskManager::instance().hasRunningJob() && allShown(); },
+         [folder] { return pictureOfMain(folder, QStringLiteral("5-picks")); }, longWaitMs});
+}
+
+void addParallelView(OvStepRunner* runner, const QString& folder)
+{
+    runner->add({QStringLiteral("second view"), {}, addSecondView});
+    runner->add(
+        {QStringLiteral("Parallel View"), allShown, [] { return trigger("actionLinkWindow"); }});
+    runner->add({QStringLiteral("link-window dialog"), [] { return openDialog() != nullptr; },
+                 [folder] { return linkAll(folder); }});
+    runner->add({QStringLiteral("parallel view"), parallelViewShown,
+                 [folder] { return pictureOfMain(folder, QStringLiteral("7-parallel-view")); }});
+}
+
+} // namespace
+
+void OvScreenshotWalk::addLogin(OvStepRunner* runner, QWidget* loginWindow, const QString& folder)
+{
+    runner->add({QStringLiteral("login window"), [loginWindow] { return loginWindow->isVisible(); },
+                 [=] { return writePicture(loginWindow, folder, QStringLiteral("1-login")); }});
+}
+
+void OvScreenshotWalk::addEmptyWindow(OvStepRunner* runner, const QString& folder)
+{
+    runner->add({QStringLiteral("empty main window"),
+                 [] { return OvHostSession::mainWindow() != nullptr; },
+                 [folder] { return pictureOfMain(folder, QStringLiteral("2-main")); }});
+}
+
+void OvScreenshotWalk::addWork(OvStepRunner* runner, const QString& folder)
+{
+    runner->add({QStringLiteral("gather"), allShown,
+                 [folder] { return pictureOfMain(folder, QStringLiteral("3-gather")); },
+                 longWaitMs});
+    addPicking(runner, folder);
+    addParallelView(runner, folder);
+}

@@ -1,0 +1,67 @@
+#include "host/OvStepRunner.h"
+
+namespace {
+constexpr int pollIntervalMs = 10;
+}
+
+OvStepRunner::OvStepRunner(QObject* parent)
+    : QObject(parent)
+{
+    timer.setInterval(pollIntervalMs);
+    connect(&timer, &QTimer::timeout, this, &OvStepRunner::poll);
+}
+
+void OvStepRunner::add(Step step)
+{
+    steps.push_back(std::move(step));
+}
+
+void OvStepRunner::start()
+{
+    waiting.start();
+    timer.start();
+}
+
+void OvStepRunner::poll()
+{
+    if (steps.empty()) {
+        end(true);
+        return;
+    }
+    const Step& next = steps.front();
+    if (!next.ready || next.ready())
+        takeNext();
+    else if (next.timeoutMs > 0 && waiting.hasExpired(next.timeoutMs))
+        fail(tr("The step \"%1\" was not reached in time.").arg(next.name));
+}
+
+void OvStepRunner::takeNext()
+{
+    const Step step = steps.front();
+    steps.pop_front();
+    // A timer does not fire again inside its own slot, and the action may run a dialog's event
+    // loop.
+    timer.stop();
+    QMetaObject::invokeMethod(
+        this, [this, step] { run(step); }, Qt::QueuedConnection);
+}
+
+void OvStepRunner::run(const Step& step)
+{
+    start();
+    if (step.act && !step.act())
+        fail(tr("The step \"%1\" failed.").arg(step.name));
+}
+
+void OvStepRunner::fail(const QString& message)
+{
+    qWarning("%s", qPrintable(message));
+    end(false);
+}
+
+void OvStepRunner::end(bool succeeded)
+{
+    timer.stop();
+    steps.clear();
+    emit finished(succeeded);
+}
