@@ -17,7 +17,7 @@ public:
         const OvSegyFile* file = nullptr;   ///< not owned; outlives the run
         const OvSegyIndex* index = nullptr; ///< not owned; outlives the run
         OvPickParameters parameters;
-        int threads = 0;                    ///< 0 one a core
+        int threads = 0; ///< 0 one a core
     };
     /// Called in the thread of run(), in gather order, with the headers and result of each gather.
     /// A failed status stops the run, and run() returns it.
@@ -28,8 +28,8 @@ public:
     /// Ordinals of the gathers that the shot parameters choose.
     static std::vector<int> chosenGathers(int gatherCount, const OvPickParameters& parameters);
 
-    /// Blocks until all chosen gathers are delivered, a failure, or *cancel. A cancelled run returns
-    /// success with *cancel true; what was delivered stands.
+    /// Blocks until all chosen gathers are delivered, a failure, or *cancel. A cancelled run
+    /// returns success with *cancel true; what was delivered stands.
     static OvStatus run(const Request& request, const Deliver& deliver, const Progress& progress,
                         const std::atomic<bool>* cancel);
 };

@@ -1,0 +1,372 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en_US">
+<context>
+    <name>OvAboutDialog</name>
+    <message>
+        <source>About Maravel</source>
+        <translation>关于 Maravel</translation>
+    </message>
+    <message>
+        <source>&lt;!DOCTYPE HTML PUBLIC &quot;-//W3C//DTD HTML 4.0//EN&quot; &quot;http://www.w3.org/TR/REC-html40/strict.dtd&quot;&gt;
+&lt;html&gt;&lt;head&gt;&lt;meta name=&quot;qrichtext&quot; content=&quot;1&quot; /&gt;&lt;style type=&quot;text/css&quot;&gt;
+p, li { white-space: pre-wrap; }
+&lt;/style&gt;&lt;/head&gt;&lt;body style=&quot; font-family:&apos;Arial&apos;; font-size:9pt; font-weight:400; font-style:normal;&quot;&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-family:&apos;Microsoft YaHei UI&apos;; font-size:12pt; font-weight:600;&quot;&gt;Maravel&lt;/span&gt; v2.1 (build 20230303)&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-size:10pt; color:#0000ff;&quot;&gt;Maravel Cloud: first breaks for the whole crew&lt;/span&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;Copyright (C) 2026 The Tarnpick developers&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;All rights reserved.&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;a href=&quot;https://tarnpick.example.org&quot;&gt;&lt;span style=&quot; text-decoration: underline;&quot;&gt;https://tarnpick.example.org&lt;/span&gt;&lt;/a&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;!DOCTYPE HTML PUBLIC &quot;-//W3C//DTD HTML 4.0//EN&quot; &quot;http://www.w3.org/TR/REC-html40/strict.dtd&quot;&gt;
+&lt;html&gt;&lt;head&gt;&lt;meta name=&quot;qrichtext&quot; content=&quot;1&quot; /&gt;&lt;style type=&quot;text/css&quot;&gt;
+p, li { white-space: pre-wrap; }
+&lt;/style&gt;&lt;/head&gt;&lt;body style=&quot; font-family:&apos;Arial&apos;; font-size:9pt; font-weight:400; font-style:normal;&quot;&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-family:&apos;Microsoft YaHei UI&apos;; font-size:12pt; font-weight:600;&quot;&gt;Maravel&lt;/span&gt; v2.1 (build 20230303)&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-size:10pt; color:#0000ff;&quot;&gt;Maravel 云：让全队共享初至&lt;/span&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;Copyright (C) 2026 Tarnpick 开发组&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;保留所有权利。&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;a href=&quot;https://tarnpick.example.org&quot;&gt;&lt;span style=&quot; text-decoration: underline;&quot;&gt;https://tarnpick.example.org&lt;/span&gt;&lt;/a&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>OvConsole</name>
+    <message>
+        <source>Form</source>
+        <translation>窗体</translation>
+    </message>
+    <message>
+        <source>Warning: </source>
+        <translation>警告: </translation>
+    </message>
+    <message>
+        <source>Critical: </source>
+        <translation>严重: </translation>
+    </message>
+    <message>
+        <source>Fatal: </source>
+        <translation>致命: </translation>
+    </message>
+</context>
+<context>
+    <name>OvLoginDlg</name>
+    <message>
+        <source>name@example.com</source>
+        <translation>name@example.com</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <translation>注册</translation>
+    </message>
+    <message>
+        <source>password</source>
+        <translation>密码</translation>
+    </message>
+    <message>
+        <source>Retrieve</source>
+        <translation>找回</translation>
+    </message>
+    <message>
+        <source>&amp;Login</source>
+        <translation>登录(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Return</translation>
+    </message>
+</context>
+<context>
+    <name>OvMainBillBoard</name>
+    <message>
+        <source>Form</source>
+        <translation>窗体</translation>
+    </message>
+    <message>
+        <source>SEGY file</source>
+        <translation>SEGY 文件</translation>
+    </message>
+    <message>
+        <source>FB file</source>
+        <translation>初至文件</translation>
+    </message>
+</context>
+<context>
+    <name>OvMainGadget</name>
+    <message>
+        <source>Form</source>
+        <translation>窗体</translation>
+    </message>
+</context>
+<context>
+    <name>OvObjectBoard</name>
+    <message>
+        <source>Form</source>
+        <translation>窗体</translation>
+    </message>
+    <message>
+        <source>ObjectName</source>
+        <translation>对象名称</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickFBDefineWidget</name>
+    <message>
+        <source>Form</source>
+        <translation>窗体</translation>
+    </message>
+    <message>
+        <source>Picking Polarity</source>
+        <translation>拾取极性</translation>
+    </message>
+    <message>
+        <source>negative</source>
+        <translation>负</translation>
+    </message>
+    <message>
+        <source>positive</source>
+        <translation>正</translation>
+    </message>
+    <message>
+        <source>(Pos./Neg.)</source>
+        <translation>(正/负)</translation>
+    </message>
+    <message>
+        <source>Processing Length</source>
+        <translation>处理长度</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Minimum Offset</source>
+        <translation>最小炮检距</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>m</translation>
+    </message>
+    <message>
+        <source>Quick Search Window</source>
+        <translation>快速搜索时窗</translation>
+    </message>
+    <message>
+        <source>Maximum Offset</source>
+        <translation>最大炮检距</translation>
+    </message>
+    <message>
+        <source>Tuning Search Window</source>
+        <translation>精细搜索时窗</translation>
+    </message>
+    <message>
+        <source>Amp. Threshold</source>
+        <translation>振幅门槛</translation>
+    </message>
+    <message>
+        <source>Total Shots</source>
+        <translation>总炮数</translation>
+    </message>
+    <message>
+        <source>0=All</source>
+        <translation>0=全部</translation>
+    </message>
+    <message>
+        <source>SNR Threshold</source>
+        <translation>信噪比门槛</translation>
+    </message>
+    <message>
+        <source>Shot Incresement</source>
+        <translation>炮增量</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>默认</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+</context>
+<context>
+    <name>OvProjectCreateDlg</name>
+    <message>
+        <source>New Project</source>
+        <translation>新建项目</translation>
+    </message>
+    <message>
+        <source>Project Name:</source>
+        <translation>项目名称：</translation>
+    </message>
+    <message>
+        <source>Data Folder:</source>
+        <translation>数据目录：</translation>
+    </message>
+    <message>
+        <source>*If in red, the project name already exists.</source>
+        <translation>*若显示为红色，则该项目名称已存在。</translation>
+    </message>
+    <message>
+        <source>&lt;&gt;</source>
+        <translation>&lt;&gt;</translation>
+    </message>
+    <message>
+        <source>Description: </source>
+        <translation>描述： </translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Cannot create new project!</source>
+        <translation>无法创建新项目！</translation>
+    </message>
+    <message>
+        <source>Select Data Path...</source>
+        <translation>选择数据目录...</translation>
+    </message>
+</context>
+<context>
+    <name>OvProjectManageDlg</name>
+    <message>
+        <source>Project Management</source>
+        <translation>项目管理</translation>
+    </message>
+    <message>
+        <source> Project List</source>
+        <translation> 项目列表</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Project Information</source>
+        <translation>项目信息</translation>
+    </message>
+    <message>
+        <source>Data Folder:</source>
+        <translation>数据目录：</translation>
+    </message>
+    <message>
+        <source>&lt;&gt;</source>
+        <translation>&lt;&gt;</translation>
+    </message>
+    <message>
+        <source>*If the data folder name in red, it does not exist.</source>
+        <translation>*若数据目录显示为红色，则该目录不存在。</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation>打开项目</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1, it is being opened!</source>
+        <translation>无法删除 %1，该项目正处于打开状态！</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>删除项目</translation>
+    </message>
+    <message>
+        <source>Select Folder.</source>
+        <translation>选择目录。</translation>
+    </message>
+</context>
+<context>
+    <name>OvSensitivityEditor</name>
+    <message>
+        <source>Form</source>
+        <translation>窗体</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+</context>
+<context>
+    <name>OvTarnpickUtil</name>
+    <message>
+        <source>File:         </source>
+        <translation>文件名称：    </translation>
+    </message>
+    <message>
+        <source>File Size:    </source>
+        <translation>文件大小：    </translation>
+    </message>
+    <message>
+        <source>%1 Bytes.</source>
+        <translation>%1 字节。</translation>
+    </message>
+    <message>
+        <source>Sample Rate:  </source>
+        <translation>采样间隔：    </translation>
+    </message>
+    <message>
+        <source>%1 μs.</source>
+        <translation>%1 μs。</translation>
+    </message>
+    <message>
+        <source>Trace Length: </source>
+        <translation>记录长度：    </translation>
+    </message>
+    <message>
+        <source>%1 ms.</source>
+        <translation>%1 ms。</translation>
+    </message>
+    <message>
+        <source>Data Format:  </source>
+        <translation>数据格式：    </translation>
+    </message>
+    <message>
+        <source>Total Traces: </source>
+        <translation>总计道数：    </translation>
+    </message>
+    <message>
+        <source>Segy Information</source>
+        <translation>SEGY 信息</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>:</source>
+        <translation>：</translation>
+    </message>
+    <message>
+        <source>Console</source>
+        <translation>控制台</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,372 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="en_US">
+<context>
+    <name>OvAboutDialog</name>
+    <message>
+        <source>About Maravel</source>
+        <translation>About Maravel</translation>
+    </message>
+    <message>
+        <source>&lt;!DOCTYPE HTML PUBLIC &quot;-//W3C//DTD HTML 4.0//EN&quot; &quot;http://www.w3.org/TR/REC-html40/strict.dtd&quot;&gt;
+&lt;html&gt;&lt;head&gt;&lt;meta name=&quot;qrichtext&quot; content=&quot;1&quot; /&gt;&lt;style type=&quot;text/css&quot;&gt;
+p, li { white-space: pre-wrap; }
+&lt;/style&gt;&lt;/head&gt;&lt;body style=&quot; font-family:&apos;Arial&apos;; font-size:9pt; font-weight:400; font-style:normal;&quot;&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-family:&apos;Microsoft YaHei UI&apos;; font-size:12pt; font-weight:600;&quot;&gt;Maravel&lt;/span&gt; v2.1 (build 20230303)&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-size:10pt; color:#0000ff;&quot;&gt;Maravel Cloud: first breaks for the whole crew&lt;/span&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;Copyright (C) 2026 The Tarnpick developers&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;All rights reserved.&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;a href=&quot;https://tarnpick.example.org&quot;&gt;&lt;span style=&quot; text-decoration: underline;&quot;&gt;https://tarnpick.example.org&lt;/span&gt;&lt;/a&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;!DOCTYPE HTML PUBLIC &quot;-//W3C//DTD HTML 4.0//EN&quot; &quot;http://www.w3.org/TR/REC-html40/strict.dtd&quot;&gt;
+&lt;html&gt;&lt;head&gt;&lt;meta name=&quot;qrichtext&quot; content=&quot;1&quot; /&gt;&lt;style type=&quot;text/css&quot;&gt;
+p, li { white-space: pre-wrap; }
+&lt;/style&gt;&lt;/head&gt;&lt;body style=&quot; font-family:&apos;Arial&apos;; font-size:9pt; font-weight:400; font-style:normal;&quot;&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-family:&apos;Microsoft YaHei UI&apos;; font-size:12pt; font-weight:600;&quot;&gt;Maravel&lt;/span&gt; v2.1 (build 20230303)&lt;/p&gt;
+&lt;p style=&quot;-qt-paragraph-type:empty; margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;br /&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;span style=&quot; font-size:10pt; color:#0000ff;&quot;&gt;Maravel Cloud: first breaks for the whole crew&lt;/span&gt;&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;Copyright (C) 2026 The Tarnpick developers&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;All rights reserved.&lt;/p&gt;
+&lt;p style=&quot;margin-top:0px; margin-bottom:0px; margin-left:0px; margin-right:0px; -qt-block-indent:0; text-indent:0px;&quot;&gt;&lt;a href=&quot;https://tarnpick.example.org&quot;&gt;&lt;span style=&quot; text-decoration: underline;&quot;&gt;https://tarnpick.example.org&lt;/span&gt;&lt;/a&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>OvConsole</name>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Warning: </source>
+        <translation>Warning: </translation>
+    </message>
+    <message>
+        <source>Critical: </source>
+        <translation>Critical: </translation>
+    </message>
+    <message>
+        <source>Fatal: </source>
+        <translation>Fatal: </translation>
+    </message>
+</context>
+<context>
+    <name>OvLoginDlg</name>
+    <message>
+        <source>name@example.com</source>
+        <translation>name@example.com</translation>
+    </message>
+    <message>
+        <source>Register</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>password</source>
+        <translation>password</translation>
+    </message>
+    <message>
+        <source>Retrieve</source>
+        <translation>Retrieve</translation>
+    </message>
+    <message>
+        <source>&amp;Login</source>
+        <translation>&amp;Login</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Return</translation>
+    </message>
+</context>
+<context>
+    <name>OvMainBillBoard</name>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>SEGY file</source>
+        <translation>SEGY file</translation>
+    </message>
+    <message>
+        <source>FB file</source>
+        <translation>FB file</translation>
+    </message>
+</context>
+<context>
+    <name>OvMainGadget</name>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+</context>
+<context>
+    <name>OvObjectBoard</name>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>ObjectName</source>
+        <translation>ObjectName</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickFBDefineWidget</name>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Picking Polarity</source>
+        <translation>Picking Polarity</translation>
+    </message>
+    <message>
+        <source>negative</source>
+        <translation>negative</translation>
+    </message>
+    <message>
+        <source>positive</source>
+        <translation>positive</translation>
+    </message>
+    <message>
+        <source>(Pos./Neg.)</source>
+        <translation>(Pos./Neg.)</translation>
+    </message>
+    <message>
+        <source>Processing Length</source>
+        <translation>Processing Length</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Minimum Offset</source>
+        <translation>Minimum Offset</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>m</translation>
+    </message>
+    <message>
+        <source>Quick Search Window</source>
+        <translation>Quick Search Window</translation>
+    </message>
+    <message>
+        <source>Maximum Offset</source>
+        <translation>Maximum Offset</translation>
+    </message>
+    <message>
+        <source>Tuning Search Window</source>
+        <translation>Tuning Search Window</translation>
+    </message>
+    <message>
+        <source>Amp. Threshold</source>
+        <translation>Amp. Threshold</translation>
+    </message>
+    <message>
+        <source>Total Shots</source>
+        <translation>Total Shots</translation>
+    </message>
+    <message>
+        <source>0=All</source>
+        <translation>0=All</translation>
+    </message>
+    <message>
+        <source>SNR Threshold</source>
+        <translation>SNR Threshold</translation>
+    </message>
+    <message>
+        <source>Shot Incresement</source>
+        <translation>Shot Incresement</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Default</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+</context>
+<context>
+    <name>OvProjectCreateDlg</name>
+    <message>
+        <source>New Project</source>
+        <translation>New Project</translation>
+    </message>
+    <message>
+        <source>Project Name:</source>
+        <translation>Project Name:</translation>
+    </message>
+    <message>
+        <source>Data Folder:</source>
+        <translation>Data Folder:</translation>
+    </message>
+    <message>
+        <source>*If in red, the project name already exists.</source>
+        <translation>*If in red, the project name already exists.</translation>
+    </message>
+    <message>
+        <source>&lt;&gt;</source>
+        <translation>&lt;&gt;</translation>
+    </message>
+    <message>
+        <source>Description: </source>
+        <translation>Description: </translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Cannot create new project!</source>
+        <translation>Cannot create new project!</translation>
+    </message>
+    <message>
+        <source>Select Data Path...</source>
+        <translation>Select Data Path...</translation>
+    </message>
+</context>
+<context>
+    <name>OvProjectManageDlg</name>
+    <message>
+        <source>Project Management</source>
+        <translation>Project Management</translation>
+    </message>
+    <message>
+        <source> Project List</source>
+        <translation> Project List</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>Project Information</source>
+        <translation>Project Information</translation>
+    </message>
+    <message>
+        <source>Data Folder:</source>
+        <translation>Data Folder:</translation>
+    </message>
+    <message>
+        <source>&lt;&gt;</source>
+        <translation>&lt;&gt;</translation>
+    </message>
+    <message>
+        <source>*If the data folder name in red, it does not exist.</source>
+        <translation>*If the data folder name in red, it does not exist.</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>&amp;Update</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation>Open Project</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1, it is being opened!</source>
+        <translation>Cannot delete %1, it is being opened!</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>Delete Project</translation>
+    </message>
+    <message>
+        <source>Select Folder.</source>
+        <translation>Select Folder.</translation>
+    </message>
+</context>
+<context>
+    <name>OvSensitivityEditor</name>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+</context>
+<context>
+    <name>OvTarnpickUtil</name>
+    <message>
+        <source>File:         </source>
+        <translation>File:         </translation>
+    </message>
+    <message>
+        <source>File Size:    </source>
+        <translation>File Size:    </translation>
+    </message>
+    <message>
+        <source>%1 Bytes.</source>
+        <translation>%1 Bytes.</translation>
+    </message>
+    <message>
+        <source>Sample Rate:  </source>
+        <translation>Sample Rate:  </translation>
+    </message>
+    <message>
+        <source>%1 μs.</source>
+        <translation>%1 μs.</translation>
+    </message>
+    <message>
+        <source>Trace Length: </source>
+        <translation>Trace Length: </translation>
+    </message>
+    <message>
+        <source>%1 ms.</source>
+        <translation>%1 ms.</translation>
+    </message>
+    <message>
+        <source>Data Format:  </source>
+        <translation>Data Format:  </translation>
+    </message>
+    <message>
+        <source>Total Traces: </source>
+        <translation>Total Traces: </translation>
+    </message>
+    <message>
+        <source>Segy Information</source>
+        <translation>Segy Information</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Warning</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>:</source>
+        <translation>:</translation>
+    </message>
+    <message>
+        <source>Console</source>
+        <translation>Console</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+</context>
+</TS>

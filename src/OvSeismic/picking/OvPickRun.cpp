@@ -1,0 +1,204 @@
+#include "OvSeismic/picking/OvPickRun.h"
+
+#include "OvSeismic/segy/OvSegyFile.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <map>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+class Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OvPickRun)
+};
+
+struct Picked
+{
+    OvStatus status;
+    OvGather gather;
+    OvPickResult result;
+};
+
+// The gathers between the workers and the caller: handed out in order, taken back in order, and
+// never more than a few of them away at once.
+class Belt
+{
+public:
+    Belt(std::size_t total, std::size_t mostInFlight)
+        : m_total(total)
+        , m_mostInFlight(mostInFlight)
+    {
+    }
+
+    // The next position to work on; false when there is none left or the belt has stopped.
+    bool next(std::size_t* position)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait(lock, [this] {
+            return m_stopped || m_handedOut >= m_total || m_handedOut < m_taken + m_mostInFlight;
+        });
+        if (m_stopped || m_handedOut >= m_total)
+            return false;
+        *position = m_handedOut++;
+        return true;
+    }
+
+    void put(std::size_t position, Picked&& picked)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_done.emplace(position, std::move(picked));
+        m_changed.notify_all();
+    }
+
+    // Waits until position is done, and at most for patience.
+    bool take(std::size_t position, std::chrono::milliseconds patience, Picked* picked)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        if (!m_changed.wait_for(lock, patience, [&] { return m_done.count(position) > 0; }))
+            return false;
+        *picked = std::move(m_done[position]);
+        m_done.erase(position);
+        m_taken = position + 1;
+        m_changed.notify_all();
+        return true;
+    }
+
+    void stop()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_stopped = true;
+        m_changed.notify_all();
+    }
+
+private:
+    const std::size_t m_total;
+    const std::size_t m_mostInFlight;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::map<std::size_t, Picked> m_done;
+    std::size_t m_handedOut = 0;
+    std::size_t m_taken = 0;
+    bool m_stopped = false;
+};
+
+Picked pickOne(const OvPickRun::Request& request, const OvPicker& picker, int ordinal,
+               const std::atomic<bool>* cancel)
+{
+    Picked picked;
+    try {
+        picked.status = request.index->readGather(*request.file, ordinal, &picked.gather);
+        if (picked.status)
+            picked.result = picker.pick(picked.gather, request.parameters, cancel);
+        // Only the headers go to the caller; the samples would fill the memory while they wait.
+        picked.gather.samples = {};
+    } catch (const std::exception& error) {
+        picked.status = OvStatus::failure(
+            Texts::tr("Gather %1 of %2 cannot be picked: %3")
+                .arg(ordinal + 1)
+                .arg(request.file->info().path, QString::fromLocal8Bit(error.what())));
+    }
+    return picked;
+}
+
+// Threads that empty a belt; stopped and joined on every way out.
+class Workers
+{
+public:
+    Workers(const OvPickRun::Request& request, const std::vector<int>& gathers, std::size_t threads)
+        : m_request(request)
+        , m_gathers(gathers)
+        , m_picker(OvPicker::create())
+        , m_belt(gathers.size(), threads + 2)
+    {
+        for (std::size_t i = 0; i < threads; ++i)
+            m_threads.emplace_back([this] { work(); });
+    }
+
+    ~Workers()
+    {
+        m_cancelled = true;
+        m_belt.stop();
+        for (std::thread& thread : m_threads)
+            thread.join();
+    }
+
+    Workers(const Workers&) = delete;
+    Workers& operator=(const Workers&) = delete;
+
+    Belt& belt() { return m_belt; }
+
+private:
+    void work()
+    {
+        std::size_t position = 0;
+        while (m_belt.next(&position))
+            m_belt.put(position, pickOne(m_request, *m_picker, m_gathers[position], &m_cancelled));
+    }
+
+    const OvPickRun::Request& m_request;
+    const std::vector<int>& m_gathers;
+    std::unique_ptr<OvPicker> m_picker;
+    Belt m_belt;
+    std::atomic<bool> m_cancelled{false};
+    std::vector<std::thread> m_threads;
+};
+
+std::size_t threadCount(int wanted, std::size_t gathers)
+{
+    const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+    const std::size_t count = wanted > 0 ? static_cast<std::size_t>(wanted) : cores;
+    return std::clamp<std::size_t>(count, 1, std::max<std::size_t>(gathers, 1));
+}
+
+bool isSet(const std::atomic<bool>* cancel)
+{
+    return cancel && cancel->load();
+}
+
+} // namespace
+
+std::vector<int> OvPickRun::chosenGathers(int gatherCount, const OvPickParameters& parameters)
+{
+    std::vector<int> chosen;
+    const int step = std::max(parameters.shotIncrement, 1);
+    for (qint64 gather = 0; gather < gatherCount; gather += step) {
+        if (parameters.totalShots > 0 && static_cast<int>(chosen.size()) >= parameters.totalShots)
+            break;
+        chosen.push_back(static_cast<int>(gather));
+    }
+    return chosen;
+}
+
+OvStatus OvPickRun::run(const Request& request, const Deliver& deliver, const Progress& progress,
+                        const std::atomic<bool>* cancel)
+{
+    const OvStatus valid = request.parameters.validate();
+    if (!valid)
+        return valid;
+    const std::vector<int> gathers =
+        chosenGathers(request.index->gatherCount(), request.parameters);
+    Workers workers(request, gathers, threadCount(request.threads, gathers.size()));
+    constexpr std::chrono::milliseconds patience(20);
+    const int total = static_cast<int>(gathers.size());
+    for (std::size_t position = 0; position < gathers.size(); ++position) {
+        Picked picked;
+        while (!isSet(cancel) && !workers.belt().take(position, patience, &picked)) {
+        }
+        if (isSet(cancel))
+            return OvStatus::success();
+        const OvStatus status =
+            picked.status ? deliver(picked.gather, picked.result) : picked.status;
+        if (!status)
+            return status;
+        if (progress)
+            progress(static_cast<int>(position) + 1, total);
+    }
+    return OvStatus::success();
+}
