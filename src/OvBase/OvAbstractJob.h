@@ -8,15 +8,15 @@
 
 /// One entry of the task list: a workspace, or a long action.
 ///
-/// Lives on the GUI thread; workers hand it news by queued calls. Cancelling is a request: the owner
-/// of the work hears cancelRequested(), stops, and ends the job with finish().
+/// Lives on the GUI thread; workers hand it news by queued calls. Cancelling is a request: the
+/// owner of the work hears cancelRequested(), stops, and ends the job with finish().
 class OVBASE_EXPORT OvAbstractJob : public QObject
 {
     Q_OBJECT
 
 public:
     enum State {
-        Ready,     ///< not working: a workspace that shows its data
+        Ready, ///< not working: a workspace that shows its data
         Running,
         Finished,
         Cancelled,
@@ -24,11 +24,21 @@ public:
     };
     Q_ENUM(State)
 
+    enum Kind {
+        Action,    ///< work with an end: listed with its outcome until it is cleared
+        Workspace, ///< stands for a view: loads (Running), then shows its data (Ready)
+    };
+    Q_ENUM(Kind)
+
     explicit OvAbstractJob(QObject* parent = nullptr);
     ~OvAbstractJob() override;
 
     QString taskName() const;
     void setTaskName(const QString& name);
+
+    /// Action unless set otherwise.
+    Kind kind() const;
+    void setKind(Kind kind);
 
     State state() const;
     bool isRunning() const { return state() == Running; }
@@ -42,14 +52,19 @@ public:
     QString message() const;
     /// Milliseconds from start() to now, or to the end.
     qint64 elapsedMs() const;
+    /// True unless set otherwise.
     bool isCancellable() const;
     void setCancellable(bool cancellable);
     bool isCancelRequested() const;
 
+    /// Running, from time zero, without progress, message or request to cancel. Ignored while
+    /// running.
     void start();
+    /// Ignored unless running: news that a worker queued may arrive after the end.
     void setProgress(int percent);
     void setMessage(const QString& message);
-    /// Ends a running job; outcome is Finished, Cancelled, Failed, or Ready for a workspace.
+    /// Ends a running job; outcome is Finished, Cancelled, Failed, or Ready for a workspace. An
+    /// empty message keeps the last one. Ignored unless running.
     void finish(State outcome, const QString& message = {});
 
 public slots:

@@ -13,13 +13,13 @@ struct OVBASE_EXPORT OvDisplayDefine
     enum ColorMap { Grey = 0, BlackWhiteRed = 1, BlueWhiteRed = 2 };
 
     int mode = WiggleVariableArea;
-    double gainDb = 0.0;         ///< on top of the scaling, dB
+    double gainDb = 0.0; ///< on top of the scaling, dB
     int scaling = PerTrace;
-    int agcWindowMs = 0;         ///< length of the automatic-gain window, ms; 0 off
-    double clip = 1.5;           ///< excursion limit of a wiggle, in trace spacings
+    int agcWindowMs = 0; ///< length of the automatic-gain window, ms; 0 off
+    double clip = 1.5;   ///< excursion limit of a wiggle, in trace spacings
     int colorMap = Grey;
     bool reversePolarity = false;
-    bool showPicks = true;       ///< the workspace flag: each window keeps its own
+    bool showPicks = true; ///< the workspace flag: each window keeps its own
 
     bool operator==(const OvDisplayDefine& other) const;
     bool operator!=(const OvDisplayDefine& other) const { return !(*this == other); }
@@ -32,8 +32,8 @@ Q_DECLARE_METATYPE(OvDisplayDefine)
 /// The scale at which gathers are shown.
 struct OVBASE_EXPORT OvFitDisplayDefine
 {
-    bool fitted = false;           ///< the fit flag: the view follows the size of its window
-    double traceSpacing = 8.0;     ///< device-independent pixels from trace to trace
+    bool fitted = false;       ///< the fit flag: the view follows the size of its window
+    double traceSpacing = 8.0; ///< device-independent pixels from trace to trace
     double pixelsPerSecond = 600.0;
 
     bool operator==(const OvFitDisplayDefine& other) const;

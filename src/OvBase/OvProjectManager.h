@@ -19,14 +19,15 @@ public:
     ~OvProjectManager() override;
 
     /// Starts the auto-save clock: timeout() every 60 s, or as many seconds as the global value
-    /// "autoSaveInterval" says.
+    /// "autoSaveInterval" says; a changed value takes effect at the next tick.
     void init();
     /// Stops the clock.
     void finish();
 
     /// The open project; a default record when none is.
     const OvProjectDefine& define() const;
-    /// Closes the open project, then opens define. False, with nothing closed, for an invalid record.
+    /// Closes the open project, then opens define, noting the time in the table. False, with
+    /// nothing closed, for an invalid record or while another project is being opened.
     bool openProject(const OvProjectDefine& define);
     /// Announces projectAboutToClose(), forgets the project, announces projectChanged() with an
     /// invalid record. Nothing happens when no project is open.
@@ -36,6 +37,8 @@ public:
     void addWorkspace(OvAbstractViewController* workspace);
     /// The view last announced by activeWorkspace(); null when none or when it was deleted.
     OvAbstractViewController* currentWorkspace() const;
+    /// Called by the destructor of every view: a current workspace is announced as none.
+    void forgetWorkspace(const OvAbstractViewController* workspace);
 
 signals:
     void projectChanged(const OvProjectDefine& define);
@@ -48,6 +51,9 @@ signals:
     void traceHeaderDefineChanged();
     /// The auto-save clock.
     void timeout();
+
+private slots:
+    void rememberWorkspace(OvAbstractViewController* workspace);
 
 private:
     OvProjectManager();

@@ -10,8 +10,8 @@ class OvAbstractJob;
 
 /// The docked task list: one row a job with name, state, progress, elapsed time and cancel.
 ///
-/// One a process. It is created on the first call of instance() and goes with the window that docks it;
-/// after that the next call makes a new one. GUI thread.
+/// One a process. It is created on the first call of instance() and goes with the window that docks
+/// it; after that the next call makes a new one. GUI thread.
 class OVBASE_EXPORT OvTaskMonitor : public QDockWidget
 {
     Q_OBJECT

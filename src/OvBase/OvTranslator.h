@@ -22,12 +22,15 @@ public:
     ~OvTranslator() override;
 
     LanguageType languageType() const;
-    /// Installs the catalogues of the language, so that every window gets a language-change event, and
-    /// remembers the choice in the global value "language".
+    /// Installs the catalogues of the language, so that every window gets a language-change event,
+    /// and remembers the choice in the global value "language". A damaged catalogue is reported by
+    /// one warning, and its texts stay English; without any catalogue the language stays what it
+    /// was.
     void setLanguageType(LanguageType type);
-    /// Sets the language without remembering it (a command-line choice).
+    /// Sets the language without remembering it (a command-line choice), and keeps restore() from
+    /// replacing it.
     void setSessionLanguage(LanguageType type);
-    /// Takes the remembered language, if any. Called after login.
+    /// Takes the remembered language, if any. Called by each login.
     void restore();
     /// Installs catalogues that plug-ins have brought since the last call.
     void refreshCatalogues();

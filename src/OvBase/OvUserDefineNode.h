@@ -12,7 +12,8 @@ public:
 
     /// Opens the database at databasePath, migrating an older one, and makes the operating-system
     /// account the current user, adding it on its first login. False on failure; lastError() says
-    /// what and where, and the file is left as it was.
+    /// what and where, the file is left as it was, and who was logged in before still is. A missing
+    /// or empty file becomes a new database. Restores the remembered language.
     bool login(const QString& databasePath);
     void logout();
     bool isLoggedIn() const;

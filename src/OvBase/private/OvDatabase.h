@@ -1,0 +1,70 @@
+#pragma once
+
+#include "OvBase/OvBaseExport.h"
+#include "OvSeismic/OvStatus.h"
+
+#include <QHash>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QVariantList>
+
+#include <functional>
+#include <memory>
+
+/// One run of a kept statement. Ends the read with its life, so that no transaction stays open.
+class OvStatement
+{
+public:
+    OvStatement(QSqlQuery* query, bool executed)
+        : m_query(query)
+        , m_executed(executed)
+    {
+    }
+    ~OvStatement() { m_query->finish(); }
+    Q_DISABLE_COPY(OvStatement)
+
+    bool ok() const { return m_executed; }
+    bool next() { return m_executed && m_query->next(); }
+    QVariant value(int column) const { return m_query->value(column); }
+    int affectedRows() const { return m_executed ? m_query->numRowsAffected() : 0; }
+    qint64 insertedKey() const { return m_query->lastInsertId().toLongLong(); }
+    QString errorText() const;
+
+private:
+    QSqlQuery* m_query;
+    bool m_executed;
+};
+
+/// A connection to the program's database. GUI thread.
+///
+/// Several processes may have the same file open: readers never wait, writers wait for each other.
+/// A write whose status is success has reached the disk.
+class OVBASE_EXPORT OvDatabase
+{
+public:
+    OvDatabase();
+    ~OvDatabase();
+    Q_DISABLE_COPY(OvDatabase)
+
+    /// Opens the database at path and brings its schema up to date; a missing file, or one of no
+    /// bytes without a log beside it, becomes a new database. What is no database of this program,
+    /// is damaged, read-only or newer is refused, and the file stays as it is.
+    OvStatus open(const QString& path);
+    QString path() const { return m_path; }
+
+    /// Runs the kept statement of that text with values for its placeholders. Failures are logged.
+    std::unique_ptr<OvStatement> run(const QString& sql, const QVariantList& values = {});
+    /// Runs work inside a write transaction that waits for other writers; a failure rolls it back.
+    OvStatus write(const std::function<OvStatus()>& work);
+
+private:
+    OvStatus configure();
+    bool execute(const QString& sql);
+    OvStatus failure(const QString& text) const;
+
+    QString m_path;
+    QString m_connectionName;
+    QSqlDatabase m_connection;
+    QHash<QString, std::shared_ptr<QSqlQuery>> m_statements;
+    bool m_inTransaction = false;
+};

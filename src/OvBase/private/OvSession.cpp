@@ -1,0 +1,16 @@
+#include "OvBase/private/OvSession.h"
+
+OvSession& OvSession::instance()
+{
+    static OvSession session;
+    return session;
+}
+
+void OvSession::close()
+{
+    database.reset();
+    userId = -1;
+    userName.clear();
+    memoryValues.clear();
+    projectValues.clear();
+}
