@@ -1,0 +1,71 @@
+#pragma once
+
+#include "OvBase/OvProjectDefine.h"
+
+#include <QList>
+#include <QMdiArea>
+#include <QStringList>
+
+class OvAbstractJob;
+class OvAbstractViewController;
+class OvMainBillBoard;
+class OvMdiArea;
+class OvMultiPlaneViewController;
+class OvPlaneViewController;
+class OvTarnpickHelper;
+class QAction;
+class QMainWindow;
+class QMdiSubWindow;
+class QMenu;
+
+/// The state and the work of the workspace controller.
+class OvTarnpickHelperPrivate
+{
+public:
+    OvTarnpickHelperPrivate(OvTarnpickHelper* owner, QMainWindow* window);
+    ~OvTarnpickHelperPrivate();
+
+    OvTarnpickHelper* q;
+    QMainWindow* mainWindow;              ///< not owned
+    OvMdiArea* mdiArea;                   ///< owned by the main window
+    OvMainBillBoard* billBoard = nullptr; ///< owned by the tool bar; null without one
+    QList<QAction*> recentActions;        ///< children of q
+
+    /// Null when there is none.
+    OvAbstractViewController* activeWorkspace() const;
+    QMdiSubWindow* addWorkspace(OvAbstractViewController* workspace);
+    void refreshWindowTitles();
+    void closeAllWorkspaces();
+
+    void clearBillBoard();
+    void showWorkspaceFiles(const OvAbstractViewController* workspace);
+
+    /// Gives a new workspace the project's settings in the records that it takes part in; always
+    /// false.
+    bool primeWorkspaceDefines(OvAbstractViewController* workspace);
+    /// Makes the settings of a workspace the project's; always false.
+    bool applyWorkspaceDefines(const OvAbstractViewController* workspace);
+
+    QMenu* findRecentMenu() const;
+    void pruneRecentList();
+    void rebuildRecentMenu();
+    void clearRecentProjects();
+    void addRecentProject(const OvProjectDefine& define);
+    void openRecentProject(const QString& name);
+
+    bool linkWindow();
+
+private:
+    void connectHub();
+    void initToolBar();
+    void connectWorkspace(OvAbstractViewController* workspace, QMdiSubWindow* subWindow);
+    void removeSubWindow(QMdiSubWindow* subWindow);
+
+    OvMultiPlaneViewController* parallelView() const;
+    QList<OvPlaneViewController*> linkableViews() const;
+    OvMultiPlaneViewController* addParallelView(const QList<OvPlaneViewController*>& views);
+    void removeParallelView(OvMultiPlaneViewController* view);
+
+    void deleteRecentActions();
+    void insertRecentAction(QMenu* menu, QAction* before, const QString& name);
+};
