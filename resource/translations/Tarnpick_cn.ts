@@ -56,6 +56,53 @@ p, li { white-space: pre-wrap; }
     </message>
 </context>
 <context>
+    <name>OvLinkWindowDlg</name>
+    <message>
+        <source>Parallel View</source>
+        <translation>并列显示</translation>
+    </message>
+    <message>
+        <source>Link all</source>
+        <translation>全部链接</translation>
+    </message>
+    <message>
+        <source>Link the selected views</source>
+        <translation>链接所选视图</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Delink the selected views</source>
+        <translation>取消链接所选视图</translation>
+    </message>
+    <message>
+        <source>Delink all</source>
+        <translation>全部取消链接</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>下移</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>SEGY File</source>
+        <translation>SEGY 文件</translation>
+    </message>
+    <message>
+        <source>Different type of data can not be displayed in a parallel view.</source>
+        <translation>不同类型的数据不能并列显示。</translation>
+    </message>
+</context>
+<context>
     <name>OvLoginDlg</name>
     <message>
         <source>name@example.com</source>
@@ -305,6 +352,180 @@ p, li { white-space: pre-wrap; }
     <message>
         <source> ms</source>
         <translation> ms</translation>
+    </message>
+</context>
+<context>
+    <name>OvTarnpick</name>
+    <message>
+        <source>Maravel</source>
+        <translation>Maravel</translation>
+    </message>
+    <message>
+        <source>ToolBar</source>
+        <translation>工具栏</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Open Recent</source>
+        <translation>最近打开的项目</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>工具(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>窗口(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;New Window</source>
+        <translation>新建窗口(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>新建项目(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project</source>
+        <translation>打开项目(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Close Project</source>
+        <translation>关闭项目(&amp;C)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>退出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Alt+Q</source>
+        <translation>Alt+Q</translation>
+    </message>
+    <message>
+        <source>Maravel Help</source>
+        <translation>Maravel 帮助</translation>
+    </message>
+    <message>
+        <source>F1</source>
+        <translation>F1</translation>
+    </message>
+    <message>
+        <source>Technical Support</source>
+        <translation>技术支持</translation>
+    </message>
+    <message>
+        <source>Report Bug...</source>
+        <translation>报告问题...</translation>
+    </message>
+    <message>
+        <source>About Maravel</source>
+        <translation>关于 Maravel</translation>
+    </message>
+    <message>
+        <source>Snapshot</source>
+        <translation>截图</translation>
+    </message>
+    <message>
+        <source>Clear Menu</source>
+        <translation>清空列表</translation>
+    </message>
+    <message>
+        <source>&amp;Manage Project</source>
+        <translation>管理项目(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Export FB to Text File</source>
+        <translation>导出初至到文本文件</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>简体中文</source>
+        <translation>简体中文</translation>
+    </message>
+    <message>
+        <source>&amp;Index Browser</source>
+        <translation>索引浏览器(&amp;I)</translation>
+    </message>
+    <message>
+        <source>FB to SEGY Header</source>
+        <translation>初至写入 SEGY 道头</translation>
+    </message>
+    <message>
+        <source>Open Project Data Folder</source>
+        <translation>打开项目数据文件夹</translation>
+    </message>
+    <message>
+        <source>New &amp;3D Window</source>
+        <translation>新建三维窗口(&amp;3)</translation>
+    </message>
+    <message>
+        <source>Tile &amp;Horizontally</source>
+        <translation>横向平铺(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Cascade</source>
+        <translation>层叠(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Tile &amp;Vertically</source>
+        <translation>纵向平铺(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Tile</source>
+        <translation>平铺(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Parallel View</source>
+        <translation>并列显示</translation>
+    </message>
+    <message>
+        <source>tes</source>
+        <translation>tes</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>There are some jobs active, still want to close?</source>
+        <translation>仍有任务正在运行，确定要关闭吗？</translation>
+    </message>
+    <message>
+        <source>http://127.0.0.1:8642/ManualWeb/onlinehelp/en/</source>
+        <translation>http://127.0.0.1:8642/ManualWeb/onlinehelp/zh/</translation>
+    </message>
+    <message>
+        <source>Import module [%1] successfully.</source>
+        <translation>模块 [%1] 加载成功。</translation>
+    </message>
+    <message>
+        <source>Import extension [%1] successfully.</source>
+        <translation>扩展 [%1] 加载成功。</translation>
+    </message>
+</context>
+<context>
+    <name>OvTarnpickHelper</name>
+    <message>
+        <source>Nothing to capture!</source>
+        <translation>没有可截图的窗口！</translation>
+    </message>
+    <message>
+        <source>The data folder does not exist, the project cannot be opened.</source>
+        <translation>数据文件夹不存在，无法打开该项目。</translation>
     </message>
 </context>
 <context>

@@ -56,6 +56,53 @@ p, li { white-space: pre-wrap; }
     </message>
 </context>
 <context>
+    <name>OvLinkWindowDlg</name>
+    <message>
+        <source>Parallel View</source>
+        <translation>Parallel View</translation>
+    </message>
+    <message>
+        <source>Link all</source>
+        <translation>Link all</translation>
+    </message>
+    <message>
+        <source>Link the selected views</source>
+        <translation>Link the selected views</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Delink the selected views</source>
+        <translation>Delink the selected views</translation>
+    </message>
+    <message>
+        <source>Delink all</source>
+        <translation>Delink all</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Move down</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Move up</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>SEGY File</source>
+        <translation>SEGY File</translation>
+    </message>
+    <message>
+        <source>Different type of data can not be displayed in a parallel view.</source>
+        <translation>Different type of data can not be displayed in a parallel view.</translation>
+    </message>
+</context>
+<context>
     <name>OvLoginDlg</name>
     <message>
         <source>name@example.com</source>
@@ -305,6 +352,180 @@ p, li { white-space: pre-wrap; }
     <message>
         <source> ms</source>
         <translation> ms</translation>
+    </message>
+</context>
+<context>
+    <name>OvTarnpick</name>
+    <message>
+        <source>Maravel</source>
+        <translation>Maravel</translation>
+    </message>
+    <message>
+        <source>ToolBar</source>
+        <translation>ToolBar</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>Open Recent</source>
+        <translation>Open Recent</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Tools</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Language</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Window</translation>
+    </message>
+    <message>
+        <source>&amp;New Window</source>
+        <translation>&amp;New Window</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>&amp;New Project</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project</source>
+        <translation>&amp;Open Project</translation>
+    </message>
+    <message>
+        <source>&amp;Close Project</source>
+        <translation>&amp;Close Project</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>E&amp;xit</translation>
+    </message>
+    <message>
+        <source>Alt+Q</source>
+        <translation>Alt+Q</translation>
+    </message>
+    <message>
+        <source>Maravel Help</source>
+        <translation>Maravel Help</translation>
+    </message>
+    <message>
+        <source>F1</source>
+        <translation>F1</translation>
+    </message>
+    <message>
+        <source>Technical Support</source>
+        <translation>Technical Support</translation>
+    </message>
+    <message>
+        <source>Report Bug...</source>
+        <translation>Report Bug...</translation>
+    </message>
+    <message>
+        <source>About Maravel</source>
+        <translation>About Maravel</translation>
+    </message>
+    <message>
+        <source>Snapshot</source>
+        <translation>Snapshot</translation>
+    </message>
+    <message>
+        <source>Clear Menu</source>
+        <translation>Clear Menu</translation>
+    </message>
+    <message>
+        <source>&amp;Manage Project</source>
+        <translation>&amp;Manage Project</translation>
+    </message>
+    <message>
+        <source>Export FB to Text File</source>
+        <translation>Export FB to Text File</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>简体中文</source>
+        <translation>简体中文</translation>
+    </message>
+    <message>
+        <source>&amp;Index Browser</source>
+        <translation>&amp;Index Browser</translation>
+    </message>
+    <message>
+        <source>FB to SEGY Header</source>
+        <translation>FB to SEGY Header</translation>
+    </message>
+    <message>
+        <source>Open Project Data Folder</source>
+        <translation>Open Project Data Folder</translation>
+    </message>
+    <message>
+        <source>New &amp;3D Window</source>
+        <translation>New &amp;3D Window</translation>
+    </message>
+    <message>
+        <source>Tile &amp;Horizontally</source>
+        <translation>Tile &amp;Horizontally</translation>
+    </message>
+    <message>
+        <source>&amp;Cascade</source>
+        <translation>&amp;Cascade</translation>
+    </message>
+    <message>
+        <source>Tile &amp;Vertically</source>
+        <translation>Tile &amp;Vertically</translation>
+    </message>
+    <message>
+        <source>&amp;Tile</source>
+        <translation>&amp;Tile</translation>
+    </message>
+    <message>
+        <source>Parallel View</source>
+        <translation>Parallel View</translation>
+    </message>
+    <message>
+        <source>tes</source>
+        <translation>tes</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>There are some jobs active, still want to close?</source>
+        <translation>There are some jobs active, still want to close?</translation>
+    </message>
+    <message>
+        <source>http://127.0.0.1:8642/ManualWeb/onlinehelp/en/</source>
+        <translation>http://127.0.0.1:8642/ManualWeb/onlinehelp/en/</translation>
+    </message>
+    <message>
+        <source>Import module [%1] successfully.</source>
+        <translation>Import module [%1] successfully.</translation>
+    </message>
+    <message>
+        <source>Import extension [%1] successfully.</source>
+        <translation>Import extension [%1] successfully.</translation>
+    </message>
+</context>
+<context>
+    <name>OvTarnpickHelper</name>
+    <message>
+        <source>Nothing to capture!</source>
+        <translation>Nothing to capture!</translation>
+    </message>
+    <message>
+        <source>The data folder does not exist, the project cannot be opened.</source>
+        <translation>The data folder does not exist, the project cannot be opened.</translation>
     </message>
 </context>
 <context>
