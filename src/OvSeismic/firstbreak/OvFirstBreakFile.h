@@ -26,8 +26,9 @@ public:
     /// the SEG-Y file if its folder is writable, else in fallbackFolder.
     static QString pathFor(const QString& segyPath, const QString& fallbackFolder);
 
-    /// Opens path, creating it for segy when it does not exist. Refuses a damaged file, one of a newer
-    /// schema and one that belongs to another SEG-Y file (by trace count), and leaves it as it was.
+    /// Opens path, creating it for segy when it does not exist. Refuses a damaged file, one of a
+    /// newer schema and one that belongs to another SEG-Y file (by trace count), and leaves it as
+    /// it was.
     OvStatus open(const QString& path, const OvSegyFileInfo& segy);
     void close();
     bool isOpen() const;

@@ -8,7 +8,7 @@
 
 /// How a trace came by its first break.
 enum class OvPickState : quint8 {
-    None = 0,     ///< not picked
+    None = 0, ///< not picked
     Automatic = 1,
     Manual = 2,   ///< made or moved by the interpreter; no job overwrites it
     Rejected = 3, ///< classified as wrong: kept, drawn apart, left out of exports
@@ -19,9 +19,9 @@ struct OvFirstBreaks
 {
     static constexpr float noPick = std::numeric_limits<float>::quiet_NaN();
 
-    std::vector<float> timesMs;        ///< ms after the shot instant; NaN where there is no pick
+    std::vector<float> timesMs; ///< ms after the shot instant; NaN where there is no pick
     std::vector<OvPickState> states;
-    std::vector<float> confidences;    ///< 0 to 1
+    std::vector<float> confidences; ///< 0 to 1
 
     int size() const { return static_cast<int>(timesMs.size()); }
     bool isEmpty() const { return timesMs.empty(); }

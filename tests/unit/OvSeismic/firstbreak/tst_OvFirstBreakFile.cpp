@@ -1,0 +1,461 @@
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QtTest>
+
+#include <thread>
+
+namespace {
+
+OvSegyFileInfo segyInfo(const QString& path, qint64 traces)
+{
+    OvSegyFileInfo info;
+    info.path = path;
+    info.traceCount = traces;
+    info.fileSize = 3600 + traces * 640;
+    return info;
+}
+
+OvFirstBreaks someBreaks(int traces, float start)
+{
+    OvFirstBreaks breaks;
+    breaks.resize(traces);
+    for (std::size_t i = 0; i < breaks.timesMs.size(); i += 2) {
+        breaks.timesMs[i] = start + static_cast<float>(i) * 0.123F;
+        breaks.states[i] = OvPickState(1 + i % 3);
+        breaks.confidences[i] = 0.5F;
+    }
+    return breaks;
+}
+
+bool same(float a, float b)
+{
+    return a == b || (std::isnan(a) && std::isnan(b));
+}
+
+bool same(const OvFirstBreaks& a, const OvFirstBreaks& b)
+{
+    const auto floats = [](const std::vector<float>& x, const std::vector<float>& y) {
+        return std::equal(x.begin(), x.end(), y.begin(), y.end(),
+                          [](float left, float right) { return same(left, right); });
+    };
+    return floats(a.timesMs, b.timesMs) && a.states == b.states &&
+           floats(a.confidences, b.confidences);
+}
+
+QByteArray content(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Runs statements on a file with a connection of its own.
+void tamper(const QString& path, const QStringList& statements)
+{
+    const QString name = QStringLiteral("tamper");
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        database.setDatabaseName(path);
+        QVERIFY(database.open());
+        for (const QString& statement : statements) {
+            QSqlQuery query(database);
+            QVERIFY2(query.exec(statement), qPrintable(statement));
+        }
+    }
+    QSqlDatabase::removeDatabase(name);
+}
+
+} // namespace
+
+class tst_OvFirstBreakFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void createsCompleteFile();
+    void roundTrip();
+    void rowOfOtherTraceCountIsRefused();
+    void severalRowsAllOrNone();
+    void removeRow();
+    void reopenKeepsEverything();
+    void damagedRowIsRefused_data();
+    void damagedRowIsRefused();
+    void refusesUnfitFiles_data();
+    void refusesUnfitFiles();
+    void refusesDamagedPages();
+    void refusesFileOfAnotherSegy();
+    void refusesNewerSchemaThatIsOnlyInTheLog();
+    void emptyAndDirectoryPathsFail();
+    void closedFileRefuses();
+    void removedWhileOpen();
+    void twoOpenAtOnce();
+    void createdByTwoAtOnce();
+    void pathBesideWritableFolder();
+    void pathFallsBackWithoutCollision();
+    void oddPathNames_data();
+    void oddPathNames();
+    void readOnlyFileIsReadable();
+
+private:
+    QString path(const char* name = "line.sgy.fb") const
+    {
+        return m_folder->filePath(QLatin1String(name));
+    }
+    OvStatus open(OvFirstBreakFile* file, qint64 traces = 10) const
+    {
+        return file->open(path(), segyInfo(m_folder->filePath(QStringLiteral("line.sgy")), traces));
+    }
+    void makeFile() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_OvFirstBreakFile::init()
+{
+    m_folder.reset(new QTemporaryDir);
+    QVERIFY(m_folder->isValid());
+}
+
+void tst_OvFirstBreakFile::makeFile() const
+{
+    OvFirstBreakFile file;
+    const OvStatus status = open(&file);
+    QVERIFY2(status, qPrintable(status.message()));
+    QVERIFY(file.write(7, someBreaks(10, 5.0F)));
+}
+
+void tst_OvFirstBreakFile::createsCompleteFile()
+{
+    OvFirstBreakFile file;
+    const OvStatus status = open(&file);
+    QVERIFY2(status, qPrintable(status.message()));
+    QVERIFY(file.isOpen());
+    QCOMPARE(file.path(), path());
+    QVERIFY(file.fieldRecords().isEmpty());
+    file.close();
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList{QStringLiteral("line.sgy.fb")});
+    QVERIFY(content(path()).startsWith("SQLite format 3"));
+}
+
+void tst_OvFirstBreakFile::roundTrip()
+{
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    const OvFirstBreaks written = someBreaks(10, 12.5F);
+    QVERIFY(file.write(1001, written));
+    QVERIFY(file.write(-5, someBreaks(3, 1.0F)));
+    QCOMPARE(file.fieldRecords(), (QVector<qint32>{-5, 1001}));
+    OvFirstBreaks read;
+    QVERIFY(file.read(1001, 10, &read));
+    QVERIFY(same(read, written));
+    QVERIFY(!read.hasPick(1));
+    QVERIFY(file.read(4711, 10, &read));
+    QVERIFY(read.isEmpty());
+}
+
+void tst_OvFirstBreakFile::rowOfOtherTraceCountIsRefused()
+{
+    makeFile();
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    OvFirstBreaks read;
+    const OvStatus status = file.read(7, 11, &read);
+    QVERIFY(!status);
+    QVERIFY(read.isEmpty());
+    QVERIFY2(status.message().contains(QStringLiteral("10 traces")) &&
+                 status.message().contains(QStringLiteral("line.sgy.fb")),
+             qPrintable(status.message()));
+}
+
+void tst_OvFirstBreakFile::severalRowsAllOrNone()
+{
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    OvFirstBreaks broken = someBreaks(10, 1.0F);
+    broken.states.pop_back();
+    const OvStatus status = file.write({{1, someBreaks(10, 1.0F)}, {2, broken}});
+    QVERIFY(!status);
+    QVERIFY(status.message().contains(QStringLiteral("record 2")));
+    QVERIFY(file.fieldRecords().isEmpty());
+    QVERIFY(file.write({{1, someBreaks(10, 1.0F)}, {2, someBreaks(10, 2.0F)}}));
+    QCOMPARE(file.fieldRecords().size(), 2);
+}
+
+void tst_OvFirstBreakFile::removeRow()
+{
+    makeFile();
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    QVERIFY(file.remove(7));
+    QVERIFY(file.remove(7));
+    QVERIFY(file.fieldRecords().isEmpty());
+}
+
+void tst_OvFirstBreakFile::reopenKeepsEverything()
+{
+    makeFile();
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    OvFirstBreaks read;
+    QVERIFY(file.read(7, 10, &read));
+    QVERIFY(same(read, someBreaks(10, 5.0F)));
+}
+
+void tst_OvFirstBreakFile::damagedRowIsRefused_data()
+{
+    QTest::addColumn<QString>("statement");
+    QTest::newRow("short times") << QStringLiteral("UPDATE gather SET times = x'00'");
+    QTest::newRow("long states") << QStringLiteral("UPDATE gather SET states = zeroblob(11)");
+    QTest::newRow("unknown state")
+        << QStringLiteral("UPDATE gather SET states = x'00000000000000000009'");
+    QTest::newRow("no confidences") << QStringLiteral("UPDATE gather SET confidences = x''");
+    QTest::newRow("negative count") << QStringLiteral("UPDATE gather SET trace_count = -1");
+}
+
+void tst_OvFirstBreakFile::damagedRowIsRefused()
+{
+    QFETCH(QString, statement);
+    makeFile();
+    tamper(path(), {statement});
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    OvFirstBreaks read;
+    QVERIFY(!file.read(7, 10, &read));
+    QVERIFY(read.isEmpty());
+}
+
+void tst_OvFirstBreakFile::refusesUnfitFiles_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("statements");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("empty") << QByteArray() << QStringList() << "it is empty";
+    QTest::newRow("one byte") << QByteArray("x") << QStringList() << "not a first-break file";
+    QTest::newRow("text") << QByteArray(5000, 'x') << QStringList() << "not a first-break file";
+    QTest::newRow("other database")
+        << QByteArray() << QStringList{QStringLiteral("CREATE TABLE a(b)")}
+        << "not a first-break file";
+    QTest::newRow("newer schema") << QByteArray("old")
+                                  << QStringList{QStringLiteral("PRAGMA user_version = 99")}
+                                  << "newer version";
+    QTest::newRow("no meta table")
+        << QByteArray("old") << QStringList{QStringLiteral("DROP TABLE meta")} << "damaged";
+    QTest::newRow("no gather table")
+        << QByteArray("old") << QStringList{QStringLiteral("DROP TABLE gather")} << "damaged";
+}
+
+void tst_OvFirstBreakFile::refusesUnfitFiles()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QStringList, statements);
+    QFETCH(QString, reason);
+    if (bytes == "old") {
+        makeFile();
+    } else {
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    if (!statements.isEmpty())
+        tamper(path(), statements);
+    const QByteArray before = content(path());
+    OvFirstBreakFile file;
+    const OvStatus status = open(&file);
+    QVERIFY(!status);
+    QVERIFY(!file.isOpen());
+    QVERIFY2(status.message().contains(reason), qPrintable(status.message()));
+    QVERIFY2(status.message().contains(QStringLiteral("line.sgy.fb")),
+             qPrintable(status.message()));
+    QCOMPARE(content(path()), before);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+void tst_OvFirstBreakFile::refusesDamagedPages()
+{
+    {
+        OvFirstBreakFile file;
+        QVERIFY(open(&file));
+        for (qint32 record = 0; record < 200; ++record)
+            QVERIFY(file.write(record, someBreaks(100, 1.0F)));
+    }
+    const QByteArray whole = content(path());
+    QByteArray damaged = whole;
+    damaged.replace(4096, whole.size() / 2 - 4096, QByteArray(whole.size() / 2 - 4096, '\x55'));
+    for (const QByteArray& bytes : {whole.left(whole.size() / 2), whole.left(100), damaged}) {
+        {
+            QFile raw(path());
+            QVERIFY(raw.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            raw.write(bytes);
+        }
+        OvFirstBreakFile file;
+        const OvStatus status = open(&file);
+        QVERIFY(!status);
+        QVERIFY2(status.message().contains(QStringLiteral("damaged")),
+                 qPrintable(status.message()));
+        QCOMPARE(content(path()), bytes);
+    }
+}
+
+void tst_OvFirstBreakFile::refusesFileOfAnotherSegy()
+{
+    makeFile();
+    const QByteArray before = content(path());
+    OvFirstBreakFile file;
+    const OvStatus status = open(&file, 11);
+    QVERIFY(!status);
+    QVERIFY2(status.message().contains(QStringLiteral("line.sgy with 10 traces")),
+             qPrintable(status.message()));
+    QCOMPARE(content(path()), before);
+}
+
+void tst_OvFirstBreakFile::refusesNewerSchemaThatIsOnlyInTheLog()
+{
+    makeFile();
+    QSqlDatabase newer =
+        QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("newer"));
+    newer.setDatabaseName(path());
+    QVERIFY(newer.open());
+    {
+        QSqlQuery query(newer);
+        QVERIFY(query.exec(QStringLiteral("PRAGMA journal_mode = WAL")));
+        QVERIFY(query.exec(QStringLiteral("PRAGMA user_version = 2")));
+    }
+    OvFirstBreakFile file;
+    const OvStatus status = open(&file);
+    newer.close();
+    newer = {};
+    QSqlDatabase::removeDatabase(QStringLiteral("newer"));
+    QVERIFY(!status);
+    QVERIFY(status.message().contains(QStringLiteral("newer version")));
+}
+
+void tst_OvFirstBreakFile::emptyAndDirectoryPathsFail()
+{
+    OvFirstBreakFile file;
+    QVERIFY(!file.open(m_folder->path(), segyInfo(QStringLiteral("a.sgy"), 1)));
+    QVERIFY(!file.open(QStringLiteral("/proc/self/a.fb"), segyInfo(QStringLiteral("a.sgy"), 1)));
+    QVERIFY(!file.open(QStringLiteral("/dev/null"), segyInfo(QStringLiteral("a.sgy"), 1)));
+    QVERIFY(!file.isOpen());
+}
+
+void tst_OvFirstBreakFile::closedFileRefuses()
+{
+    OvFirstBreakFile file;
+    OvFirstBreaks read;
+    QVERIFY(!file.read(1, 1, &read));
+    QVERIFY(!file.write(1, someBreaks(1, 1.0F)));
+    QVERIFY(!file.remove(1));
+    QVERIFY(file.fieldRecords().isEmpty());
+    file.close();
+}
+
+void tst_OvFirstBreakFile::removedWhileOpen()
+{
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    QVERIFY(QFile::remove(path()));
+    const OvStatus status = file.write(1, someBreaks(10, 1.0F));
+    QVERIFY(!status);
+    QVERIFY2(status.message().contains(QStringLiteral("removed")), qPrintable(status.message()));
+}
+
+void tst_OvFirstBreakFile::twoOpenAtOnce()
+{
+    OvFirstBreakFile first;
+    OvFirstBreakFile second;
+    QVERIFY(open(&first));
+    QVERIFY(open(&second));
+    OvFirstBreaks read;
+    for (qint32 record = 0; record < 20; ++record) {
+        QVERIFY((record % 2 ? first : second).write(record, someBreaks(10, 1.0F)));
+        QVERIFY((record % 2 ? second : first).read(record, 10, &read));
+        QVERIFY(same(read, someBreaks(10, 1.0F)));
+    }
+}
+
+void tst_OvFirstBreakFile::createdByTwoAtOnce()
+{
+    for (int round = 0; round < 10; ++round) {
+        QFile::remove(path());
+        std::vector<std::thread> threads;
+        std::atomic<int> failures{0};
+        for (qint32 record = 0; record < 4; ++record) {
+            threads.emplace_back([&, record] {
+                OvFirstBreakFile file;
+                if (!open(&file) || !file.write(record, someBreaks(10, 1.0F)))
+                    ++failures;
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        QCOMPARE(failures.load(), 0);
+        OvFirstBreakFile file;
+        QVERIFY(open(&file));
+        QCOMPARE(file.fieldRecords().size(), 4);
+    }
+}
+
+void tst_OvFirstBreakFile::pathBesideWritableFolder()
+{
+    const QString segy = m_folder->filePath(QStringLiteral("line.sgy"));
+    const QString chosen = OvFirstBreakFile::pathFor(segy, QStringLiteral("/nowhere"));
+    QCOMPARE(chosen, path());
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void tst_OvFirstBreakFile::pathFallsBackWithoutCollision()
+{
+    // Nobody, not even root, can create a file in these folders.
+    const QString a =
+        OvFirstBreakFile::pathFor(QStringLiteral("/proc/self/line1.sgy"), m_folder->path());
+    const QString b =
+        OvFirstBreakFile::pathFor(QStringLiteral("/proc/1/line1.sgy"), m_folder->path());
+    QCOMPARE(QFileInfo(a).absolutePath(), m_folder->path());
+    QVERIFY(QFileInfo(a).fileName().startsWith(QStringLiteral("line1.sgy-")));
+    QVERIFY(a.endsWith(QStringLiteral(".fb")));
+    QVERIFY(a != b);
+    QCOMPARE(OvFirstBreakFile::pathFor(QStringLiteral("/proc/self/line1.sgy"), m_folder->path()),
+             a);
+}
+
+void tst_OvFirstBreakFile::oddPathNames_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("chinese") << QStringLiteral("小文件.sgy.fb");
+    QTest::newRow("blanks") << QStringLiteral("a b  c.fb");
+    QTest::newRow("uri signs") << QStringLiteral("100%25?mode=ro#x&y=1;z.fb");
+    QTest::newRow("quotes") << QStringLiteral("it's \"one\".fb");
+}
+
+void tst_OvFirstBreakFile::oddPathNames()
+{
+    QFETCH(QString, name);
+    const QString odd = m_folder->filePath(name);
+    OvFirstBreakFile file;
+    const OvStatus status = file.open(odd, segyInfo(QStringLiteral("a.sgy"), 3));
+    QVERIFY2(status, qPrintable(status.message()));
+    QVERIFY(file.write(1, someBreaks(3, 1.0F)));
+    file.close();
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
+}
+
+void tst_OvFirstBreakFile::readOnlyFileIsReadable()
+{
+    makeFile();
+    QVERIFY(QFile::setPermissions(path(), QFile::ReadOwner));
+    if (QFileInfo(path()).isWritable())
+        QSKIP("This user may write to read-only files");
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    OvFirstBreaks read;
+    QVERIFY(file.read(7, 10, &read));
+    const OvStatus status = file.write(7, read);
+    QVERIFY(!status);
+    QVERIFY(status.message().contains(QStringLiteral("read-only")));
+}
+
+QTEST_GUILESS_MAIN(tst_OvFirstBreakFile)
+#include "tst_OvFirstBreakFile.moc"
