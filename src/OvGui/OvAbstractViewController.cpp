@@ -1,6 +1,7 @@
 #include "OvGui/OvAbstractViewController.h"
 
 #include "OvBase/OvAbstractJob.h"
+#include "OvBase/OvProjectManager.h"
 
 struct OvAbstractViewController::Private
 {
@@ -12,9 +13,13 @@ OvAbstractViewController::OvAbstractViewController(QWidget* parent)
     , d(std::make_unique<Private>())
 {
     d->job = new OvAbstractJob(this);
+    d->job->setKind(OvAbstractJob::Workspace);
 }
 
-OvAbstractViewController::~OvAbstractViewController() = default;
+OvAbstractViewController::~OvAbstractViewController()
+{
+    OvProjectManager::instance().forgetWorkspace(this);
+}
 
 OvAbstractJob* OvAbstractViewController::delegateJob() const
 {
