@@ -1,0 +1,110 @@
+#include "host/OvHostLook.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QtTest>
+
+#include <cmath>
+
+class tst_OvHostLook : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void textStandsOut_data();
+    void textStandsOut();
+    void disabledTextIsFainter();
+    void formFamiliesHaveInstalledSubstitutes();
+    void darkDesktopStaysDark();
+};
+
+namespace {
+
+double channel(double value)
+{
+    return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+/// Relative luminance and contrast as the accessibility guidelines for web content define them.
+double luminance(const QColor& color)
+{
+    return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) +
+           0.0722 * channel(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double la = luminance(a);
+    const double lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+} // namespace
+
+void tst_OvHostLook::textStandsOut_data()
+{
+    QTest::addColumn<QPalette>("palette");
+    QTest::newRow("light") << OvHostLook::lightPalette();
+    QTest::newRow("dark") << OvHostLook::darkPalette();
+}
+
+void tst_OvHostLook::textStandsOut()
+{
+    QFETCH(QPalette, palette);
+    const QPair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::Text, QPalette::Base},
+        {QPalette::Text, QPalette::AlternateBase},
+        {QPalette::ButtonText, QPalette::Button},
+        {QPalette::ToolTipText, QPalette::ToolTipBase}};
+    for (const auto& pair : pairs)
+        QVERIFY(contrast(palette.color(pair.first), palette.color(pair.second)) >= 7.0);
+    QVERIFY(contrast(palette.color(QPalette::Link), palette.color(QPalette::Base)) >= 4.5);
+    QVERIFY(contrast(palette.color(QPalette::HighlightedText),
+                     palette.color(QPalette::Highlight)) >= 4.0);
+}
+
+void tst_OvHostLook::disabledTextIsFainter()
+{
+    for (const QPalette& palette : {OvHostLook::lightPalette(), OvHostLook::darkPalette()}) {
+        const QColor base = palette.color(QPalette::Base);
+        QVERIFY(contrast(palette.color(QPalette::Disabled, QPalette::Text), base) <
+                contrast(palette.color(QPalette::Active, QPalette::Text), base) / 2);
+    }
+}
+
+void tst_OvHostLook::formFamiliesHaveInstalledSubstitutes()
+{
+    OvHostLook::substituteFonts();
+    const QStringList installed = QFontDatabase().families();
+    for (const char* family : {"Segoe UI", "Microsoft YaHei UI", "simsun", "Arial", "Calibri"}) {
+        const QStringList substitutes = QFont::substitutes(family);
+        QVERIFY2(!substitutes.isEmpty(), family);
+        for (const QString& substitute : substitutes)
+            QVERIFY2(installed.contains(substitute), qPrintable(substitute));
+        QVERIFY2(QFontMetrics(QFont(family, 10)).inFont(QChar(0x7B80)) ||
+                     QFontMetrics(QFont(family, 10)).horizontalAdvance(QChar(0x7B80)) > 0,
+                 family);
+    }
+}
+
+void tst_OvHostLook::darkDesktopStaysDark()
+{
+    QApplication::setPalette(QPalette(Qt::white, Qt::black));
+    QPalette desktop(QColor(60, 60, 60), QColor(30, 30, 30));
+    desktop.setColor(QPalette::WindowText, Qt::white);
+    QApplication::setPalette(desktop);
+    OvHostLook::apply(qApp);
+    QCOMPARE(QApplication::palette().color(QPalette::Window),
+             OvHostLook::darkPalette().color(QPalette::Window));
+
+    desktop = QPalette(QColor(240, 240, 240), QColor(250, 250, 250));
+    desktop.setColor(QPalette::WindowText, Qt::black);
+    QApplication::setPalette(desktop);
+    OvHostLook::apply(qApp);
+    QCOMPARE(QApplication::palette().color(QPalette::Window),
+             OvHostLook::lightPalette().color(QPalette::Window));
+}
+
+QTEST_MAIN(tst_OvHostLook)
+#include "tst_OvHostLook.moc"
