@@ -2,7 +2,6 @@
 
 #include "OvBase/OvProjectDefineNode.h"
 #include "OvBase/OvProjectManager.h"
-#include "OvBase/OvTranslator.h"
 #include "OvGui/OvGatherViewController.h"
 #include "OvTarnpick/OvLoginDlg.h"
 #include "host/OvDemoSurvey.h"
@@ -62,12 +61,7 @@ void OvHostSession::addLogin()
     if (options.entersByItself())
         runner.add({QStringLiteral("login"), {}, [this] { return enter(); }});
     const bool waitsForUser = !options.entersByItself();
-    runner.add({QStringLiteral("main window"), [] { return mainWindow() != nullptr; },
-                [this] {
-                    if (options.language.isEmpty())
-                        OvTranslator::instance().restore();
-                    return true;
-                },
+    runner.add({QStringLiteral("main window"), [] { return mainWindow() != nullptr; }, {},
                 waitsForUser ? 0 : 60000});
     if (!options.screenshots.isEmpty())
         OvScreenshotWalk::addEmptyWindow(&runner, options.screenshots);
