@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QEventLoop>
-#include <QFileInfo>
 #include <QProcess>
 #include <QProgressDialog>
 
@@ -65,24 +64,9 @@ QString OvDemoSurvey::file()
 
 OvStatus OvDemoSurvey::make()
 {
-    if (QFileInfo::exists(file()))
-        return OvStatus::success();
-    if (!QDir().mkpath(folder()))
-        return OvStatus::failure(
-            tr("The folder %1 cannot be made.").arg(QDir::toNativeSeparators(folder())));
     const auto window = busyWindow(tr("Making the demo line..."));
-    // Written under another name first: an interrupted run must not leave half a line.
-    const QString part = file() + QStringLiteral(".part");
-    QFile::remove(part);
-    const QString generator =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/tarnpick-demo");
-    const OvStatus status = runToEnd(generator, {part});
-    if (!status)
-        return status;
-    if (!QFile::rename(part, file()))
-        return OvStatus::failure(
-            tr("The file %1 cannot be written.").arg(QDir::toNativeSeparators(file())));
-    return OvStatus::success();
+    const QString generator = QCoreApplication::applicationDirPath() + QStringLiteral("/tarnpick-demo");
+    return runToEnd(generator, {folder()});
 }
 
 OvStatus OvDemoSurvey::ensureProject()

@@ -12,16 +12,8 @@
         <translation>%1 无法生成演示测线：%2</translation>
     </message>
     <message>
-        <source>The folder %1 cannot be made.</source>
-        <translation>无法创建文件夹 %1。</translation>
-    </message>
-    <message>
         <source>Making the demo line...</source>
         <translation>正在生成演示测线...</translation>
-    </message>
-    <message>
-        <source>The file %1 cannot be written.</source>
-        <translation>无法写入文件 %1。</translation>
     </message>
     <message>
         <source>A synthetic refraction line with known first breaks.</source>
