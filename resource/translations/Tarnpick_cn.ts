@@ -128,6 +128,18 @@ p, li { white-space: pre-wrap; }
         <source>Return</source>
         <translation>Return</translation>
     </message>
+    <message>
+        <source>The folder for your data cannot be determined or created. Set the environment variable TARNPICK_HOME to a folder that you can write to.</source>
+        <translation>无法确定或创建用户数据文件夹。请将环境变量 TARNPICK_HOME 设置为一个可写文件夹。</translation>
+    </message>
+    <message>
+        <source>Tarnpick</source>
+        <translation>Tarnpick</translation>
+    </message>
+    <message>
+        <source>Login failed!</source>
+        <translation>登录失败！</translation>
+    </message>
 </context>
 <context>
     <name>OvMainBillBoard</name>
@@ -253,7 +265,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>Data Folder:</source>
-        <translation>数据目录：</translation>
+        <translation>数据文件夹：</translation>
     </message>
     <message>
         <source>*If in red, the project name already exists.</source>
@@ -281,7 +293,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>Select Data Path...</source>
-        <translation>选择数据目录...</translation>
+        <translation>选择数据文件夹...</translation>
     </message>
 </context>
 <context>
@@ -304,7 +316,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>Data Folder:</source>
-        <translation>数据目录：</translation>
+        <translation>数据文件夹：</translation>
     </message>
     <message>
         <source>&lt;&gt;</source>
@@ -312,7 +324,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>*If the data folder name in red, it does not exist.</source>
-        <translation>*若数据目录显示为红色，则该目录不存在。</translation>
+        <translation>*若数据文件夹显示为红色，则该文件夹不存在。</translation>
     </message>
     <message>
         <source>&amp;Update</source>
@@ -340,7 +352,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>Select Folder.</source>
-        <translation>选择目录。</translation>
+        <translation>选择文件夹。</translation>
     </message>
 </context>
 <context>

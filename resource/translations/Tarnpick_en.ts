@@ -128,6 +128,18 @@ p, li { white-space: pre-wrap; }
         <source>Return</source>
         <translation>Return</translation>
     </message>
+    <message>
+        <source>The folder for your data cannot be determined or created. Set the environment variable TARNPICK_HOME to a folder that you can write to.</source>
+        <translation>The folder for your data cannot be determined or created. Set the environment variable TARNPICK_HOME to a folder that you can write to.</translation>
+    </message>
+    <message>
+        <source>Tarnpick</source>
+        <translation>Tarnpick</translation>
+    </message>
+    <message>
+        <source>Login failed!</source>
+        <translation>Login failed!</translation>
+    </message>
 </context>
 <context>
     <name>OvMainBillBoard</name>
