@@ -48,4 +48,11 @@
         <translation>它没有实现所声明的接口</translation>
     </message>
 </context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+</context>
 </TS>
