@@ -1,0 +1,140 @@
+#include "OvSegyDataMenu.h"
+
+#include "OvSegyFolder.h"
+#include "OvSegyInfoDlg.h"
+
+#include "OvBase/OvProjectManager.h"
+#include "OvGui/OvGatherViewController.h"
+#include "OvPlugins/OvPluginUtil.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMainWindow>
+
+namespace {
+
+constexpr int mostFilesListed = 30;
+
+} // namespace
+
+OvSegyDataMenu::OvSegyDataMenu(QWidget* parent)
+    : QMenu(parent)
+    , m_folder(new OvSegyFolder(this))
+{
+    setObjectName(QStringLiteral("menu_Data"));
+    m_files = addMenu(QString());
+    m_files->setObjectName(QStringLiteral("menuSegy_Files"));
+    m_open = addAction(QString(), this, &OvSegyDataMenu::chooseFiles, QKeySequence::Open);
+    m_open->setObjectName(QStringLiteral("actionOpen_Segy"));
+    addSeparator();
+    m_information = addAction(QString(), this, &OvSegyDataMenu::showInformation);
+    m_information->setObjectName(QStringLiteral("actionSegy_Information"));
+    connect(m_folder, &OvSegyFolder::changed, this, &OvSegyDataMenu::listFiles);
+    connect(&OvProjectManager::instance(), &OvProjectManager::projectChanged, this,
+            &OvSegyDataMenu::followProject);
+    retranslate();
+    followProject();
+}
+
+OvSegyDataMenu::~OvSegyDataMenu() = default;
+
+void OvSegyDataMenu::retranslate()
+{
+    setTitle(tr("&Data"));
+    m_files->setTitle(tr("SEG-Y &Files"));
+    m_open->setText(tr("&Open SEG-Y..."));
+    m_information->setText(tr("SEG-Y &Information"));
+    listFiles();
+}
+
+void OvSegyDataMenu::followProject()
+{
+    const OvProjectDefine& define = OvProjectManager::instance().define();
+    m_open->setEnabled(define.isValid());
+    m_files->setEnabled(define.isValid());
+    m_folder->setFolder(define.isValid() ? define.dataPath : QString());
+}
+
+void OvSegyDataMenu::listFiles()
+{
+    m_files->clear();
+    const QStringList files = m_folder->files();
+    for (const QString& name : files.mid(0, mostFilesListed))
+        addFile(name);
+    if (files.isEmpty())
+        addNote(m_folder->isScanning() ? tr("Reading the folder...")
+                                       : tr("No SEG-Y files in this folder"));
+    if (files.size() > mostFilesListed) {
+        m_files->addSeparator();
+        m_files->addAction(tr("More..."), this, &OvSegyDataMenu::chooseFiles)
+            ->setObjectName(QStringLiteral("actionMore_Segy"));
+    }
+}
+
+void OvSegyDataMenu::addFile(const QString& name)
+{
+    // The path must not go into the action's data: that would give it a button on the main gadget.
+    const QString path = QDir(m_folder->folder()).filePath(name);
+    const QString text = QString(name).replace(QLatin1Char('&'), QLatin1String("&&"));
+    m_files->addAction(text, this, [this, path] { openFiles({path}); });
+}
+
+void OvSegyDataMenu::addNote(const QString& text)
+{
+    m_files->addAction(text)->setEnabled(false);
+}
+
+void OvSegyDataMenu::chooseFiles()
+{
+    openFiles(QFileDialog::getOpenFileNames(
+        OvPluginUtil::mainWindow(), tr("Open SEG-Y"), m_folder->folder(),
+        tr("SEG-Y files (*.sgy *.segy *.SGY *.SEGY);;All files (*)")));
+}
+
+void OvSegyDataMenu::openFiles(const QStringList& paths)
+{
+    QStringList failures;
+    for (const QString& path : paths) {
+        OvStatus status;
+        const QSharedPointer<OvSegyDocument> document = OvSegyDocument::open(path, &status);
+        if (document)
+            OvProjectManager::instance().addWorkspace(new OvGatherViewController(document));
+        else
+            failures.append(status.message());
+    }
+    if (!failures.isEmpty())
+        OvPluginUtil::showWarning(failures.join(QStringLiteral("\n\n")));
+}
+
+QString OvSegyDataMenu::activeFile() const
+{
+    const auto* view =
+        qobject_cast<OvGatherViewController*>(OvProjectManager::instance().currentWorkspace());
+    return view ? view->document()->segyPath() : QString();
+}
+
+QString OvSegyDataMenu::chooseFileToDescribe()
+{
+    return QFileDialog::getOpenFileName(
+        OvPluginUtil::mainWindow(), tr("SEG-Y Information"), m_folder->folder(),
+        tr("SEG-Y files (*.sgy *.segy *.SGY *.SEGY);;All files (*)"));
+}
+
+void OvSegyDataMenu::showInformation()
+{
+    QString path = activeFile();
+    if (path.isEmpty())
+        path = chooseFileToDescribe();
+    if (path.isEmpty())
+        return;
+    OvStatus status;
+    const QSharedPointer<OvSegyDocument> document = OvSegyDocument::open(path, &status);
+    if (!document) {
+        OvPluginUtil::showWarning(status.message());
+        return;
+    }
+    delete m_dialog.data();
+    m_dialog = new OvSegyInfoDlg(document, OvPluginUtil::mainWindow());
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialog->show();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QFileSystemWatcher>
+#include <QFutureWatcher>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+/// The names of the SEG-Y files in a folder, kept up to date. GUI thread; the folder is read by a
+/// worker.
+class OvSegyFolder : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit OvSegyFolder(QObject* parent = nullptr);
+    ~OvSegyFolder() override;
+
+    QString folder() const;
+    /// An empty path stands for no folder.
+    void setFolder(const QString& folder);
+    /// Whether the folder has not been read to its end yet.
+    bool isScanning() const;
+    /// File names without path, in the order in which people count.
+    QStringList files() const;
+
+    /// Wild cards of SEG-Y files, for any case of letters.
+    static QStringList nameFilters();
+
+signals:
+    void changed();
+
+private:
+    void scan();
+    void takeResult();
+
+    QString m_folder;
+    QStringList m_files;
+    QFileSystemWatcher m_watcher;
+    QTimer m_delay;
+    QFutureWatcher<QStringList> m_scan;
+};

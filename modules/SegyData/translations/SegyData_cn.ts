@@ -1,0 +1,253 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>OvSegyDataMenu</name>
+    <message>
+        <source>&amp;Data</source>
+        <translation>数据(&amp;D)</translation>
+    </message>
+    <message>
+        <source>SEG-Y &amp;Files</source>
+        <translation>SEG-Y 文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Open SEG-Y...</source>
+        <translation>打开 SEG-Y(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>SEG-Y &amp;Information</source>
+        <translation>SEG-Y 信息(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Reading the folder...</source>
+        <translation>正在读取文件夹...</translation>
+    </message>
+    <message>
+        <source>No SEG-Y files in this folder</source>
+        <translation>此文件夹中没有 SEG-Y 文件</translation>
+    </message>
+    <message>
+        <source>More...</source>
+        <translation>更多...</translation>
+    </message>
+    <message>
+        <source>Open SEG-Y</source>
+        <translation>打开 SEG-Y</translation>
+    </message>
+    <message>
+        <source>SEG-Y files (*.sgy *.segy *.SGY *.SEGY);;All files (*)</source>
+        <translation>SEG-Y 文件 (*.sgy *.segy *.SGY *.SEGY);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>SEG-Y Information</source>
+        <translation>SEG-Y 信息</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegyDisplayBar</name>
+    <message>
+        <source>Display</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>Scaling</source>
+        <translation>归一化</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>增益</translation>
+    </message>
+    <message>
+        <source>AGC</source>
+        <translation>AGC</translation>
+    </message>
+    <message>
+        <source>Colors</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>Reverse polarity</source>
+        <translation>反转极性</translation>
+    </message>
+    <message>
+        <source> dB</source>
+        <translation> dB</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>关</translation>
+    </message>
+    <message>
+        <source>Gain on top of the scaling</source>
+        <translation>归一化之后附加的增益</translation>
+    </message>
+    <message>
+        <source>Length of the automatic gain control window</source>
+        <translation>自动增益控制的时窗长度</translation>
+    </message>
+    <message>
+        <source>Wiggle</source>
+        <translation>波形</translation>
+    </message>
+    <message>
+        <source>Variable area</source>
+        <translation>变面积</translation>
+    </message>
+    <message>
+        <source>Wiggle and area</source>
+        <translation>波形加变面积</translation>
+    </message>
+    <message>
+        <source>Variable density</source>
+        <translation>变密度</translation>
+    </message>
+    <message>
+        <source>Each trace</source>
+        <translation>逐道</translation>
+    </message>
+    <message>
+        <source>Whole gather</source>
+        <translation>整个道集</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>灰度</translation>
+    </message>
+    <message>
+        <source>Black-white-red</source>
+        <translation>黑-白-红</translation>
+    </message>
+    <message>
+        <source>Blue-white-red</source>
+        <translation>蓝-白-红</translation>
+    </message>
+    <message>
+        <source>The display settings could not be stored with the project.</source>
+        <translation>无法将显示设置保存到工程中。</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegyInfoDlg</name>
+    <message>
+        <source>SEG-Y Information</source>
+        <translation>SEG-Y 信息</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Text Header</source>
+        <translation>文本头</translation>
+    </message>
+    <message>
+        <source>Nothing to remark.</source>
+        <translation>没有需要说明的问题。</translation>
+    </message>
+    <message>
+        <source>Remarks (%1)</source>
+        <translation>说明 (%1)</translation>
+    </message>
+    <message>
+        <source>File:</source>
+        <translation>文件：</translation>
+    </message>
+    <message>
+        <source>File size:</source>
+        <translation>文件大小：</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 字节</translation>
+    </message>
+    <message>
+        <source>Revision:</source>
+        <translation>版本：</translation>
+    </message>
+    <message>
+        <source>Byte order:</source>
+        <translation>字节序：</translation>
+    </message>
+    <message>
+        <source>big-endian</source>
+        <translation>大端</translation>
+    </message>
+    <message>
+        <source>little-endian</source>
+        <translation>小端</translation>
+    </message>
+    <message>
+        <source>Text header:</source>
+        <translation>文本头：</translation>
+    </message>
+    <message>
+        <source>EBCDIC</source>
+        <translation>EBCDIC</translation>
+    </message>
+    <message>
+        <source>ASCII</source>
+        <translation>ASCII</translation>
+    </message>
+    <message>
+        <source>Extended text headers:</source>
+        <translation>扩展文本头：</translation>
+    </message>
+    <message>
+        <source>Data format:</source>
+        <translation>数据格式：</translation>
+    </message>
+    <message>
+        <source>%1 (code %2)</source>
+        <translation>%1（代码 %2）</translation>
+    </message>
+    <message>
+        <source>Sample interval:</source>
+        <translation>采样间隔：</translation>
+    </message>
+    <message>
+        <source>%1 µs</source>
+        <translation>%1 µs</translation>
+    </message>
+    <message>
+        <source>Samples per trace:</source>
+        <translation>每道采样点数：</translation>
+    </message>
+    <message>
+        <source>Trace length:</source>
+        <translation>道长度：</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>Traces:</source>
+        <translation>道数：</translation>
+    </message>
+    <message>
+        <source>Gathers:</source>
+        <translation>道集数：</translation>
+    </message>
+    <message>
+        <source>reading the trace headers...</source>
+        <translation>正在读取道头...</translation>
+    </message>
+    <message>
+        <source>Offsets:</source>
+        <translation>炮检距：</translation>
+    </message>
+    <message>
+        <source>none in the trace headers</source>
+        <translation>道头中没有炮检距</translation>
+    </message>
+    <message>
+        <source>%1 m to %2 m</source>
+        <translation>%1 m 至 %2 m</translation>
+    </message>
+</context>
+</TS>
