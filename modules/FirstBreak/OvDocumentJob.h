@@ -1,0 +1,69 @@
+#pragma once
+
+#include "OvBase/OvAbstractJob.h"
+#include "OvGui/document/OvSegyDocument.h"
+
+#include <QFutureWatcher>
+#include <QTimer>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+/// A long action on one SEG-Y document: waits for the document's index, works in a thread of the
+/// global pool, and hands what was found to the GUI thread ten times a second.
+///
+/// Lives on the GUI thread. Deleting it cancels the work and waits for the worker, which answers a
+/// cancel within 200 ms.
+class OvDocumentJob : public OvAbstractJob
+{
+    Q_OBJECT
+
+public:
+    OvDocumentJob(const QSharedPointer<OvSegyDocument>& document, QObject* parent);
+    ~OvDocumentJob() override;
+
+    QSharedPointer<OvSegyDocument> document() const { return m_document; }
+    /// Starts the job and enters it in the task list.
+    void launch();
+    /// Sets the name in the task list anew, in the present language.
+    virtual void retranslate() = 0;
+
+protected:
+    /// What the worker and the job share: nothing else of a job is touched by both.
+    struct Shared
+    {
+        std::atomic<bool> cancel{false};
+        std::atomic<int> done{0};
+        std::atomic<int> total{0};
+    };
+    using Work = std::function<OvStatus()>;
+
+    /// The work. Made on the GUI thread when the index is complete, called in a worker. It may read
+    /// the document's file and index, which stay until the worker has ended, and must look at
+    /// shared().cancel.
+    virtual Work makeWork() = 0;
+    /// Takes over a part of what the worker has delivered. False when nothing is left.
+    virtual bool takeResults() { return false; }
+    /// The last message of a job that ended well or was cancelled.
+    virtual QString summary() const = 0;
+
+    const std::shared_ptr<Shared>& shared() const { return m_shared; }
+    /// Stops the work and ends the job with a message as soon as the worker has stopped.
+    void fail(const QString& message);
+
+private:
+    void begin();
+    void stop();
+    void failBeforeWork(const QString& message);
+    void poll();
+    void conclude();
+    static OvStatus guarded(const Work& work);
+
+    QSharedPointer<OvSegyDocument> m_document;
+    std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
+    QFutureWatcher<OvStatus> m_watcher;
+    QTimer m_clock;
+    QString m_failure;
+    bool m_begun = false;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "OvPlugins/OvModulePlugin.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QSharedPointer>
+
+class OvDocumentJob;
+class OvFirstBreakMenu;
+class OvGatherViewController;
+class OvPickDlg;
+class OvSegyDocument;
+
+/// The module that picks first breaks and exports them. Its jobs belong to it: they stay in the
+/// task list, with their outcome, until a like job on the same file starts or the project is
+/// closed.
+class OvFirstBreakPlugin : public QObject, public OvModulePlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID OvModulePlugin_iid FILE "FirstBreak.json")
+    Q_INTERFACES(OvModulePlugin)
+
+public:
+    OvFirstBreakPlugin();
+    ~OvFirstBreakPlugin() override;
+
+    QString name() const override;
+    QMenu* menu() override;
+    QWidget* toolBarWidget() override;
+    void changeLanguage() override;
+
+private:
+    void followWorkspace();
+    void askForPicking();
+    void pick(const OvPickDlg* dialog, const QSharedPointer<OvSegyDocument>& document);
+    void askForExport();
+    void launch(OvDocumentJob* job);
+    void report(OvDocumentJob* job);
+    void closeJobs();
+    template <typename Job>
+    bool makeRoomFor(const QSharedPointer<OvSegyDocument>& document);
+    OvGatherViewController* activeView() const;
+
+    QPointer<OvFirstBreakMenu> m_menu;
+};

@@ -1,0 +1,110 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>OvDocumentJob</name>
+    <message>
+        <source>Waiting for the trace headers to be read...</source>
+        <translation>正在等待道头读取完成...</translation>
+    </message>
+    <message>
+        <source>The work was broken off: %1. Close other windows or programs and try again.</source>
+        <translation>操作已中断：%1。请关闭其他窗口或程序后重试。</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Cancelled. %1</source>
+        <translation>已取消。%1</translation>
+    </message>
+</context>
+<context>
+    <name>OvExportJob</name>
+    <message>
+        <source>Exporting first breaks to %1</source>
+        <translation>正在导出初至到 %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was left as it was.</source>
+        <translation>“%1”保持原样。</translation>
+    </message>
+    <message>
+        <source>%1 first breaks exported to &quot;%2&quot;.</source>
+        <translation>已将 %1 个初至导出到“%2”。</translation>
+    </message>
+</context>
+<context>
+    <name>OvFirstBreakMenu</name>
+    <message>
+        <source>First &amp;Break</source>
+        <translation>初至(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic Picking...</source>
+        <translation>自动拾取(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Writing first breaks to trace headers is not available yet.</source>
+        <translation>目前尚不能将初至写入道头。</translation>
+    </message>
+</context>
+<context>
+    <name>OvFirstBreakPlugin</name>
+    <message>
+        <source>&quot;%1&quot; is still at work. Wait until it has ended, or cancel it in the task list.</source>
+        <translation>“%1”仍在运行。请等待其结束，或在任务列表中取消。</translation>
+    </message>
+    <message>
+        <source>Export FB to Text File</source>
+        <translation>导出初至到文本文件</translation>
+    </message>
+    <message>
+        <source>Comma-separated text (*.csv);;Text (*.txt);;All files (*)</source>
+        <translation>逗号分隔文本 (*.csv);;文本 (*.txt);;所有文件 (*)</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickDlg</name>
+    <message>
+        <source>Automatic Picking</source>
+        <translation>自动拾取</translation>
+    </message>
+    <message>
+        <source>&amp;All gathers</source>
+        <translation>所有道集(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;This gather</source>
+        <translation>当前道集(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep manual picks</source>
+        <translation>保留手工拾取(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Picks made or moved by hand stay as they are</source>
+        <translation>手工拾取或移动过的初至保持不变</translation>
+    </message>
+    <message>
+        <source>Pick</source>
+        <translation>拾取</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickJob</name>
+    <message>
+        <source>Picking %1</source>
+        <translation>正在拾取 %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2 traces in %3 gathers have a pick.</source>
+        <translation>%3 个道集的 %2 道中有 %1 道已拾取初至。</translation>
+    </message>
+</context>
+</TS>
