@@ -7,6 +7,14 @@ namespace {
 const QString Columns = QStringLiteral(
     "SELECT id, name, user_id, data_path, description, open_time, create_time FROM projects ");
 
+const QString InsertText =
+    QStringLiteral("INSERT INTO projects (name, user_id, data_path, description, "
+                   "open_time, create_time) VALUES (?, ?, ?, ?, ?, ?)");
+
+const QString UpdateText =
+    QStringLiteral("UPDATE projects SET name = ?, user_id = ?, data_path = ?, description = ?, "
+                   "open_time = ?, create_time = ? WHERE id = ?");
+
 OvDatabase* database()
 {
     return OvSession::instance().database.get();
@@ -52,22 +60,34 @@ QVariantList fields(const OvProjectDefine& define)
             fromTime(define.createTime)};
 }
 
-/// Runs one changing statement; the number of rows that it touched.
-int change(const QString& sql, const QVariantList& values)
+bool succeeded(const OvStatus& status)
 {
-    int rows = 0;
-    const OvStatus status = database()->write([&] {
-        const auto statement = database()->run(sql, values);
-        rows = statement->affectedRows();
-        return statement->ok() ? OvStatus::success() : OvStatus::failure(statement->errorText());
-    });
-    return status ? rows : 0;
+    if (!status)
+        qWarning("%s", qUtf8Printable(status.message()));
+    return status.ok();
 }
 
-bool isTaken(const OvProjectDefine& define)
+/// Whether the statement could be run and touched a record.
+bool change(const QString& sql, const QVariantList& values)
 {
-    const int owner = OvProjectDefineNode().projectByName(define.name).id;
-    return owner >= 0 && owner != define.id;
+    int rows = 0;
+    return succeeded(database()->change(sql, values, &rows)) && rows == 1;
+}
+
+/// Whether a record other than the one of that key has the name.
+bool isTaken(const QString& name, int key)
+{
+    const OvProjectDefine owner = OvProjectDefineNode().projectByName(name);
+    return owner.isValid() && owner.id != key;
+}
+
+OvStatus insertRecord(const OvProjectDefine& define, int* key)
+{
+    const OvStatus status = database()->change(InsertText, fields(define));
+    const auto row = database()->run(QStringLiteral("SELECT last_insert_rowid()"));
+    if (status && row->next())
+        *key = row->value(0).toInt();
+    return status;
 }
 
 } // namespace
@@ -77,7 +97,7 @@ QList<OvProjectDefine> OvProjectDefineNode::projects() const
     QList<OvProjectDefine> list;
     if (!database())
         return list;
-    const auto rows = database()->run(Columns + QStringLiteral("ORDER BY id"));
+    const auto rows = database()->read(Columns + QStringLiteral("ORDER BY id"));
     while (rows->next())
         list.append(record(*rows));
     return list;
@@ -87,7 +107,7 @@ OvProjectDefine OvProjectDefineNode::projectByName(const QString& name) const
 {
     if (!database() || name.isEmpty())
         return {};
-    const auto row = database()->run(Columns + QStringLiteral("WHERE name = ?"), {name});
+    const auto row = database()->read(Columns + QStringLiteral("WHERE name = ?"), {name});
     return row->next() ? record(*row) : OvProjectDefine();
 }
 
@@ -95,46 +115,33 @@ int OvProjectDefineNode::insertProject(const OvProjectDefine& define)
 {
     if (!database() || define.name.isEmpty())
         return -1;
-    qint64 key = -1;
+    int key = -1;
     const OvStatus status = database()->write([&] {
-        if (projectByName(define.name).isValid())
-            return OvStatus::failure(define.name);
-        const auto row = database()->run(
-            QStringLiteral(
-                "INSERT INTO projects (name, user_id, data_path, description, open_time, "
-                "create_time) VALUES (?, ?, ?, ?, ?, ?)"),
-            fields(define));
-        key = row->ok() ? row->insertedKey() : -1;
-        return row->ok() ? OvStatus::success() : OvStatus::failure(row->errorText());
+        return isTaken(define.name, -1) ? OvStatus::success() : insertRecord(define, &key);
     });
-    return status ? static_cast<int>(key) : -1;
+    return succeeded(status) ? key : -1;
 }
 
 bool OvProjectDefineNode::updateProject(const OvProjectDefine& define)
 {
     if (!database() || !define.isValid())
         return false;
-    bool done = false;
+    int rows = 0;
     const OvStatus status = database()->write([&] {
-        if (isTaken(define))
-            return OvStatus::failure(define.name);
-        done =
-            change(QStringLiteral("UPDATE projects SET name = ?, user_id = ?, data_path = ?, "
-                                  "description = ?, open_time = ?, create_time = ? WHERE id = ?"),
-                   fields(define) << define.id) == 1;
-        return OvStatus::success();
+        return isTaken(define.name, define.id)
+                   ? OvStatus::success()
+                   : database()->change(UpdateText, fields(define) << define.id, &rows);
     });
-    return status && done;
+    return succeeded(status) && rows == 1;
 }
 
 bool OvProjectDefineNode::removeProject(const OvProjectDefine& define)
 {
-    return database() &&
-           change(QStringLiteral("DELETE FROM projects WHERE id = ?"), {define.id}) == 1;
+    return database() && change(QStringLiteral("DELETE FROM projects WHERE id = ?"), {define.id});
 }
 
 bool OvProjectDefineNode::noteOpened(const OvProjectDefine& define)
 {
     return database() && change(QStringLiteral("UPDATE projects SET open_time = ? WHERE id = ?"),
-                                {fromTime(define.openTime), define.id}) == 1;
+                                {fromTime(define.openTime), define.id});
 }

@@ -5,24 +5,21 @@
 #include "OvBase/private/OvAccount.h"
 #include "OvBase/private/OvSession.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
+#include <QDir>
 
 namespace {
 
 OvStatus addUser(OvDatabase& database, const QString& name)
 {
-    return database.write([&] {
-        const auto row = database.run(
-            QStringLiteral("INSERT OR IGNORE INTO users (name, create_time) VALUES (?, ?)"),
-            {name, QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)});
-        return row->ok() ? OvStatus::success() : OvStatus::failure(row->errorText());
-    });
+    return database.change(
+        QStringLiteral("INSERT OR IGNORE INTO users (name, create_time) VALUES (?, ?)"),
+        {name, QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)});
 }
 
 int userByName(OvDatabase& database, const QString& name)
 {
-    const auto row = database.run(QStringLiteral("SELECT id FROM users WHERE name = ?"), {name});
+    const auto row = database.read(QStringLiteral("SELECT id FROM users WHERE name = ?"), {name});
     return row->next() ? row->value(0).toInt() : -1;
 }
 

@@ -3,10 +3,8 @@
 #include "OvBase/private/OvDatabaseCheck.h"
 #include "OvBase/private/OvSchema.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSqlError>
 #include <QThread>
 
@@ -18,11 +16,6 @@ QString nextConnectionName()
 {
     static int number = 0;
     return QStringLiteral("OvBase-%1").arg(++number);
-}
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("OvDatabase", text);
 }
 
 } // namespace
@@ -47,10 +40,20 @@ OvDatabase::~OvDatabase()
     QSqlDatabase::removeDatabase(m_connectionName);
 }
 
-OvStatus OvDatabase::failure(const QString& text) const
+OvStatus OvDatabase::cannotOpen() const
 {
     return OvStatus::failure(
-        text.arg(QDir::toNativeSeparators(m_path), m_connection.lastError().text().trimmed()));
+        tr("The database %1 cannot be opened (%2). Check that its folder exists and can be "
+           "written.")
+            .arg(QDir::toNativeSeparators(m_path), m_connection.lastError().text().trimmed()));
+}
+
+OvStatus OvDatabase::cannotWrite(const QString& reason) const
+{
+    return OvStatus::failure(tr("The database %1 cannot be written (%2). Check that the file can "
+                                "be written and that the "
+                                "disk has room.")
+                                 .arg(QDir::toNativeSeparators(m_path), reason.trimmed()));
 }
 
 OvStatus OvDatabase::open(const QString& path)
@@ -63,7 +66,7 @@ OvStatus OvDatabase::open(const QString& path)
     m_connection.setDatabaseName(m_path);
     m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeoutMs));
     if (!m_connection.open())
-        return failure(translated("The database %1 cannot be opened: %2"));
+        return cannotOpen();
     status = configure();
     return status ? OvSchema::migrate(*this) : status;
 }
@@ -72,7 +75,7 @@ OvStatus OvDatabase::configure()
 {
     if (!execute(QStringLiteral("PRAGMA foreign_keys = ON")) ||
         !execute(QStringLiteral("PRAGMA synchronous = FULL")))
-        return failure(translated("The database %1 cannot be opened: %2"));
+        return cannotOpen();
     // Another program that opens the file at this moment can refuse the change of mode without
     // waiting. Any mode is safe, this one only lets readers go on while somebody writes.
     for (int attempt = 0; attempt < 20; ++attempt) {
@@ -91,21 +94,44 @@ bool OvDatabase::execute(const QString& sql)
     return query.exec(sql);
 }
 
+std::shared_ptr<QSqlQuery> OvDatabase::prepared(const QString& sql)
+{
+    std::shared_ptr<QSqlQuery> query = m_statements.value(sql);
+    if (query)
+        return query;
+    query = std::make_shared<QSqlQuery>(m_connection);
+    query->setForwardOnly(true);
+    if (query->prepare(sql))
+        m_statements.insert(sql, query);
+    return query;
+}
+
 std::unique_ptr<OvStatement> OvDatabase::run(const QString& sql, const QVariantList& values)
 {
-    std::shared_ptr<QSqlQuery>& kept = m_statements[sql];
-    if (!kept) {
-        kept = std::make_shared<QSqlQuery>(m_connection);
-        kept->setForwardOnly(true);
-        kept->prepare(sql);
-    }
+    const std::shared_ptr<QSqlQuery> query = prepared(sql);
     for (int i = 0; i < values.size(); ++i)
-        kept->bindValue(i, values.at(i));
-    auto statement = std::make_unique<OvStatement>(kept.get(), kept->exec());
+        query->bindValue(i, values.at(i));
+    return std::make_unique<OvStatement>(query, query->exec());
+}
+
+std::unique_ptr<OvStatement> OvDatabase::read(const QString& sql, const QVariantList& values)
+{
+    auto statement = run(sql, values);
     if (!statement->ok())
-        qWarning("%s: %s", qUtf8Printable(QDir::toNativeSeparators(m_path)),
-                 qUtf8Printable(statement->errorText()));
+        qWarning("%s", qUtf8Printable(tr("The database %1 cannot be read (%2).")
+                                          .arg(QDir::toNativeSeparators(m_path),
+                                               statement->errorText().trimmed())));
     return statement;
+}
+
+OvStatus OvDatabase::change(const QString& sql, const QVariantList& values, int* rows)
+{
+    return write([&] {
+        const auto statement = run(sql, values);
+        if (rows)
+            *rows = statement->affectedRows();
+        return statement->ok() ? OvStatus::success() : cannotWrite(statement->errorText());
+    });
 }
 
 OvStatus OvDatabase::write(const std::function<OvStatus()>& work)
@@ -113,20 +139,15 @@ OvStatus OvDatabase::write(const std::function<OvStatus()>& work)
     if (m_inTransaction)
         return work();
     QSqlQuery control(m_connection);
-    const auto refused = [&] {
-        return OvStatus::failure(
-            translated("The database %1 cannot be written: %2")
-                .arg(QDir::toNativeSeparators(m_path), control.lastError().text()));
-    };
     if (!control.exec(QStringLiteral("BEGIN IMMEDIATE")))
-        return refused();
+        return cannotWrite(control.lastError().text());
     m_inTransaction = true;
     OvStatus status = work();
     m_inTransaction = false;
     if (status && control.exec(QStringLiteral("COMMIT")))
         return status;
     if (status)
-        status = refused();
+        status = cannotWrite(control.lastError().text());
     control.exec(QStringLiteral("ROLLBACK"));
     return status;
 }

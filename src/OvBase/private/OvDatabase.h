@@ -3,6 +3,7 @@
 #include "OvBase/OvBaseExport.h"
 #include "OvSeismic/OvStatus.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -15,8 +16,8 @@
 class OvStatement
 {
 public:
-    OvStatement(QSqlQuery* query, bool executed)
-        : m_query(query)
+    OvStatement(std::shared_ptr<QSqlQuery> query, bool executed)
+        : m_query(std::move(query))
         , m_executed(executed)
     {
     }
@@ -27,11 +28,10 @@ public:
     bool next() { return m_executed && m_query->next(); }
     QVariant value(int column) const { return m_query->value(column); }
     int affectedRows() const { return m_executed ? m_query->numRowsAffected() : 0; }
-    qint64 insertedKey() const { return m_query->lastInsertId().toLongLong(); }
     QString errorText() const;
 
 private:
-    QSqlQuery* m_query;
+    std::shared_ptr<QSqlQuery> m_query;
     bool m_executed;
 };
 
@@ -41,6 +41,8 @@ private:
 /// A write whose status is success has reached the disk.
 class OVBASE_EXPORT OvDatabase
 {
+    Q_DECLARE_TR_FUNCTIONS(OvDatabase)
+
 public:
     OvDatabase();
     ~OvDatabase();
@@ -52,15 +54,21 @@ public:
     OvStatus open(const QString& path);
     QString path() const { return m_path; }
 
-    /// Runs the kept statement of that text with values for its placeholders. Failures are logged.
+    /// Runs the kept statement of that text with values for its placeholders.
     std::unique_ptr<OvStatement> run(const QString& sql, const QVariantList& values = {});
+    /// run() for a query whose caller can only leave out what cannot be read: a failure is logged.
+    std::unique_ptr<OvStatement> read(const QString& sql, const QVariantList& values = {});
     /// Runs work inside a write transaction that waits for other writers; a failure rolls it back.
     OvStatus write(const std::function<OvStatus()>& work);
+    /// One changing statement as a write of its own; *rows tells how many it touched.
+    OvStatus change(const QString& sql, const QVariantList& values, int* rows = nullptr);
 
 private:
     OvStatus configure();
+    std::shared_ptr<QSqlQuery> prepared(const QString& sql);
     bool execute(const QString& sql);
-    OvStatus failure(const QString& text) const;
+    OvStatus cannotOpen() const;
+    OvStatus cannotWrite(const QString& reason) const;
 
     QString m_path;
     QString m_connectionName;

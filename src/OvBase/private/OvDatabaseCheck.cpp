@@ -1,8 +1,8 @@
 #include "OvBase/private/OvDatabaseCheck.h"
 
+#include "OvBase/private/OvDatabase.h"
 #include "OvBase/private/OvSchema.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSqlDatabase>
@@ -14,38 +14,57 @@ namespace {
 
 const QString CheckConnection = QStringLiteral("OvBase-check");
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("OvDatabase", text);
-}
-
-OvStatus refuse(const char* text, const QString& path, const QString& detail = {})
-{
-    const QString message = translated(text).arg(QDir::toNativeSeparators(path));
-    return OvStatus::failure(detail.isEmpty() ? message : message.arg(detail));
-}
-
 OvStatus damaged(const QString& path, const QString& detail)
 {
-    return refuse(QT_TRANSLATE_NOOP(
-                      "OvDatabase",
-                      "The database %1 is damaged or no database (%2). The file was left as it is; "
-                      "put a backup in its place, or move it away to start with an empty one."),
-                  path, detail);
+    return OvStatus::failure(
+        OvDatabase::tr(
+            "The database %1 is damaged or no database (%2). It was left as it is; put a "
+            "backup in its place, or move it away to start with an empty one.")
+            .arg(QDir::toNativeSeparators(path), detail.trimmed()));
+}
+
+OvStatus foreign(const QString& path)
+{
+    return OvStatus::failure(
+        OvDatabase::tr("The database %1 belongs to another program. It was left as it is; move it "
+                       "away to start with an empty one.")
+            .arg(QDir::toNativeSeparators(path)));
+}
+
+OvStatus newer(const QString& path, int version)
+{
+    return OvStatus::failure(
+        OvDatabase::tr("The database %1 was written by a newer version of this program (its layout "
+                       "is number %2). It was left as it is; open it with that version.")
+            .arg(QDir::toNativeSeparators(path), QString::number(version)));
+}
+
+OvStatus readOnly(const QString& path)
+{
+    return OvStatus::failure(
+        OvDatabase::tr("The database %1 is read-only. Allow writing to the file and its folder.")
+            .arg(QDir::toNativeSeparators(path)));
 }
 
 // An account that may write everything still honours a file that its owner has protected.
 bool isProtected(const QFileInfo& file)
 {
-    const QFile::Permissions anyWrite =
-        QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+    const QFile::Permissions anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return !file.isWritable() || !(file.permissions() & anyWrite);
 }
 
-bool hasLog(const QString& path)
+qint64 sizeOf(const QString& path)
 {
-    return QFileInfo(path + QStringLiteral("-wal")).size() > 0 ||
-           QFileInfo(path + QStringLiteral("-journal")).size() > 0;
+    return QFileInfo(path).size();
+}
+
+/// A read-only connection does not move the write-ahead log into a file that may be damaged. Only
+/// one that may write, though, can take back what a killed program left half done in the older
+/// journal.
+QString openMode(const QString& path)
+{
+    return sizeOf(path + QStringLiteral("-journal")) > 0 ? QString()
+                                                         : QStringLiteral("QSQLITE_OPEN_READONLY;");
 }
 
 /// The first column of the first row; the error text goes to *error.
@@ -69,15 +88,9 @@ OvStatus checkContents(const QSqlDatabase& connection, const QString& path)
     if (!error.isEmpty())
         return damaged(path, error);
     if (owner != OvSchema::ApplicationId && (version != 0 || tables != 0))
-        return refuse(QT_TRANSLATE_NOOP("OvDatabase",
-                                        "The database %1 belongs to another program. The file was "
-                                        "left as it is; move it away to start with an empty one."),
-                      path);
+        return foreign(path);
     if (version > OvSchema::latestVersion())
-        return refuse(QT_TRANSLATE_NOOP("OvDatabase",
-                                        "The database %1 was written by a newer version of this "
-                                        "program (its layout is number %2). Use that version."),
-                      path, QString::number(version));
+        return newer(path, version);
     const QString verdict =
         single(connection, QStringLiteral("PRAGMA integrity_check(1)"), &error).toString();
     if (verdict != QLatin1String("ok"))
@@ -89,9 +102,7 @@ OvStatus checkWithConnection(const QString& path)
 {
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), CheckConnection);
     connection.setDatabaseName(path);
-    // A read-only connection does not move the write-ahead log into a file that may be damaged.
-    connection.setConnectOptions(
-        QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=20000"));
+    connection.setConnectOptions(openMode(path) + QStringLiteral("QSQLITE_BUSY_TIMEOUT=20000"));
     if (!connection.open())
         return damaged(path, connection.lastError().text());
     return checkContents(connection, path);
@@ -105,14 +116,12 @@ OvStatus OvDatabaseCheck::check(const QString& path)
     if (!file.exists())
         return OvStatus::success();
     if (!file.isFile())
-        return refuse(QT_TRANSLATE_NOOP("OvDatabase", "The database %1 is no file."), path);
+        return damaged(path, OvDatabase::tr("it is no file"));
     // The database engine would throw away the log of an empty file, and with it all data.
-    if (file.size() == 0 && hasLog(path))
-        return damaged(path, translated("the file is empty, its log is not"));
-    if (isProtected(file))
-        return refuse(
-            QT_TRANSLATE_NOOP("OvDatabase", "The database %1 is read-only. Allow writing to it."),
-            path);
+    if (file.size() == 0 && sizeOf(path + QStringLiteral("-wal")) > 0)
+        return damaged(path, OvDatabase::tr("the file is empty, its log is not"));
+    if (isProtected(file) || !QFileInfo(file.path()).isWritable())
+        return readOnly(path);
     if (file.size() == 0)
         return OvStatus::success();
     const OvStatus status = checkWithConnection(path);

@@ -2,10 +2,11 @@
 
 #include "OvBase/private/OvDatabase.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+
+#include <limits>
 
 namespace {
 
@@ -22,23 +23,22 @@ int versionOf(const QFileInfo& file)
 
 int currentVersion(OvDatabase& database)
 {
-    const auto statement = database.run(QStringLiteral("PRAGMA user_version"));
-    return statement->next() ? statement->value(0).toInt() : -1;
+    const auto statement = database.read(QStringLiteral("PRAGMA user_version"));
+    return statement->next() ? statement->value(0).toInt() : std::numeric_limits<int>::max();
 }
 
-OvStatus unreadable(const QString& what)
+OvStatus cannotMigrate(const QString& path, const QString& what)
 {
     return OvStatus::failure(
-        QCoreApplication::translate("OvDatabase",
-                                    "The database layout cannot be brought up to date: %1")
-            .arg(what));
+        OvDatabase::tr("The database %1 cannot be brought up to date (%2). It was left as it is.")
+            .arg(QDir::toNativeSeparators(path), what.trimmed()));
 }
 
 OvStatus runFile(OvDatabase& database, const QFileInfo& info)
 {
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
-        return unreadable(info.fileName());
+        return cannotMigrate(database.path(), info.fileName());
     const QString script = QString::fromUtf8(file.readAll());
     const QStringList parts = script.split(QRegularExpression(QStringLiteral(";\\s*(\\n|$)")));
     for (const QString& part : parts) {
@@ -46,7 +46,8 @@ OvStatus runFile(OvDatabase& database, const QFileInfo& info)
             continue;
         const auto statement = database.run(part);
         if (!statement->ok())
-            return unreadable(info.fileName() + QStringLiteral(": ") + statement->errorText());
+            return cannotMigrate(database.path(),
+                                 info.fileName() + QStringLiteral(": ") + statement->errorText());
     }
     return OvStatus::success();
 }
@@ -61,12 +62,12 @@ int OvSchema::latestVersion()
 
 OvStatus OvSchema::migrate(OvDatabase& database)
 {
-    if (currentVersion(database) == latestVersion())
+    if (currentVersion(database) >= latestVersion())
         return OvStatus::success();
     return database.write([&database] {
         // Read again: another program may have migrated while this one waited.
         const int version = currentVersion(database);
-        OvStatus status = version < 0 ? unreadable(database.path()) : OvStatus::success();
+        OvStatus status = OvStatus::success();
         const QFileInfoList files = schemaFiles();
         for (const QFileInfo& file : files) {
             if (status && versionOf(file) > version)

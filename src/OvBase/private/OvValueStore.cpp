@@ -3,9 +3,6 @@
 #include "OvBase/private/OvSession.h"
 #include "OvBase/private/OvValueCodec.h"
 
-#include <QCoreApplication>
-#include <QDir>
-
 OvValueStore::OvValueStore(const QString& table, const QVariantList& scope)
     : m_table(table)
     , m_where(scope.isEmpty() ? QString() : QStringLiteral("project_id = ? AND "))
@@ -48,9 +45,8 @@ OvStatus OvValueStore::setValue(const QString& key, const QVariant& value) const
 {
     const QString text = value.isValid() ? OvValueCodec::encode(value) : QString();
     if (value.isValid() && text.isEmpty())
-        return OvStatus::failure(
-            QCoreApplication::translate("OvDatabase", "The value %1 of type %2 cannot be stored.")
-                .arg(key, QLatin1String(value.typeName())));
+        return OvStatus::failure(OvDatabase::tr("The value %1 of type %2 cannot be stored.")
+                                     .arg(key, QLatin1String(value.typeName())));
     OvDatabase* const database = OvSession::instance().database.get();
     if (database)
         return writeText(*database, key, text);
@@ -67,13 +63,13 @@ OvStatus OvValueStore::writeText(OvDatabase& database, const QString& key,
     if (storedText(database, key) == text)
         return OvStatus::success();
     if (text.isEmpty())
-        return change(database,
-                      QStringLiteral("DELETE FROM %1 WHERE %2 key = ?").arg(m_table, m_where),
-                      QVariantList(m_scope) << key);
+        return database.change(
+            QStringLiteral("DELETE FROM %1 WHERE %2 key = ?").arg(m_table, m_where),
+            QVariantList(m_scope) << key);
     const QString marks = m_scope.isEmpty() ? QStringLiteral("?, ?") : QStringLiteral("?, ?, ?");
-    return change(database,
-                  QStringLiteral("INSERT OR REPLACE INTO %1 VALUES (%2)").arg(m_table, marks),
-                  QVariantList(m_scope) << key << text);
+    return database.change(
+        QStringLiteral("INSERT OR REPLACE INTO %1 VALUES (%2)").arg(m_table, marks),
+        QVariantList(m_scope) << key << text);
 }
 
 void OvValueStore::clear() const
@@ -83,21 +79,8 @@ void OvValueStore::clear() const
         memory().clear();
         return;
     }
-    const OvStatus status = change(
-        *database, QStringLiteral("DELETE FROM %1 WHERE %2 1").arg(m_table, m_where), m_scope);
+    const OvStatus status = database->change(
+        QStringLiteral("DELETE FROM %1 WHERE %2 1").arg(m_table, m_where), m_scope);
     if (!status)
         qWarning("%s", qUtf8Printable(status.message()));
-}
-
-OvStatus OvValueStore::change(OvDatabase& database, const QString& sql,
-                              const QVariantList& values) const
-{
-    return database.write([&] {
-        const auto statement = database.run(sql, values);
-        if (statement->ok())
-            return OvStatus::success();
-        return OvStatus::failure(
-            QCoreApplication::translate("OvDatabase", "The database %1 cannot be written: %2")
-                .arg(QDir::toNativeSeparators(database.path()), statement->errorText()));
-    });
 }

@@ -25,7 +25,6 @@ private:
     QVariantMap& memory() const;
     QString storedText(OvDatabase& database, const QString& key) const;
     OvStatus writeText(OvDatabase& database, const QString& key, const QString& text) const;
-    OvStatus change(OvDatabase& database, const QString& sql, const QVariantList& values) const;
 
     QString m_table;
     QString m_where;      ///< restricts a statement to the scope
