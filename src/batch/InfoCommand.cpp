@@ -31,6 +31,7 @@ private:
     const OvSegyFileInfo& info() const { return m_file.info(); }
     QString revision() const;
     QString offsetRange() const;
+    QString coordinateScalar() const;
     QStringList warnings() const { return info().warnings + m_index.warnings(); }
 
     OvSegyFile m_file;
@@ -66,6 +67,15 @@ QString Info::offsetRange() const
     return tr("%1 to %2 m").arg(smallest).arg(m_index.maximumOffset());
 }
 
+QString Info::coordinateScalar() const
+{
+    const int scalar = info().coordinateScalar;
+    if (scalar == 0)
+        return tr("0 (coordinates are used as they are)");
+    return scalar < 0 ? tr("%1 (coordinates are divided by %2)").arg(scalar).arg(-scalar)
+                      : tr("%1 (coordinates are multiplied by it)").arg(scalar);
+}
+
 QString Info::text() const
 {
     const bool big = info().byteOrder == OvByteOrder::BigEndian;
@@ -84,6 +94,7 @@ QString Info::text() const
     text += line(tr("Traces:"), QString::number(info().traceCount));
     text += line(tr("Gathers:"), QString::number(m_index.gatherCount()));
     text += line(tr("Offsets:"), offsetRange());
+    text += line(tr("Coordinate scalar:"), coordinateScalar());
     for (const QString& warning : warnings())
         text += line(tr("Warning:"), warning);
     return text;

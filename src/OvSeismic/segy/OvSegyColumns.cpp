@@ -1,7 +1,16 @@
 #include "OvSeismic/segy/OvSegyColumns.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+
+namespace {
+
+// No shot is heard this far away, m: where the nearest receiver is farther, the file has the
+// coordinates of one side only (of a stacked section, say) and zeros for the other.
+constexpr float farthestNearOffset = 100000.0F;
+
+} // namespace
 
 void OvSegyColumns::reserve(qint64 traces)
 {
@@ -19,7 +28,7 @@ void OvSegyColumns::append(const OvSegyTraceWords& words)
     m_fieldRecord.push_back(words.fieldRecord);
     m_channel.push_back(words.channel);
     m_cdp.push_back(words.cdp);
-    m_offset.push_back(static_cast<float>(words.offset));
+    m_offset.push_back(static_cast<float>(words.offset * m_metresPerUnit));
     m_sourceX.push_back(words.sourceX);
     m_sourceY.push_back(words.sourceY);
     m_receiverX.push_back(words.receiverX);
@@ -41,9 +50,11 @@ void OvSegyColumns::append(const OvSegyTraceWords& words)
 
 void OvSegyColumns::finish()
 {
-    if (offsetsAreComputed())
+    if (offsetsAreComputed()) {
         computeOffsets();
-    else if (offsetsAreUnknown())
+        m_hasCoordinates = areOffsetsBelievable();
+    }
+    if (offsetsAreUnknown())
         m_offset.assign(m_offset.size(), std::numeric_limits<float>::quiet_NaN());
 }
 
@@ -52,9 +63,14 @@ void OvSegyColumns::computeOffsets()
     for (std::size_t i = 0; i < m_offset.size(); ++i) {
         const double dx = double(m_receiverX[i]) - m_sourceX[i];
         const double dy = double(m_receiverY[i]) - m_sourceY[i];
-        const double factor = OvSegyTraceWords::factor(m_coordinateScalar[i]);
+        const double factor = OvSegyTraceWords::factor(m_coordinateScalar[i]) * m_metresPerUnit;
         m_offset[i] = static_cast<float>(std::hypot(dx, dy) * factor);
     }
+}
+
+bool OvSegyColumns::areOffsetsBelievable() const
+{
+    return *std::min_element(m_offset.begin(), m_offset.end()) < farthestNearOffset;
 }
 
 OvTraceHeader OvSegyColumns::header(qint64 trace) const
@@ -75,7 +91,7 @@ OvTraceHeader OvSegyColumns::header(qint64 trace) const
     words.delay = m_delay[i];
     words.timeScalar = m_timeScalar[i];
     words.traceId = m_traceId[i];
-    OvTraceHeader header = words.toHeader(trace);
+    OvTraceHeader header = words.toHeader(trace, m_metresPerUnit);
     header.offset = m_offset[i];
     return header;
 }

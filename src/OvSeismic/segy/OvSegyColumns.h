@@ -8,10 +8,15 @@
 class OvSegyColumns
 {
 public:
+    explicit OvSegyColumns(double metresPerUnit = 1.0)
+        : m_metresPerUnit(metresPerUnit)
+    {
+    }
+
     void reserve(qint64 traces);
     void append(const OvSegyTraceWords& words);
     /// Applies the rules that look at all traces: distances from the coordinates when no trace has
-    /// an offset word, NaN when there are no coordinates either.
+    /// an offset word, NaN when there are no believable coordinates either.
     void finish();
 
     qint64 size() const { return static_cast<qint64>(m_fieldRecord.size()); }
@@ -25,6 +30,7 @@ public:
 private:
     static std::size_t at(qint64 trace) { return static_cast<std::size_t>(trace); }
     void computeOffsets();
+    bool areOffsetsBelievable() const;
 
     std::vector<qint32> m_fieldRecord;
     std::vector<qint32> m_channel;
@@ -41,6 +47,7 @@ private:
     std::vector<qint16> m_delay;
     std::vector<qint16> m_timeScalar;
     std::vector<qint16> m_traceId;
+    double m_metresPerUnit;
     bool m_hasChannels = false;
     bool m_hasOffsets = false;
     bool m_hasCoordinates = false;

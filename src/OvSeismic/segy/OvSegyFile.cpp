@@ -186,7 +186,7 @@ OvStatus OvSegyFile::readHeaders(qint64 first, qint64 count,
     qint64 trace = first;
     try {
         return scanHeaders(first, count, [&](const OvSegyTraceWords& words) {
-            headers->push_back(words.toHeader(trace++));
+            headers->push_back(words.toHeader(trace++, d->info.metresPerUnit));
             return true;
         });
     } catch (const std::bad_alloc&) {

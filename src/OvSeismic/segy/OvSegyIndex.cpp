@@ -29,6 +29,8 @@ public:
     OvStatus noMemory(const OvSegyFile& file) const;
     OvStatus scan(const OvSegyFile& file, const Progress& progress);
     OvStatus scanFirstGather(const OvSegyFile& file, qint64 maxTraces);
+    bool hasGather(int gather) const { return gather >= 0 && gather < grouping.gatherCount(); }
+    OvStatus noGather(const OvSegyFile& file, int gather) const;
     void finish();
     void measureOffsets();
 
@@ -53,9 +55,18 @@ OvStatus OvSegyIndex::Private::noMemory(const OvSegyFile& file) const
                                  .arg(QDir::toNativeSeparators(file.info().path)));
 }
 
+OvStatus OvSegyIndex::Private::noGather(const OvSegyFile& file, int gather) const
+{
+    return OvStatus::failure(tr("%1 has no gather %2; it has %3 gathers.")
+                                 .arg(QDir::toNativeSeparators(file.info().path))
+                                 .arg(gather)
+                                 .arg(grouping.gatherCount()));
+}
+
 OvStatus OvSegyIndex::Private::scan(const OvSegyFile& file, const Progress& progress)
 {
     const qint64 total = file.info().traceCount;
+    columns = OvSegyColumns(file.info().metresPerUnit);
     columns.reserve(total);
     QElapsedTimer sinceProgress;
     sinceProgress.start();
@@ -79,6 +90,7 @@ OvStatus OvSegyIndex::Private::scan(const OvSegyFile& file, const Progress& prog
 
 OvStatus OvSegyIndex::Private::scanFirstGather(const OvSegyFile& file, qint64 maxTraces)
 {
+    columns = OvSegyColumns(file.info().metresPerUnit);
     bool single = true;
     return file.scanHeaders(0, maxTraces, [&](const OvSegyTraceWords& words) {
         const qint64 known = columns.size();
@@ -161,12 +173,12 @@ int OvSegyIndex::gatherCount() const
 
 qint32 OvSegyIndex::fieldRecord(int gather) const
 {
-    return d->grouping.fieldRecord(gather);
+    return d->hasGather(gather) ? d->grouping.fieldRecord(gather) : 0;
 }
 
 int OvSegyIndex::gatherTraceCount(int gather) const
 {
-    return d->grouping.traceCount(gather);
+    return d->hasGather(gather) ? d->grouping.traceCount(gather) : 0;
 }
 
 int OvSegyIndex::gatherOfFieldRecord(qint32 fieldRecord) const
@@ -176,7 +188,7 @@ int OvSegyIndex::gatherOfFieldRecord(qint32 fieldRecord) const
 
 int OvSegyIndex::gatherOfTrace(qint64 trace) const
 {
-    return d->grouping.gatherOfTrace(trace);
+    return trace >= 0 && trace < traceCount() ? d->grouping.gatherOfTrace(trace) : -1;
 }
 
 OvGather OvSegyIndex::gatherHeaders(const OvSegyFile& file, int gather) const
@@ -198,6 +210,9 @@ OvGather OvSegyIndex::gatherHeaders(const OvSegyFile& file, int gather) const
 
 OvStatus OvSegyIndex::readGather(const OvSegyFile& file, int gather, OvGather* out) const
 {
+    *out = {};
+    if (!d->hasGather(gather))
+        return d->noGather(file, gather);
     try {
         *out = gatherHeaders(file, gather);
     } catch (const std::bad_alloc&) {
@@ -221,7 +236,7 @@ QStringList OvSegyIndex::warnings() const
     QStringList sentences;
     if (traceCount() > 0 && d->columns.offsetsAreUnknown())
         sentences +=
-            Private::tr("The file has neither offsets nor coordinates; offsets are unknown.");
+            Private::tr("The file has no offsets and no usable coordinates; offsets are unknown.");
     if (d->columns.offsetsAreComputed())
         sentences +=
             Private::tr("The file has no offsets; they are computed from the coordinates.");

@@ -40,10 +40,11 @@ public:
     int gatherTraceCount(int gather) const;
     /// The gather of a field record, or -1.
     int gatherOfFieldRecord(qint32 fieldRecord) const;
-    /// The gather that a trace belongs to, and its row there.
+    /// The gather that a trace belongs to, or -1.
     int gatherOfTrace(qint64 trace) const;
 
-    /// Ordinal, field record and headers of a gather, without samples.
+    /// Ordinal, field record and headers of a gather, without samples; no headers when there is no
+    /// such gather.
     OvGather gatherHeaders(const OvSegyFile& file, int gather) const;
     /// Headers and samples.
     OvStatus readGather(const OvSegyFile& file, int gather, OvGather* out) const;

@@ -25,6 +25,10 @@ constexpr int byteFirstTrace = 3521;
 constexpr int byteTrailers = 3529;
 
 constexpr double assumedIntervalUs = 4000.0;
+constexpr double metresPerFoot = 0.3048;
+constexpr int feet = 2;
+// A row of textual headers without an end is not searched through a whole survey.
+constexpr qint64 mostExtendedTexts = 4096;
 
 class Reader
 {
@@ -46,12 +50,16 @@ private:
     OvStatus readFileHeaders(QByteArray* text);
     OvStatus findByteOrder();
     void readRevision();
+    void readUnits();
     OvStatus placeTraces();
     OvStatus countExtendedTexts(int* count) const;
     OvStatus countToEndStanza(int* count) const;
-    OvStatus believeExtendedTexts(int count, bool* believe) const;
+    bool believeExtendedTexts(int count) const;
+    OvStatus skipExtendedTexts(qint64* first);
+    void skipToStatedTrace(qint64* first);
+
     OvStatus readFirstTraceHeader(qint64 at);
-    int statedExtraHeaders() const;
+    int statedExtraHeaders(qint64 first) const;
     void chooseSampleCount(qint64 binarySamples, qint64 traceSamples);
     void chooseInterval(double traceInterval);
     OvStatus countTraces();
@@ -65,6 +73,7 @@ private:
     bool isRevision2() const { return m_info->revisionMajor >= 2; }
     qint64 traceBytes(qint64 samples, int extraHeaders) const;
     qint64 bytesFrom(qint64 first) const { return m_info->fileSize - first; }
+    bool fitsBetter(qint64 first, qint64 other) const;
     bool fitsExactly(qint64 first, qint64 samples, int extraHeaders) const;
     bool fitsOnce(qint64 first, qint64 samples, int extraHeaders) const;
     bool looksLikeSu() const;
@@ -189,6 +198,14 @@ bool Reader::fitsExactly(qint64 first, qint64 samples, int extraHeaders) const
            bytesFrom(first) % traceBytes(samples, extraHeaders) == 0;
 }
 
+/// Whether the size of the file speaks for traces from first and against traces from other.
+bool Reader::fitsBetter(qint64 first, qint64 other) const
+{
+    const qint64 samples = binary().uint16(SEGY_BIN_SAMPLES);
+    const int extra = statedExtraHeaders(first);
+    return fitsExactly(first, samples, extra) && !fitsExactly(other, samples, extra);
+}
+
 bool Reader::fitsOnce(qint64 first, qint64 samples, int extraHeaders) const
 {
     return samples > 0 && bytesFrom(first) >= traceBytes(samples, extraHeaders);
@@ -196,7 +213,8 @@ bool Reader::fitsOnce(qint64 first, qint64 samples, int extraHeaders) const
 
 OvStatus Reader::countToEndStanza(int* count) const
 {
-    const qint64 limit = bytesFrom(OvSegyLayout::fileHeaderSize) / OvSegyText::headerSize;
+    const qint64 limit =
+        qMin(mostExtendedTexts, bytesFrom(OvSegyLayout::fileHeaderSize) / OvSegyText::headerSize);
     QByteArray record(OvSegyText::headerSize, '\0');
     for (int number = 0; number < limit; ++number) {
         const qint64 at = OvSegyLayout::fileHeaderSize + qint64(number) * OvSegyText::headerSize;
@@ -218,26 +236,20 @@ OvStatus Reader::countExtendedTexts(int* count) const
     *count = binary().int16(SEGY_BIN_EXT_HEADERS);
     if (*count == -1)
         return countToEndStanza(count);
-    bool believe = *count == 0;
-    OvStatus status;
-    if (*count > 0)
-        status = believeExtendedTexts(*count, &believe);
-    if (!believe)
+    if (*count != 0 && !believeExtendedTexts(*count))
         *count = -1;
-    return status;
+    return {};
 }
 
-OvStatus Reader::believeExtendedTexts(int count, bool* believe) const
+bool Reader::believeExtendedTexts(int count) const
 {
     const qint64 first = OvSegyLayout::fileHeaderSize + qint64(count) * OvSegyText::headerSize;
-    *believe = bytesFrom(first) >= traceBytes(1, 0);
-    if (!*believe || m_info->revisionMajor > 0)
-        return {};
-    // Before revision 1 the word was free for anything, so the size has to speak for it.
-    const qint64 samples = binary().uint16(SEGY_BIN_SAMPLES);
-    *believe =
-        fitsExactly(first, samples, 0) && !fitsExactly(OvSegyLayout::fileHeaderSize, samples, 0);
-    return {};
+    if (count < 0 || bytesFrom(first) < traceBytes(1, 0))
+        return false;
+    // Before revision 1 the word was free for anything, so the size has to speak for it; since then
+    // the size may only speak against it.
+    return m_info->revisionMajor > 0 ? !fitsBetter(OvSegyLayout::fileHeaderSize, first)
+                                     : fitsBetter(first, OvSegyLayout::fileHeaderSize);
 }
 
 OvStatus Reader::readFirstTraceHeader(qint64 at)
@@ -249,12 +261,10 @@ OvStatus Reader::readFirstTraceHeader(qint64 at)
     return m_file.read(at, m_trace.data(), m_trace.size());
 }
 
-OvStatus Reader::placeTraces()
+OvStatus Reader::skipExtendedTexts(qint64* first)
 {
     int texts = 0;
-    OvStatus status = countExtendedTexts(&texts);
-    if (!status)
-        return status;
+    const OvStatus status = countExtendedTexts(&texts);
     if (texts < 0) {
         warn(tr("The number of extended textual headers, %1, does not fit the file; none is "
                 "assumed.")
@@ -262,28 +272,58 @@ OvStatus Reader::placeTraces()
         texts = 0;
     }
     m_info->extendedTextHeaders = texts;
-    qint64 first = OvSegyLayout::fileHeaderSize + qint64(texts) * OvSegyText::headerSize;
+    *first = OvSegyLayout::fileHeaderSize + qint64(texts) * OvSegyText::headerSize;
+    return status;
+}
+
+void Reader::skipToStatedTrace(qint64* first)
+{
     const qint64 stated = isRevision2() ? binary().int64(byteFirstTrace) : 0;
-    if (stated >= first && stated <= m_info->fileSize - traceBytes(1, 0))
-        first = stated;
-    else if (stated != 0)
-        warn(tr("The position of the first trace, byte %1, does not fit the file.").arg(stated));
-    status = readFirstTraceHeader(first);
+    if (stated == 0 || stated == *first)
+        return;
+    const bool inside = stated > *first && stated <= m_info->fileSize - traceBytes(1, 0);
+    if (inside && !fitsBetter(*first, stated)) {
+        *first = stated;
+    } else {
+        warn(tr("The position of the first trace, byte %1, does not fit the file; byte %2 is used.")
+                 .arg(stated)
+                 .arg(*first));
+    }
+}
+
+OvStatus Reader::placeTraces()
+{
+    qint64 first = 0;
+    OvStatus status = skipExtendedTexts(&first);
+    if (status) {
+        skipToStatedTrace(&first);
+        status = readFirstTraceHeader(first);
+    }
     if (!status)
         return status;
     const qint64 extended = isRevision2() ? binary().int32(byteExtendedSamples) : 0;
     chooseSampleCount(extended > 0 ? extended : binary().uint16(SEGY_BIN_SAMPLES),
                       trace().uint16(SEGY_TR_SAMPLE_COUNT));
     chooseInterval(trace().int16(SEGY_TR_SAMPLE_INTER));
+    readUnits();
     return {};
 }
 
+void Reader::readUnits()
+{
+    m_info->coordinateScalar = trace().int16(SEGY_TR_SOURCE_GROUP_SCALAR);
+    if (binary().int16(SEGY_BIN_MEASUREMENT_SYSTEM) != feet)
+        return;
+    m_info->metresPerUnit = metresPerFoot;
+    warn(tr("Lengths in the file are in feet; offsets and elevations are converted to metres."));
+}
+
 /// Revision 2.0 has a 4-byte count here, revision 2.1 a 2-byte one; before that the word is free.
-int Reader::statedExtraHeaders() const
+int Reader::statedExtraHeaders(qint64 first) const
 {
     if (!isRevision2())
         return 0;
-    const qint64 limit = bytesFrom(m_info->firstTraceOffset) / OvSegyLayout::traceHeaderSize;
+    const qint64 limit = bytesFrom(first) / OvSegyLayout::traceHeaderSize;
     const qint64 wide = binary().int32(byteExtraTraceHeaders);
     const qint64 narrow = binary().int16(byteExtraTraceHeaders);
     const qint64 stated = wide >= 0 && wide < limit ? wide : narrow;
@@ -293,9 +333,9 @@ int Reader::statedExtraHeaders() const
 void Reader::chooseSampleCount(qint64 binarySamples, qint64 traceSamples)
 {
     const qint64 first = m_info->firstTraceOffset;
-    const int stated = statedExtraHeaders();
+    const int stated = statedExtraHeaders(first);
     const auto choose = [this](qint64 samples, int extraHeaders) {
-        m_info->sampleCount = static_cast<int>(qMin<qint64>(samples, m_info->fileSize));
+        m_info->sampleCount = static_cast<int>(samples);
         m_info->extraTraceHeaders = extraHeaders;
     };
     const qint64 counts[] = {binarySamples, traceSamples};

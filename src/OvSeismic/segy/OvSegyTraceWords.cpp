@@ -34,16 +34,16 @@ double OvSegyTraceWords::factor(qint16 scalar)
     return scalar < 0 ? -1.0 / scalar : scalar;
 }
 
-OvTraceHeader OvSegyTraceWords::toHeader(qint64 traceIndex) const
+OvTraceHeader OvSegyTraceWords::toHeader(qint64 traceIndex, double metresPerUnit) const
 {
     const double coordinate = factor(coordinateScalar);
-    const double elevation = factor(elevationScalar);
+    const double elevation = factor(elevationScalar) * metresPerUnit;
     OvTraceHeader header;
     header.traceIndex = traceIndex;
     header.fieldRecord = fieldRecord;
     header.channel = channel;
     header.cdp = cdp;
-    header.offset = static_cast<float>(offset);
+    header.offset = static_cast<float>(offset * metresPerUnit);
     header.sourceX = sourceX * coordinate;
     header.sourceY = sourceY * coordinate;
     header.receiverX = receiverX * coordinate;

@@ -25,6 +25,7 @@ struct OvSegyTraceWords
     static OvSegyTraceWords decode(const char* header, OvByteOrder order);
     /// The factor that a scalar word stands for: a negative one divides, zero is one.
     static double factor(qint16 scalar);
-    /// Scalars applied. The offset and the channel are the file's words, zero or not.
-    OvTraceHeader toHeader(qint64 traceIndex) const;
+    /// Scalars applied; offset and elevations in metres, coordinates in the file's unit. The offset
+    /// and the channel are 0 where the file has none.
+    OvTraceHeader toHeader(qint64 traceIndex, double metresPerUnit) const;
 };

@@ -24,6 +24,8 @@ struct OvSegyFileInfo
     int extendedTextHeaders = 0; ///< 3200-byte records behind the binary header
     int extraTraceHeaders = 0;   ///< 240-byte extension headers in each trace
     qint64 firstTraceOffset = 0; ///< byte position of the first trace header
+    double metresPerUnit = 1.0;  ///< 0.3048 where the binary header says that lengths are in feet
+    short coordinateScalar = 0;  ///< bytes 71-72 of the first trace header as stored
     QStringList warnings; ///< translated, one sentence each: what was odd and what was assumed
 
     double intervalMs() const { return intervalUs / 1000.0; }
