@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QMessageBox>
 
@@ -37,6 +36,16 @@ QString segyInfo(const QString& fileName)
     return text;
 }
 
+// The values stand in a column only when all characters are equally wide. Asked for by name and
+// hint: the desktop's own fixed-width font is a proportional one where no desktop theme is in
+// force.
+QFont fixedPitch(QFont font)
+{
+    font.setFamily(QStringLiteral("monospace"));
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
+
 } // namespace
 
 void OvTarnpickUtil::displaySegyInfo(const QString& fileName, QWidget* parent)
@@ -46,9 +55,8 @@ void OvTarnpickUtil::displaySegyInfo(const QString& fileName, QWidget* parent)
     QMessageBox box(QMessageBox::Information, Text::tr("Segy Information"), segyInfo(fileName),
                     QMessageBox::Close, parent);
     box.setDefaultButton(QMessageBox::Close);
-    // A file name is no markup, and only a fixed-width font keeps the values in their column.
-    box.setTextFormat(Qt::PlainText);
+    box.setTextFormat(Qt::PlainText); // a file name is no markup
     if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
-        label->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+        label->setFont(fixedPitch(label->font()));
     box.exec();
 }
