@@ -2,6 +2,9 @@
 
 #include "OvBase/OvAbstractJob.h"
 #include "OvBase/OvProjectManager.h"
+#include "OvGui/view/OvPictureFile.h"
+
+#include <QPixmap>
 
 struct OvAbstractViewController::Private
 {
@@ -36,4 +39,9 @@ void OvAbstractViewController::handleKeyEvent(QKeyEvent* event)
     Q_UNUSED(event)
 }
 
-void OvAbstractViewController::captureScreenshot() {}
+void OvAbstractViewController::captureScreenshot()
+{
+    const QString path = OvPictureFile::askAndSave(this, description(), grab().toImage());
+    if (!path.isEmpty())
+        emit outputInfo(tr("Picture written to %1.").arg(path));
+}

@@ -11,9 +11,10 @@ class QKeyEvent;
 
 /// A workspace: one view of data in a sub-window of the main window. GUI thread.
 ///
-/// Carries its data-file names as the dynamic properties "SegyFile" and "FBFile", and takes part in the
-/// project's display settings by carrying "DisplayDefine", "FitDisplayDefine" and "TraceHeaderDefine".
-/// Views that can save offer the meta-method "save", views of picks "classifyFB".
+/// Carries its data-file names as the dynamic properties "SegyFile" and "FBFile", and takes part in
+/// the project's display settings by carrying "DisplayDefine", "FitDisplayDefine" and
+/// "TraceHeaderDefine". Views that can save offer the meta-method "save", views of picks
+/// "classifyFB".
 class OVGUI_EXPORT OvAbstractViewController : public QWidget
 {
     Q_OBJECT

@@ -22,8 +22,10 @@ public:
     /// In the order shown.
     QList<OvPlaneViewController*> usedViewControllers() const;
     QString description() const override;
+    void handleKeyEvent(QKeyEvent* event) override;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:

@@ -13,7 +13,8 @@
 
 #include <memory>
 
-/// One SEG-Y file with its index and its first breaks, shared by the views and jobs that work on it.
+/// One SEG-Y file with its index and its first breaks, shared by the views and jobs that work on
+/// it.
 ///
 /// GUI thread, except where stated. The header index is built by a worker; until it is complete the
 /// document offers the first gather only.
@@ -22,8 +23,8 @@ class OVGUI_EXPORT OvSegyDocument : public QObject
     Q_OBJECT
 
 public:
-    /// The document of a file, the same object for every caller while one of them holds it. Null, with
-    /// a message in *status, when the file cannot be opened.
+    /// The document of a file, the same object for every caller while one of them holds it. Null,
+    /// with a message in *status, when the file cannot be opened.
     static QSharedPointer<OvSegyDocument> open(const QString& path, OvStatus* status);
     ~OvSegyDocument() override;
 
@@ -33,26 +34,43 @@ public:
     const OvSegyFile& file() const;
 
     bool isIndexComplete() const;
-    /// The index as known now: of the first gather only until indexComplete(). May be held and read by
-    /// any thread.
+    /// Whether the headers are being read now.
+    bool isIndexing() const;
+    /// Per cent of the headers read; 100 when the index is complete.
+    int indexPercent() const;
+    /// Why the index is not complete although nobody reads it: a failure or a cancel; else empty.
+    QString indexMessage() const;
+    /// Reads the headers again after a failure or a cancel. Nothing happens otherwise.
+    void readIndex();
+    /// The index as known now: of the first gather only until indexComplete(). May be held and read
+    /// by any thread.
     std::shared_ptr<const OvSegyIndex> index() const;
     int gatherCount() const;
 
-    /// Reads a gather in a worker thread; gatherLoaded() answers, also on failure. The last read gathers
-    /// are kept.
+    /// Reads a gather in a worker thread; gatherLoaded() answers, also on failure. The last read
+    /// gathers are kept.
     void requestGather(int gather);
+    /// The gather when it is in memory, else null.
+    std::shared_ptr<const OvGather> cachedGather(int gather);
 
+    /// Whether first breaks can be stored now, or why not: the first-break file is damaged or
+    /// belongs to another SEG-Y file, nothing can be written there.
+    OvStatus firstBreakStatus() const;
     /// First breaks of a gather; empty when it has none.
     OvFirstBreaks firstBreaks(int gather) const;
-    /// Stores first breaks durably, then announces firstBreaksChanged().
+    /// Stores first breaks durably (making the file when it does not exist), then announces
+    /// firstBreaksChanged().
     OvStatus setFirstBreaks(int gather, const OvFirstBreaks& breaks);
     /// Several gathers in one transaction.
     OvStatus setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>& breaks);
 
 signals:
+    /// The headers of the first gather are known: gatherCount() is 1.
+    void firstGatherReady();
     /// At most 20 times a second while the index is built; per cent.
     void indexProgress(int percent);
     void indexComplete();
+    /// Also after a cancel; what was known stays.
     void indexFailed(const QString& message);
     /// Null data with a message on failure.
     void gatherLoaded(int gather, std::shared_ptr<const OvGather> data, const QString& message);

@@ -1,0 +1,382 @@
+#include "OvGui/OvGatherViewController.h"
+
+#include "OvBase/OvAbstractJob.h"
+#include "OvBase/OvDisplayDefineNode.h"
+#include "OvBase/OvProjectManager.h"
+#include "OvGui/canvas/OvGatherCanvas.h"
+#include "OvGui/tools/OvPanTool.h"
+#include "OvGui/tools/OvReadoutTool.h"
+#include "OvGui/tools/OvZoomTool.h"
+#include "OvGui/view/OvGatherPane.h"
+#include "OvGui/view/OvPagingBar.h"
+#include "OvGui/view/OvPictureFile.h"
+
+#include <QDynamicPropertyChangeEvent>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr double zoomStep = 1.25;
+constexpr double scrollShare = 0.1; // of the view, for an arrow key
+constexpr int shareScaleAfterMs = 400;
+
+template <typename Define>
+Define defineOf(const QObject* view, const char* name)
+{
+    return qvariant_cast<Define>(view->property(name));
+}
+
+} // namespace
+
+struct OvGatherViewController::Private
+{
+    Private(OvGatherViewController* view, const QSharedPointer<OvSegyDocument>& document);
+
+    OvGatherViewController* q;
+    OvGatherCanvas* canvas;
+    OvGatherPane* pane;
+    OvPagingBar* bar;
+    OvFitDisplayDefine scale; // as applied
+    QTimer shareScale;        // the project learns of a new scale when the wheel has come to rest
+
+    void connectPane();
+    void connectBar();
+    void setProperties();
+    void applyProperty(const QByteArray& name);
+    void applyScale();
+    void takeScaleFromCanvas();
+    void updateBar();
+    void updateFirstBreakFile();
+    void goToFieldRecord(int record);
+    bool handleKey(int key, Qt::KeyboardModifiers modifiers);
+    bool handlePageKey(int key);
+    bool handleScrollKey(int key);
+    void retranslate();
+};
+
+OvGatherViewController::Private::Private(OvGatherViewController* view,
+                                         const QSharedPointer<OvSegyDocument>& document)
+    : q(view)
+    , canvas(new OvGatherCanvas(view))
+    , pane(new OvGatherPane(document, canvas))
+    , bar(new OvPagingBar(view))
+{
+    auto* layout = new QVBoxLayout(q);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(canvas, 1);
+    layout->addWidget(bar);
+    q->setFocusProxy(canvas);
+    new OvPanTool(canvas);
+    new OvZoomTool(canvas);
+    auto* readout = new OvReadoutTool(canvas);
+    connect(readout, &OvReadoutTool::textChanged, bar, &OvPagingBar::setReadout);
+    connect(readout, &OvReadoutTool::textChanged, q, &OvAbstractViewController::outputInfo);
+    shareScale.setSingleShot(true);
+    shareScale.setInterval(shareScaleAfterMs);
+    connect(&shareScale, &QTimer::timeout, q, [this] {
+        if (OvProjectManager::instance().currentWorkspace() == q)
+            OvFitDisplayDefineNode().setDefine(scale);
+    });
+    connect(canvas, &OvGatherCanvas::scaleChosen, q, [this] { takeScaleFromCanvas(); });
+    connectPane();
+    connectBar();
+}
+
+void OvGatherViewController::Private::connectPane()
+{
+    connect(pane, &OvGatherPane::info, q, &OvAbstractViewController::outputInfo);
+    connect(pane, &OvGatherPane::gatherShown, q, &OvGatherViewController::gatherShown);
+    connect(pane, &OvGatherPane::gatherCountChanged, q, [this] { updateBar(); });
+    connect(pane, &OvGatherPane::currentGatherChanged, q, [this](int gather) {
+        updateBar();
+        emit q->currentGatherChanged(gather);
+    });
+    connect(pane, &OvGatherPane::showingChanged, q,
+            [this] { q->delegateJob()->setEnabled(pane->isShowing()); });
+    if (pane->document())
+        connect(pane->document().data(), &OvSegyDocument::firstBreaksChanged, q,
+                [this] { updateFirstBreakFile(); });
+}
+
+void OvGatherViewController::Private::connectBar()
+{
+    connect(bar, &OvPagingBar::gatherChosen, pane, &OvGatherPane::setCurrentGather);
+    connect(bar, &OvPagingBar::fieldRecordChosen, q,
+            [this](int record) { goToFieldRecord(record); });
+    connect(bar, &OvPagingBar::zoomInChosen, q, &OvGatherViewController::zoomIn);
+    connect(bar, &OvPagingBar::zoomOutChosen, q, &OvGatherViewController::zoomOut);
+    connect(bar, &OvPagingBar::fitChosen, q, &OvGatherViewController::zoomToFit);
+}
+
+void OvGatherViewController::Private::setProperties()
+{
+    q->setProperty("DisplayDefine", QVariant::fromValue(OvDisplayDefineNode().define()));
+    q->setProperty("FitDisplayDefine", QVariant::fromValue(OvFitDisplayDefineNode().define()));
+    q->setProperty("TraceHeaderDefine", QVariant::fromValue(OvTraceHeaderDefineNode().define()));
+    if (!pane->document())
+        return;
+    q->setProperty("SegyFile", pane->document()->segyPath());
+    q->setProperty("FBFile", QString());
+    updateFirstBreakFile();
+}
+
+void OvGatherViewController::Private::updateFirstBreakFile()
+{
+    const QString path = pane->document()->firstBreakPath();
+    if (q->property("FBFile").toString() != path && QFileInfo::exists(path))
+        q->setProperty("FBFile", path);
+}
+
+void OvGatherViewController::Private::applyProperty(const QByteArray& name)
+{
+    if (name == "DisplayDefine")
+        canvas->setDisplayDefine(defineOf<OvDisplayDefine>(q, name));
+    else if (name == "FitDisplayDefine")
+        applyScale();
+    else if (name == "TraceHeaderDefine")
+        canvas->setTraceHeaderDefine(defineOf<OvTraceHeaderDefine>(q, name));
+    else if (name == "SegyFile" || name == "FBFile")
+        emit q->populate();
+}
+
+void OvGatherViewController::Private::applyScale()
+{
+    const auto wanted = defineOf<OvFitDisplayDefine>(q, "FitDisplayDefine");
+    if (wanted == scale)
+        return;
+    scale = wanted;
+    if (wanted.fitted)
+        canvas->fit();
+    else
+        canvas->setScale(wanted.traceSpacing, wanted.pixelsPerSecond / 1000.0);
+}
+
+void OvGatherViewController::Private::takeScaleFromCanvas()
+{
+    const OvViewState& state = canvas->viewState();
+    OvFitDisplayDefine chosen;
+    chosen.fitted = state.isFitted();
+    chosen.traceSpacing = state.traceSpacing();
+    chosen.pixelsPerSecond = state.pixelsPerMs() * 1000.0;
+    if (chosen == scale || (chosen.fitted && scale.fitted))
+        return;
+    scale = chosen;
+    q->setProperty("FitDisplayDefine", QVariant::fromValue(chosen));
+    shareScale.start();
+}
+
+void OvGatherViewController::Private::updateBar()
+{
+    bar->setGather(pane->currentGather(), pane->gatherCount(), pane->fieldRecord());
+}
+
+void OvGatherViewController::Private::goToFieldRecord(int record)
+{
+    const int gather =
+        pane->document() ? pane->document()->index()->gatherOfFieldRecord(record) : -1;
+    if (gather >= 0)
+        pane->setCurrentGather(gather);
+    else
+        emit q->outputInfo(OvGatherViewController::tr("There is no field record %1.").arg(record));
+    updateBar();
+}
+
+OvGatherViewController::OvGatherViewController(const QSharedPointer<OvSegyDocument>& document,
+                                               QWidget* parent)
+    : OvPlaneViewController(parent)
+    , d(std::make_unique<Private>(this, document))
+{
+    delegateJob()->setEnabled(false);
+    delegateJob()->setTaskName(description());
+    d->setProperties();
+    d->updateBar();
+    d->retranslate();
+}
+
+OvGatherViewController::~OvGatherViewController()
+{
+    // The children tell of their end to the private part, which is gone by the time QObject deletes
+    // them.
+    delete d->canvas;
+}
+
+QSharedPointer<OvSegyDocument> OvGatherViewController::document() const
+{
+    return d->pane->document();
+}
+
+QString OvGatherViewController::description() const
+{
+    return document() ? QFileInfo(document()->segyPath()).fileName() : tr("No data");
+}
+
+bool OvGatherViewController::editable() const
+{
+    return document() && document()->firstBreakStatus();
+}
+
+QWidget* OvGatherViewController::canvas() const
+{
+    return d->canvas;
+}
+
+int OvGatherViewController::currentGather() const
+{
+    return d->pane->currentGather();
+}
+
+int OvGatherViewController::gatherCount() const
+{
+    return d->pane->gatherCount();
+}
+
+void OvGatherViewController::setCurrentGather(int gather)
+{
+    d->pane->setCurrentGather(gather);
+}
+
+bool OvGatherViewController::isShowingData() const
+{
+    return d->pane->isShowing();
+}
+
+bool OvGatherViewController::Private::handlePageKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+    case Qt::Key_PageUp:
+        pane->setCurrentGather(pane->currentGather() - 1);
+        return true;
+    case Qt::Key_Right:
+    case Qt::Key_PageDown:
+        pane->setCurrentGather(pane->currentGather() + 1);
+        return true;
+    case Qt::Key_Home:
+        pane->setCurrentGather(0);
+        return true;
+    case Qt::Key_End:
+        pane->setCurrentGather(pane->gatherCount() - 1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool OvGatherViewController::Private::handleScrollKey(int key)
+{
+    const QSizeF step = canvas->viewState().viewSize() * scrollShare;
+    switch (key) {
+    case Qt::Key_Up:
+        canvas->panBy({0.0, step.height()});
+        return true;
+    case Qt::Key_Down:
+        canvas->panBy({0.0, -step.height()});
+        return true;
+    case Qt::Key_Left:
+        canvas->panBy({step.width(), 0.0});
+        return true;
+    case Qt::Key_Right:
+        canvas->panBy({-step.width(), 0.0});
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool OvGatherViewController::Private::handleKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    const bool scrolls = modifiers & Qt::ControlModifier;
+    if (scrolls || key == Qt::Key_Up || key == Qt::Key_Down)
+        return handleScrollKey(key);
+    switch (key) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        q->zoomIn();
+        return true;
+    case Qt::Key_Minus:
+        q->zoomOut();
+        return true;
+    case Qt::Key_0:
+        q->zoomToFit();
+        return true;
+    default:
+        return handlePageKey(key);
+    }
+}
+
+void OvGatherViewController::handleKeyEvent(QKeyEvent* event)
+{
+    event->setAccepted(d->handleKey(event->key(), event->modifiers()));
+}
+
+void OvGatherViewController::keyPressEvent(QKeyEvent* event)
+{
+    handleKeyEvent(event);
+}
+
+void OvGatherViewController::captureScreenshot()
+{
+    const QString name =
+        QFileInfo(description()).completeBaseName() + '_' + QString::number(d->pane->fieldRecord());
+    const QString path = OvPictureFile::askAndSave(this, name, picture());
+    if (!path.isEmpty())
+        emit outputInfo(tr("Picture written to %1.").arg(path));
+}
+
+OvStatus OvGatherViewController::savePicture(const QString& path)
+{
+    return OvPictureFile::save(picture(), path);
+}
+
+QImage OvGatherViewController::picture()
+{
+    return d->canvas->picture();
+}
+
+void OvGatherViewController::zoomIn()
+{
+    d->canvas->zoomBy(zoomStep);
+}
+
+void OvGatherViewController::zoomOut()
+{
+    d->canvas->zoomBy(1.0 / zoomStep);
+}
+
+void OvGatherViewController::zoomToFit()
+{
+    d->canvas->fit();
+}
+
+void OvGatherViewController::Private::retranslate()
+{
+    bar->retranslate();
+    pane->retranslate();
+    canvas->setWhatsThis(
+        OvGatherViewController::tr("The wheel zooms at the mouse, with Ctrl the time only, with "
+                                   "Shift the traces only. Drag to "
+                                   "move; drag with the right button, or with Shift, to zoom to a "
+                                   "rectangle; double-click to see "
+                                   "the whole gather. Left and Right, Page Up and Page Down leaf "
+                                   "through the gathers, Up and Down "
+                                   "scroll, + - and 0 zoom."));
+    q->delegateJob()->setTaskName(q->description());
+}
+
+void OvGatherViewController::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        d->retranslate();
+    OvPlaneViewController::changeEvent(event);
+}
+
+bool OvGatherViewController::event(QEvent* event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange)
+        d->applyProperty(static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName());
+    return OvPlaneViewController::event(event);
+}

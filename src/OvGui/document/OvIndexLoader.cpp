@@ -1,0 +1,128 @@
+#include "OvGui/document/OvIndexLoader.h"
+
+#include "OvBase/OvAbstractJob.h"
+#include "OvBase/OvTaskManager.h"
+
+#include <QFileInfo>
+
+namespace {
+
+int percentOf(qint64 done, qint64 total)
+{
+    return total > 0 ? static_cast<int>(done * 100 / total) : 0;
+}
+
+} // namespace
+
+OvIndexLoader::OvIndexLoader(std::shared_ptr<const OvSegyFile> file, QObject* parent)
+    : QObject(parent)
+    , m_file(std::move(file))
+    , m_index(std::make_shared<const OvSegyIndex>())
+    , m_reads(OvBackground::readPool())
+    , m_scans(OvBackground::scanPool())
+{
+}
+
+OvIndexLoader::~OvIndexLoader()
+{
+    if (m_cancel)
+        m_cancel->store(true);
+}
+
+void OvIndexLoader::start()
+{
+    if (m_running || m_complete)
+        return;
+    m_running = true;
+    m_percent = 0;
+    m_message.clear();
+    m_cancel = std::make_shared<std::atomic<bool>>(false);
+    makeJob();
+    if (m_index->gatherCount() > 0) {
+        startScan();
+        return;
+    }
+    m_reads.run([this, file = m_file](const OvBackground::Post& post) {
+        auto index = std::make_shared<OvSegyIndex>();
+        const OvStatus status = index->buildFirstGather(*file);
+        post([this, status, index] { takeFirst(status, index); });
+    });
+}
+
+void OvIndexLoader::makeJob()
+{
+    delete m_job;
+    m_job = new OvAbstractJob(this);
+    m_job->setTaskName(tr("Indexing %1").arg(QFileInfo(m_file->info().path).fileName()));
+    m_job->setCancellable(true);
+    connect(m_job, &OvAbstractJob::cancelRequested, this, [this] { m_cancel->store(true); });
+    OvTaskManager::instance().addTask(m_job);
+    m_job->start();
+}
+
+void OvIndexLoader::takeFirst(const OvStatus& status, const std::shared_ptr<OvSegyIndex>& index)
+{
+    // A failure here comes again, with its message, from the scan of the whole file.
+    startScan();
+    if (!status)
+        return;
+    m_index = index;
+    emit firstGatherReady();
+}
+
+void OvIndexLoader::startScan()
+{
+    m_scans.run([this, file = m_file, cancel = m_cancel](const OvBackground::Post& post) {
+        auto index = std::make_shared<OvSegyIndex>();
+        const OvStatus status = index->build(*file, [&](qint64 done, qint64 total) {
+            post([this, percent = percentOf(done, total)] { takeProgress(percent); });
+            return !cancel->load();
+        });
+        post([this, status, index, cancel] { takeAll(status, index, cancel->load()); });
+    });
+}
+
+void OvIndexLoader::takeProgress(int percent)
+{
+    if (percent == m_percent)
+        return;
+    m_percent = percent;
+    if (m_job)
+        m_job->setProgress(percent);
+    emit progress(percent);
+}
+
+void OvIndexLoader::takeAll(const OvStatus& status, const std::shared_ptr<OvSegyIndex>& index,
+                            bool cancelled)
+{
+    m_running = false;
+    m_complete = status.ok() && index->traceCount() == m_file->info().traceCount;
+    if (m_complete) {
+        m_index = index;
+        m_percent = 100;
+    } else {
+        m_message = cancelled
+                        ? tr("Reading the headers of %1 was cancelled; only the first gather is "
+                             "shown. Read the headers to see all gathers.")
+                              .arg(QFileInfo(m_file->info().path).fileName())
+                        : status.message();
+    }
+    finishJob(cancelled);
+    if (m_complete)
+        emit completed();
+    else
+        emit failed(m_message);
+}
+
+void OvIndexLoader::finishJob(bool cancelled)
+{
+    if (!m_job)
+        return;
+    if (!m_complete) {
+        m_job->finish(cancelled ? OvAbstractJob::Cancelled : OvAbstractJob::Failed, m_message);
+        return;
+    }
+    m_job->finish(OvAbstractJob::Finished);
+    OvTaskManager::instance().removeTask(m_job);
+    m_job->deleteLater();
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "OvGui/document/OvSegyDocument.h"
+
+#include <QObject>
+#include <QTimer>
+
+class OvGatherCanvas;
+
+/// Keeps a canvas showing one gather of a document: loads, prefetches the neighbours, follows the
+/// first breaks, and says on the canvas what is going on. GUI thread.
+class OvGatherPane : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// document may be null; canvas is the parent.
+    OvGatherPane(QSharedPointer<OvSegyDocument> document, OvGatherCanvas* canvas);
+    ~OvGatherPane() override;
+
+    QSharedPointer<OvSegyDocument> document() const { return m_document; }
+    int currentGather() const { return m_current; }
+    int gatherCount() const;
+    qint32 fieldRecord() const;
+    /// Bounded to the gathers there are.
+    void setCurrentGather(int gather);
+    /// Whether the current gather stands on the screen.
+    bool isShowing() const;
+    void retranslate();
+
+signals:
+    void currentGatherChanged(int gather);
+    void gatherCountChanged();
+    void gatherShown(int gather);
+    /// The answer of isShowing() may be another one.
+    void showingChanged();
+    /// A line for the status bar.
+    void info(const QString& text);
+
+private:
+    void load();
+    void takeLoaded(int gather, const std::shared_ptr<const OvGather>& data,
+                    const QString& message);
+    void show(const std::shared_ptr<const OvGather>& data);
+    void takeIndex();
+    void prefetch();
+    void updateBreaks();
+    void updateTitle();
+    void updateMessage();
+    QString message() const;
+    QString indexingMessage() const;
+
+    QSharedPointer<OvSegyDocument> m_document;
+    OvGatherCanvas* m_canvas;
+    int m_current = 0;
+    int m_onCanvas = -1;
+    int m_requested = -1;
+    bool m_painted = false;
+    QString m_error;   // why the current gather cannot be shown
+    QTimer m_patience; // what is over sooner is not worth a message
+    QString m_lastInfo;
+};
