@@ -1,5 +1,6 @@
 #include "Command.h"
 #include "InfoCommand.h"
+#include "PickCommand.h"
 
 #include <QCoreApplication>
 
@@ -20,7 +21,7 @@ public:
 
 const std::vector<Command>& commands()
 {
-    static const std::vector<Command> all = {InfoCommand::command()};
+    static const std::vector<Command> all = {InfoCommand::command(), PickCommand::command()};
     return all;
 }
 
