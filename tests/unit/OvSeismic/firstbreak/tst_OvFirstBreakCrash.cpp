@@ -1,0 +1,139 @@
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QtTest>
+
+#include <cstdio>
+#include <random>
+
+namespace {
+
+constexpr int traceCount = 48;
+
+OvSegyFileInfo segyInfo()
+{
+    OvSegyFileInfo info;
+    info.path = QStringLiteral("/data/line.sgy");
+    info.traceCount = 1000;
+    return info;
+}
+
+OvFirstBreaks breaksOf(qint32 record)
+{
+    OvFirstBreaks breaks;
+    breaks.resize(traceCount);
+    breaks.timesMs.assign(traceCount, float(record));
+    breaks.states.assign(traceCount, OvPickState::Manual);
+    return breaks;
+}
+
+/// The child: writes one row after another and says so once each write has returned.
+int writeUntilKilled(const QString& path, qint32 first)
+{
+    OvFirstBreakFile file;
+    if (!file.open(path, segyInfo()))
+        return 1;
+    for (qint32 record = first;; ++record) {
+        if (!file.write(record, breaksOf(record)))
+            return 2;
+        std::printf("%d\n", record);
+        std::fflush(stdout);
+    }
+}
+
+} // namespace
+
+/// A program that is killed while it saves loses at most the edit in flight.
+class tst_OvFirstBreakCrash : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyWriteThatReturnedIsThere();
+    void killedWhileCreating();
+
+private:
+    static QString integrity(const QString& path);
+};
+
+QString tst_OvFirstBreakCrash::integrity(const QString& path)
+{
+    QString verdict;
+    {
+        QSqlDatabase database =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("check"));
+        database.setDatabaseName(path);
+        QSqlQuery query(database.open() ? database : QSqlDatabase());
+        if (query.exec(QStringLiteral("PRAGMA integrity_check")) && query.next())
+            verdict = query.value(0).toString();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("check"));
+    return verdict;
+}
+
+void tst_OvFirstBreakCrash::everyWriteThatReturnedIsThere()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("line.sgy.fb"));
+    std::mt19937 random(7);
+    qint32 next = 1;
+    for (int round = 0; round < 25; ++round) {
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--write"), path, QString::number(next)});
+        QVERIFY(child.waitForReadyRead(20000));
+        // Not a wait for anything: the kill has to fall at any moment of a write.
+        QTest::qWait(int(random() % 30));
+        child.kill();
+        QVERIFY(child.waitForFinished(20000));
+        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+        const QList<QByteArray> said = child.readAllStandardOutput().trimmed().split('\n');
+        const qint32 last = said.last().toInt();
+        QVERIFY(last >= next);
+        OvFirstBreakFile file;
+        const OvStatus status = file.open(path, segyInfo());
+        QVERIFY2(status, qPrintable(status.message()));
+        for (qint32 record = next; record <= last; ++record) {
+            OvFirstBreaks read;
+            QVERIFY(file.read(record, traceCount, &read));
+            QCOMPARE(read.timesMs, breaksOf(record).timesMs);
+        }
+        const int rows = file.fieldRecords().size();
+        QVERIFY(rows == last || rows == last + 1);
+        file.close();
+        QCOMPARE(integrity(path), QStringLiteral("ok"));
+        next = rows + 1;
+    }
+}
+
+void tst_OvFirstBreakCrash::killedWhileCreating()
+{
+    std::mt19937 random(11);
+    for (int round = 0; round < 15; ++round) {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("line.sgy.fb"));
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--write"), path, QStringLiteral("1")});
+        QVERIFY(child.waitForStarted(20000));
+        QTest::qWait(int(random() % 60));
+        child.kill();
+        QVERIFY(child.waitForFinished(20000));
+        OvFirstBreakFile file;
+        const OvStatus status = file.open(path, segyInfo());
+        QVERIFY2(status, qPrintable(status.message()));
+        QVERIFY(file.write(1000000, breaksOf(1)));
+    }
+}
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.value(1) == QLatin1String("--write"))
+        return writeUntilKilled(arguments.value(2), arguments.value(3).toInt());
+    tst_OvFirstBreakCrash test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_OvFirstBreakCrash.moc"

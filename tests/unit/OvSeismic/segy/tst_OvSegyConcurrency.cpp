@@ -1,0 +1,113 @@
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+#include "OvSeismic/segy/OvSegyFile.h"
+#include "OvSeismic/segy/OvSegyIndex.h"
+#include "fixtures/SegyWriter.h"
+
+#include <QtTest>
+
+#include <atomic>
+#include <thread>
+
+/// One open file and one index, read by several threads at once.
+class tst_OvSegyConcurrency : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void gathersFromManyThreads();
+    void headersAndSamplesAndIndexAtOnce();
+    void firstBreakFilesOfManyThreads();
+
+private:
+    template <typename Work>
+    void inThreads(const Work& work)
+    {
+        std::vector<std::thread> threads;
+        for (int number = 0; number < threadCount; ++number)
+            threads.emplace_back(work, number);
+        for (std::thread& thread : threads)
+            thread.join();
+        QCOMPARE(m_failures.load(), 0);
+    }
+    void check(bool good)
+    {
+        if (!good)
+            ++m_failures;
+    }
+
+    static constexpr int threadCount = 6;
+    static constexpr int traceCount = 400;
+    static constexpr int sampleCount = 200;
+    QTemporaryDir m_folder;
+    OvSegyFile m_file;
+    OvSegyIndex m_index;
+    std::atomic<int> m_failures{0};
+};
+
+void tst_OvSegyConcurrency::initTestCase()
+{
+    const QString path = m_folder.filePath(QStringLiteral("shared.sgy"));
+    SegyWriter writer = SegyWriter::ramps(traceCount, sampleCount);
+    writer.format = 1;
+    QVERIFY(writer.write(path));
+    QVERIFY(m_file.open(path));
+    QVERIFY(m_index.build(m_file));
+}
+
+void tst_OvSegyConcurrency::gathersFromManyThreads()
+{
+    inThreads([this](int number) {
+        for (int i = 0; i < 2 * m_index.gatherCount(); ++i) {
+            const int which = (i * (number + 1)) % m_index.gatherCount();
+            OvGather gather;
+            check(m_index.readGather(m_file, which, &gather).ok());
+            for (int row = 0; row < gather.traceCount(); ++row) {
+                for (int k = 0; k < sampleCount; k += 17)
+                    check(gather.trace(row)[k] == SegyWriter::rampValue(4 * which + row, k));
+            }
+        }
+    });
+}
+
+void tst_OvSegyConcurrency::headersAndSamplesAndIndexAtOnce()
+{
+    inThreads([this](int number) {
+        std::vector<float> samples(sampleCount);
+        std::vector<OvTraceHeader> headers;
+        for (qint64 trace = number; trace < traceCount; trace += threadCount) {
+            check(m_file.readSamples(trace, samples.data()).ok());
+            check(samples[3] == SegyWriter::rampValue(int(trace), 3));
+            check(m_file.readHeaders(trace, 5, &headers).ok());
+            check(headers.front().offset == float(10 * (trace + 1)));
+        }
+        OvSegyIndex own;
+        check(own.build(m_file).ok());
+        check(own.gatherCount() == m_index.gatherCount());
+    });
+}
+
+void tst_OvSegyConcurrency::firstBreakFilesOfManyThreads()
+{
+    const QString path = m_folder.filePath(QStringLiteral("shared.fb"));
+    const OvSegyFileInfo info = m_file.info();
+    inThreads([&](int number) {
+        OvFirstBreakFile file;
+        check(file.open(path, info).ok());
+        OvFirstBreaks breaks;
+        breaks.resize(4);
+        for (int round = 0; round < 5; ++round) {
+            breaks.timesMs.assign(4, float(round));
+            check(file.write(number, breaks).ok());
+            OvFirstBreaks read;
+            check(file.read(number, 4, &read).ok());
+            check(read.timesMs == breaks.timesMs);
+        }
+    });
+    OvFirstBreakFile file;
+    QVERIFY(file.open(path, info));
+    QCOMPARE(file.fieldRecords().size(), int(threadCount));
+}
+
+QTEST_GUILESS_MAIN(tst_OvSegyConcurrency)
+#include "tst_OvSegyConcurrency.moc"
