@@ -22,6 +22,7 @@ public:
     void makeReadOnly();
     void setTitle();
     void loadProjects();
+    void setNames(const QStringList& names);
     void showProject(const QString& name);
     void updateButtonState();
     void applyUpdate();
@@ -78,7 +79,14 @@ void OvProjectManageDlgPrivate::loadProjects()
     for (const OvProjectDefine& project : OvProjectDefineNode().projects())
         names.append(project.name);
     names.removeAll(OvProjectManager::instance().define().name);
+    setNames(names);
+}
+
+// Setting no current row keeps the view from choosing the first one when it gets the focus.
+void OvProjectManageDlgPrivate::setNames(const QStringList& names)
+{
     model.setStringList(names);
+    ui.projectList->setCurrentIndex(QModelIndex());
 }
 
 void OvProjectManageDlgPrivate::showProject(const QString& name)
@@ -130,7 +138,7 @@ void OvProjectManageDlgPrivate::hideMarked(QStringList names)
 {
     for (const QString& name : qAsConst(pendingDeletions))
         names.removeAll(name);
-    model.setStringList(names);
+    setNames(names);
 }
 
 void OvProjectManageDlgPrivate::commitDeletions()
