@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QtEndian>
 
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -19,15 +20,17 @@ constexpr int traceHeaderSize = 240;
 class Words
 {
 public:
-    explicit Words(char* start)
+    /// start holds the byte at position first.
+    explicit Words(char* start, int first = 1)
         : m_start(start)
+        , m_first(first)
     {
     }
     void set16(int position, int value)
     {
-        qToBigEndian(static_cast<qint16>(value), m_start + position - 1);
+        qToBigEndian(static_cast<qint16>(value), m_start + (position - m_first));
     }
-    void set32(int position, qint32 value) { qToBigEndian(value, m_start + position - 1); }
+    void set32(int position, qint32 value) { qToBigEndian(value, m_start + (position - m_first)); }
     void setCentimetres(int position, double metres)
     {
         set32(position, static_cast<qint32>(std::lround(metres * 100.0)));
@@ -35,6 +38,7 @@ public:
 
 private:
     char* m_start;
+    int m_first;
 };
 
 // The characters that the text below uses; EBCDIC keeps letters in three runs.
@@ -99,8 +103,8 @@ QByteArray textHeader(int shots)
 QByteArray binaryHeader()
 {
     constexpr int size = 400;
-    QByteArray header(size, '\0');
-    Words words(header.data() - 3200);
+    std::array<char, size> header{};
+    Words words(header.data(), 3201);
     words.set32(3201, 1);                      // job
     words.set32(3205, 1);                      // line
     words.set32(3209, 1);                      // reel
@@ -115,7 +119,7 @@ QByteArray binaryHeader()
     words.set16(3255, 1);                          // metres
     words.set16(3501, 0x0100);                     // revision 1.0
     words.set16(3503, 1);                          // all traces of one length
-    return header;
+    return {header.data(), size};
 }
 
 double easting(double position)
@@ -180,11 +184,13 @@ QByteArray DemoSegy::traces(const DemoLine& line, int shot)
 {
     const std::vector<float> samples = DemoShot::record(line, shot);
     constexpr int traceSize = traceHeaderSize + DemoShot::sampleCount * int(sizeof(float));
-    QByteArray bytes(traceSize * DemoLine::channelCount, '\0');
+    QByteArray bytes;
+    bytes.reserve(traceSize * DemoLine::channelCount);
+    std::array<char, traceSize> trace;
     const float* sample = samples.data();
     for (int channel = 0; channel < DemoLine::channelCount; ++channel) {
-        char* trace = bytes.data() + channel * traceSize;
-        Words words(trace);
+        trace.fill('\0');
+        Words words(trace.data());
         const int station = DemoLine::firstStation(shot) + channel;
         setIdentity(shot, channel, &words);
         setGeometry(line, DemoLine::shotPosition(shot), DemoLine::stationPosition(station), &words);
@@ -192,8 +198,9 @@ QByteArray DemoSegy::traces(const DemoLine& line, int shot)
         for (int i = 0; i < DemoShot::sampleCount; ++i) {
             quint32 bits = 0;
             std::memcpy(&bits, sample++, sizeof bits);
-            qToBigEndian(bits, trace + traceHeaderSize + i * int(sizeof bits));
+            qToBigEndian(bits, trace.data() + traceHeaderSize + i * int(sizeof bits));
         }
+        bytes.append(trace.data(), traceSize);
     }
     return bytes;
 }
