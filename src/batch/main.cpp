@@ -3,6 +3,8 @@
 #include "PickCommand.h"
 
 #include <QCoreApplication>
+#include <QLocale>
+#include <QTranslator>
 
 #include <vector>
 
@@ -35,6 +37,22 @@ QString help()
     return text + QLatin1Char('\n') + Text::more() + QLatin1Char('\n');
 }
 
+/// Scripts read the JSON, so it stays the same in every language.
+bool wantsChinese(const QStringList& arguments)
+{
+    return QLocale::system().language() == QLocale::Chinese &&
+           !arguments.contains(QLatin1String("--json"));
+}
+
+void speakChinese(QCoreApplication* application)
+{
+    for (const char* catalogue : {"OvSeismic_cn.qm", "TarnpickBatch_cn.qm"}) {
+        auto* translator = new QTranslator(application);
+        if (translator->load(QStringLiteral(":/resource/translations/") + QLatin1String(catalogue)))
+            QCoreApplication::installTranslator(translator);
+    }
+}
+
 int dispatch(const QStringList& arguments)
 {
     const QString name = arguments.value(0);
@@ -58,8 +76,11 @@ int dispatch(const QStringList& arguments)
 
 int main(int argc, char* argv[])
 {
-    const QCoreApplication application(argc, argv);
+    QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tarnpick-batch"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TARNPICK_VERSION));
-    return dispatch(QCoreApplication::arguments().mid(1));
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (wantsChinese(arguments))
+        speakChinese(&application);
+    return dispatch(arguments);
 }

@@ -65,7 +65,8 @@ QString OvDemoSurvey::file()
 OvStatus OvDemoSurvey::make()
 {
     const auto window = busyWindow(tr("Making the demo line..."));
-    const QString generator = QCoreApplication::applicationDirPath() + QStringLiteral("/tarnpick-demo");
+    const QString generator =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/tarnpick-demo");
     return runToEnd(generator, {folder()});
 }
 

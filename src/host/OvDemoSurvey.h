@@ -18,7 +18,8 @@ public:
     /// The SEG-Y file of the line.
     static QString file();
 
-    /// Runs the generator beside the program, behind a progress window; quick when the line is there.
+    /// Runs the generator beside the program, behind a progress window; quick when the line is
+    /// there.
     static OvStatus make();
     /// Stores the project record, unless there is one of that name.
     static OvStatus ensureProject();

@@ -61,7 +61,9 @@ void OvHostSession::addLogin()
     if (options.entersByItself())
         runner.add({QStringLiteral("login"), {}, [this] { return enter(); }});
     const bool waitsForUser = !options.entersByItself();
-    runner.add({QStringLiteral("main window"), [] { return mainWindow() != nullptr; }, {},
+    runner.add({QStringLiteral("main window"),
+                [] { return mainWindow() != nullptr; },
+                {},
                 waitsForUser ? 0 : 60000});
     if (!options.screenshots.isEmpty())
         OvScreenshotWalk::addEmptyWindow(&runner, options.screenshots);

@@ -45,8 +45,7 @@ public:
         return tr("it belongs to another SEG-Y file: it was made for %1 with %2 traces, and this "
                   "one "
                   "has %3.")
-            .arg(name, traces)
-            .arg(wanted);
+            .arg(name, traces, QString::number(wanted));
     }
 };
 

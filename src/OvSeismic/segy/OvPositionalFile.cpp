@@ -29,10 +29,9 @@ public:
     static QString isFolder() { return tr("it is a folder."); }
     static OvStatus readFailure(const QString& path, qint64 offset, const QString& reason)
     {
-        return OvStatus::failure(tr("Cannot read %1 at byte %2: %3")
-                                     .arg(QDir::toNativeSeparators(path))
-                                     .arg(offset)
-                                     .arg(reason));
+        return OvStatus::failure(
+            tr("Cannot read %1 at byte %2: %3")
+                .arg(QDir::toNativeSeparators(path), QString::number(offset), reason));
     }
     static QString ended()
     {

@@ -60,9 +60,8 @@ public:
 OvStatus OvSegyFile::Private::badTrace(qint64 trace) const
 {
     return OvStatus::failure(tr("%1 has no trace %2; it has %3 traces.")
-                                 .arg(QDir::toNativeSeparators(info.path))
-                                 .arg(trace)
-                                 .arg(info.traceCount));
+                                 .arg(QDir::toNativeSeparators(info.path), QString::number(trace),
+                                      QString::number(info.traceCount)));
 }
 
 OvStatus OvSegyFile::Private::noMemory() const

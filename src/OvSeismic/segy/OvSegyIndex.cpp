@@ -44,8 +44,8 @@ OvStatus OvSegyIndex::Private::tooMany(const OvSegyFile& file) const
 {
     return OvStatus::failure(
         tr("%1 has %2 traces, more than the program can index. Split the file.")
-            .arg(QDir::toNativeSeparators(file.info().path))
-            .arg(file.info().traceCount));
+            .arg(QDir::toNativeSeparators(file.info().path),
+                 QString::number(file.info().traceCount)));
 }
 
 OvStatus OvSegyIndex::Private::noMemory(const OvSegyFile& file) const
@@ -58,9 +58,9 @@ OvStatus OvSegyIndex::Private::noMemory(const OvSegyFile& file) const
 OvStatus OvSegyIndex::Private::noGather(const OvSegyFile& file, int gather) const
 {
     return OvStatus::failure(tr("%1 has no gather %2; it has %3 gathers.")
-                                 .arg(QDir::toNativeSeparators(file.info().path))
-                                 .arg(gather)
-                                 .arg(grouping.gatherCount()));
+                                 .arg(QDir::toNativeSeparators(file.info().path),
+                                      QString::number(gather),
+                                      QString::number(grouping.gatherCount())));
 }
 
 OvStatus OvSegyIndex::Private::scan(const OvSegyFile& file, const Progress& progress)

@@ -30,8 +30,8 @@ float ibmValue(quint32 word)
     const auto exponent = static_cast<qint32>((word >> 24) & 0x7F);
     const auto fraction = static_cast<double>(static_cast<qint32>(word & 0xFFFFFF));
     // 2^(4 * (exponent - 64) - 24), put together from the bits of a double; the sign comes along.
-    const quint64 scaleBits = (static_cast<quint64>(4 * exponent - 280 + 1023) << 52)
-                              | (static_cast<quint64>(word >> 31) << 63);
+    const quint64 scaleBits = (static_cast<quint64>(4 * exponent - 280 + 1023) << 52) |
+                              (static_cast<quint64>(word >> 31) << 63);
     double scale = 0.0;
     std::memcpy(&scale, &scaleBits, sizeof(scale));
     return static_cast<float>(fraction * scale);

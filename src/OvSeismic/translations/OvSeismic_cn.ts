@@ -1,0 +1,309 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>OvFirstBreakFile</name>
+    <message>
+        <source>First-break file %1: %2</source>
+        <translation>初至文件 %1：%2</translation>
+    </message>
+    <message>
+        <source>No first-break file is open.</source>
+        <translation>没有打开的初至文件。</translation>
+    </message>
+    <message>
+        <source>it is read-only; the first breaks cannot be saved.</source>
+        <translation>该文件是只读的，无法保存初至。</translation>
+    </message>
+    <message>
+        <source>it was removed or renamed while it was open.</source>
+        <translation>该文件在打开期间被删除或重命名。</translation>
+    </message>
+    <message>
+        <source>the first breaks of record %1 are incomplete.</source>
+        <translation>野外文件号 %1 的初至不完整。</translation>
+    </message>
+    <message>
+        <source>it has first breaks of %1 traces for a gather of %2 traces.</source>
+        <translation>其中的初至为 %1 道，而道集有 %2 道。</translation>
+    </message>
+    <message>
+        <source>the row of a gather is damaged. Restore the file from a copy.</source>
+        <translation>某个道集的记录已损坏。请用备份恢复该文件。</translation>
+    </message>
+    <message>
+        <source>it is not a first-break file. Move it away.</source>
+        <translation>它不是初至文件。请将其移走。</translation>
+    </message>
+    <message>
+        <source>it is empty. Move it away.</source>
+        <translation>该文件为空。请将其移走。</translation>
+    </message>
+    <message>
+        <source>it is damaged (%1). Restore it from a copy or move it away.</source>
+        <translation>该文件已损坏（%1）。请用备份恢复或将其移走。</translation>
+    </message>
+    <message>
+        <source>it was written by a newer version of the program. Update the program.</source>
+        <translation>该文件由更新版本的程序写出。请升级程序。</translation>
+    </message>
+    <message>
+        <source>it belongs to another SEG-Y file: it was made for %1 with %2 traces, and this one has %3.</source>
+        <translation>它属于另一个 SEG-Y 文件：它是为含 %2 道的 %1 建立的，而当前文件有 %3 道。</translation>
+    </message>
+</context>
+<context>
+    <name>OvFirstBreakText</name>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message>
+        <source>there is not enough memory.</source>
+        <translation>内存不足。</translation>
+    </message>
+    <message>
+        <source>the export was cancelled.</source>
+        <translation>导出已取消。</translation>
+    </message>
+    <message>
+        <source>the traces of the SEG-Y file are not all known yet.</source>
+        <translation>SEG-Y 文件的道尚未全部读出。</translation>
+    </message>
+    <message>
+        <source>record %1 has %2 traces and first breaks of %3.</source>
+        <translation>野外文件号 %1 有 %2 道，而初至为 %3 道。</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickParameters</name>
+    <message>
+        <source>%1 is &quot;%2&quot;; it must be a number from %3 to %4.</source>
+        <translation>%1 为“%2”；它必须是 %3 到 %4 之间的数。</translation>
+    </message>
+    <message>
+        <source>%1 is &quot;%2&quot;; it must be &quot;negative&quot; or &quot;positive&quot;.</source>
+        <translation>%1 为“%2”；它必须是“negative”或“positive”。</translation>
+    </message>
+    <message>
+        <source>There is no picking parameter &quot;%1&quot;. The parameters are: %2.</source>
+        <translation>没有名为“%1”的拾取参数。可用参数：%2。</translation>
+    </message>
+    <message>
+        <source>min_offset_m (%1) is larger than max_offset_m (%2).</source>
+        <translation>min_offset_m（%1）大于 max_offset_m（%2）。</translation>
+    </message>
+    <message>
+        <source>quick_window_ms (%1) is longer than processing_length_ms (%2).</source>
+        <translation>quick_window_ms（%1）长于 processing_length_ms（%2）。</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickRun</name>
+    <message>
+        <source>Gather %1 of %2 cannot be picked: %3</source>
+        <translation>无法拾取 %2 的第 %1 个道集：%3</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegyFile</name>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>无法打开 %1：%2</translation>
+    </message>
+    <message>
+        <source>it is not a regular file.</source>
+        <translation>它不是普通文件。</translation>
+    </message>
+    <message>
+        <source>it is a folder.</source>
+        <translation>它是一个文件夹。</translation>
+    </message>
+    <message>
+        <source>Cannot read %1 at byte %2: %3</source>
+        <translation>无法读取 %1 的第 %2 字节处：%3</translation>
+    </message>
+    <message>
+        <source>the file is shorter than when it was opened. Open it again.</source>
+        <translation>该文件比打开时短。请重新打开。</translation>
+    </message>
+    <message>
+        <source>%1 has no trace %2; it has %3 traces.</source>
+        <translation>%1 没有第 %2 道；共有 %3 道。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read %1.</source>
+        <translation>内存不足，无法读取 %1。</translation>
+    </message>
+    <message>
+        <source>the file is empty.</source>
+        <translation>文件为空。</translation>
+    </message>
+    <message>
+        <source>it is no SEG-Y file; it has %1 bytes and the file headers alone take 3600.</source>
+        <translation>它不是 SEG-Y 文件；文件只有 %1 字节，而仅文件头就需要 3600 字节。</translation>
+    </message>
+    <message>
+        <source>it looks like a Seismic Unix (SU) file, which has no SEG-Y file headers. Convert it to SEG-Y first.</source>
+        <translation>它像是 Seismic Unix（SU）文件，没有 SEG-Y 文件头。请先转换为 SEG-Y 格式。</translation>
+    </message>
+    <message>
+        <source>it is no SEG-Y file, or its binary header is damaged: the sample format code in bytes 3225-3226 is %1.</source>
+        <translation>它不是 SEG-Y 文件，或其二进制卷头已损坏：第 3225-3226 字节的采样格式代码为 %1。</translation>
+    </message>
+    <message>
+        <source>its samples are in format %1 (%2), which is not supported. Convert it to format 1, 2, 3, 5 or 8.</source>
+        <translation>其采样格式为 %1（%2），不受支持。请转换为格式 1、2、3、5 或 8。</translation>
+    </message>
+    <message>
+        <source>The revision number %1.%2 is unknown; the file is read as revision 0.</source>
+        <translation>修订版本号 %1.%2 未知；按修订版 0 读取该文件。</translation>
+    </message>
+    <message>
+        <source>it has file headers but not one trace.</source>
+        <translation>它只有文件头，没有一道数据。</translation>
+    </message>
+    <message>
+        <source>The number of extended textual headers, %1, does not fit the file; none is assumed.</source>
+        <translation>扩展文本卷头的数目 %1 与文件不符；按没有扩展文本卷头处理。</translation>
+    </message>
+    <message>
+        <source>The position of the first trace, byte %1, does not fit the file; byte %2 is used.</source>
+        <translation>第一道的位置（第 %1 字节）与文件不符；采用第 %2 字节。</translation>
+    </message>
+    <message>
+        <source>Lengths in the file are in feet; offsets and elevations are converted to metres.</source>
+        <translation>文件中的长度以英尺为单位；炮检距和高程已换算为米。</translation>
+    </message>
+    <message>
+        <source>The binary header says %1 samples a trace, the first trace header %2; %3 is used.</source>
+        <translation>二进制卷头中每道为 %1 个采样点，第一个道头中为 %2 个；采用 %3 个。</translation>
+    </message>
+    <message>
+        <source>The number of extra trace headers, %1, does not fit the file; none is assumed.</source>
+        <translation>附加道头的数目 %1 与文件不符；按没有附加道头处理。</translation>
+    </message>
+    <message>
+        <source>The binary header says a sample interval of %1 µs, the first trace header %2 µs; %1 µs is used.</source>
+        <translation>二进制卷头中的采样间隔为 %1 µs，第一个道头中为 %2 µs；采用 %1 µs。</translation>
+    </message>
+    <message>
+        <source>The binary header has no valid sample interval; the %1 µs of the first trace header are used.</source>
+        <translation>二进制卷头中没有有效的采样间隔；采用第一个道头中的 %1 µs。</translation>
+    </message>
+    <message>
+        <source>The file has no valid sample interval; %1 µs are assumed.</source>
+        <translation>文件中没有有效的采样间隔；假定为 %1 µs。</translation>
+    </message>
+    <message>
+        <source>the binary header and the first trace header say 0 samples a trace.</source>
+        <translation>二进制卷头和第一个道头中每道的采样点数均为 0。</translation>
+    </message>
+    <message>
+        <source>it does not hold one whole trace: a trace of %1 samples takes %2 bytes and the file has %3 for traces.</source>
+        <translation>它不含一个完整的道：%1 个采样点的道占 %2 字节，而文件中道数据只有 %3 字节。</translation>
+    </message>
+    <message>
+        <source>The file ends in the middle of a trace or is damaged: %1 whole traces are read, %2 bytes behind them are left out.</source>
+        <translation>文件在某一道中间结束或已损坏：读取 %1 个完整的道，忽略其后的 %2 字节。</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegyIndex</name>
+    <message>
+        <source>%1 has %2 traces, more than the program can index. Split the file.</source>
+        <translation>%1 有 %2 道，超出程序可建立索引的数目。请拆分该文件。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to index the %1 traces of %2.</source>
+        <translation>内存不足，无法为 %2 的 %1 道建立索引。</translation>
+    </message>
+    <message>
+        <source>%1 has no gather %2; it has %3 gathers.</source>
+        <translation>%1 没有第 %2 个道集；共有 %3 个道集。</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>The file has no offsets and no usable coordinates; offsets are unknown.</source>
+        <translation>文件中没有炮检距，也没有可用的坐标；炮检距未知。</translation>
+    </message>
+    <message>
+        <source>The file has no offsets; they are computed from the coordinates.</source>
+        <translation>文件中没有炮检距；由坐标计算得出。</translation>
+    </message>
+    <message>
+        <source>Every field record has one trace; all traces form one gather.</source>
+        <translation>每个野外文件号只有一道；所有道组成一个道集。</translation>
+    </message>
+    <message>
+        <source>The file has no field records; all traces form one gather.</source>
+        <translation>文件中没有野外文件号；所有道组成一个道集。</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegySampleFormat</name>
+    <message>
+        <source>4-byte IBM floating point</source>
+        <translation>4 字节 IBM 浮点</translation>
+    </message>
+    <message>
+        <source>4-byte integer</source>
+        <translation>4 字节整数</translation>
+    </message>
+    <message>
+        <source>2-byte integer</source>
+        <translation>2 字节整数</translation>
+    </message>
+    <message>
+        <source>4-byte fixed point with gain</source>
+        <translation>4 字节带增益定点数</translation>
+    </message>
+    <message>
+        <source>4-byte IEEE floating point</source>
+        <translation>4 字节 IEEE 浮点</translation>
+    </message>
+    <message>
+        <source>8-byte IEEE floating point</source>
+        <translation>8 字节 IEEE 浮点</translation>
+    </message>
+    <message>
+        <source>3-byte integer</source>
+        <translation>3 字节整数</translation>
+    </message>
+    <message>
+        <source>1-byte integer</source>
+        <translation>1 字节整数</translation>
+    </message>
+    <message>
+        <source>8-byte integer</source>
+        <translation>8 字节整数</translation>
+    </message>
+    <message>
+        <source>4-byte unsigned integer</source>
+        <translation>4 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>2-byte unsigned integer</source>
+        <translation>2 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>8-byte unsigned integer</source>
+        <translation>8 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>3-byte unsigned integer</source>
+        <translation>3 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>1-byte unsigned integer</source>
+        <translation>1 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>Unknown format %1</source>
+        <translation>未知格式 %1</translation>
+    </message>
+</context>
+</TS>
