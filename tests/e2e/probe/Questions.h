@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QJsonObject>
+
+/// What the probe knows. GUI thread.
+namespace Questions {
+
+/// question["what"] chooses: "widget", "action", "tool", "row", "window", "view", "tasks".
+QJsonObject answer(const QJsonObject& question);
+
+} // namespace Questions
