@@ -2,9 +2,11 @@
 
 include(GenerateExportHeader)
 
-# What makes up the program, without tests; and the tests that the thread sanitizer runs.
+# What makes up the program, without tests; the tests that the thread sanitizer runs; those that run
+# on the release build.
 add_custom_target(program)
 add_custom_target(tsan_tests)
+add_custom_target(release_tests DEPENDS program)
 
 set(OV_GENERATED_DIR ${PROJECT_BINARY_DIR}/generated)
 file(MAKE_DIRECTORY ${OV_GENERATED_DIR}/links)

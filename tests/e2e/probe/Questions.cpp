@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QToolButton>
 
 #include <algorithm>
@@ -227,5 +228,8 @@ QJsonObject Questions::answer(const QJsonObject& question)
     if (what == "tasks")
         return {{"running", OvTaskManager::instance().hasRunningJob()},
                 {"count", OvTaskManager::instance().tasks().size()}};
+    if (what == "picture")
+        return {{"written", QGuiApplication::primaryScreen()->grabWindow(0).save(
+                                question["name"].toString())}};
     return {{"error", "unknown question"}};
 }

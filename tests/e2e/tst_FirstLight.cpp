@@ -1,0 +1,280 @@
+#include "Walker.h"
+
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+#include "OvSeismic/segy/OvSegyFile.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QtTest>
+
+/// The whole path of a first session and a second one, on the built program, with mouse and keys.
+/// Each step goes on where the one before stopped.
+class tst_FirstLight : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void logsIn();
+    void makesAProjectByKeyboard();
+    void opensAFileByMouse();
+    void pagesThroughTheGathers();
+    void picksAutomatically();
+    void exportsTheTimes();
+    void closesByKey();
+    void findsThePicksAgain();
+    void speaksChinese();
+    void picksARecordedLine();
+
+private:
+    QString dataFile() const { return m_walker.home() + "/survey/demo_line.sgy"; }
+    bool enter(const QStringList& arguments = {});
+    bool openFile(const QString& name);
+    bool makeProject(const QString& name, const QString& folder);
+    bool pickAll();
+    int storedPicks(const QJsonObject& view);
+
+    Walker m_walker;
+    int m_truePicks = 0;
+    int m_picks = 0;
+};
+
+namespace {
+
+constexpr int shots = 12;
+constexpr int channels = 120;
+
+int run(const QString& program, const QStringList& arguments)
+{
+    return QProcess::execute(qEnvironmentVariable("TARNPICK_BUILD_DIR") + "/bin/" + program,
+                             arguments);
+}
+
+QByteArrayList linesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().split('\n') : QByteArrayList();
+}
+
+/// Rows of a table of first breaks that have a time.
+int timesIn(const QString& path)
+{
+    const QByteArrayList lines = linesOf(path).mid(1);
+    return static_cast<int>(std::count_if(lines.begin(), lines.end(), [](const QByteArray& line) {
+        return !line.split(',').value(4).trimmed().isEmpty();
+    }));
+}
+
+} // namespace
+
+void tst_FirstLight::initTestCase()
+{
+    QVERIFY2(m_walker.startScreen(), "no virtual screen");
+    const QString folder = m_walker.home() + "/survey";
+    QCOMPARE(run("tarnpick-demo", {folder, "--shots", QString::number(shots)}), 0);
+    m_truePicks = timesIn(folder + "/demo_line_truth.csv");
+    QVERIFY(m_truePicks > 1000);
+}
+
+void tst_FirstLight::init()
+{
+    // Later steps need the earlier ones; the recorded line stands alone.
+    static bool failedBefore = false;
+    failedBefore = failedBefore || QTest::currentTestFailed();
+    if (failedBefore)
+        QSKIP("an earlier step failed");
+}
+
+void tst_FirstLight::cleanup()
+{
+    m_walker.picture(QTest::currentTestFunction());
+    if (!QTest::currentTestFailed())
+        return;
+    qWarning().noquote() << m_walker.ask("window");
+    qWarning().noquote() << m_walker.programOutput();
+}
+
+bool tst_FirstLight::enter(const QStringList& arguments)
+{
+    if (!m_walker.startProgram(arguments) || m_walker.waitForWindow().isEmpty())
+        return false;
+    m_walker.key("Return");
+    return m_walker.waitForMainWindow();
+}
+
+bool tst_FirstLight::makeProject(const QString& name, const QString& folder)
+{
+    m_walker.key("alt+f");
+    m_walker.key("n");
+    if (!m_walker.waitForDialog("OvProjectCreateDlg"))
+        return false;
+    m_walker.type(name);
+    m_walker.key("Tab");
+    m_walker.key("ctrl+a");
+    m_walker.type(folder);
+    return Walker::waitFor([&] {
+               return m_walker.ask("widget", "txtDataPath")["text"].toString() == folder;
+           }) &&
+           m_walker.clickWidget("btnOk") && m_walker.waitForNoDialog();
+}
+
+bool tst_FirstLight::openFile(const QString& name)
+{
+    return m_walker.clickMenu({"menu_Data", "menuSegy_Files", '=' + name}) &&
+           Walker::waitFor(
+               [this] {
+                   const QJsonObject view = m_walker.ask("view");
+                   return view["complete"].toBool() && view["shown"].toBool();
+               },
+               30000);
+}
+
+bool tst_FirstLight::pickAll()
+{
+    if (!m_walker.clickMenu({"menu_FirstBreak", "actionAuto_Pick"}) ||
+        !m_walker.waitForDialog("OvPickDlg"))
+        return false;
+    m_walker.key("Return");
+    return m_walker.waitForNoDialog() && Walker::waitFor(
+                                             [this] {
+                                                 return m_walker.ask("view")["picks"].toInt() > 0 &&
+                                                        !m_walker.ask("tasks")["running"].toBool();
+                                             },
+                                             120000);
+}
+
+int tst_FirstLight::storedPicks(const QJsonObject& view)
+{
+    OvSegyFile segy;
+    OvFirstBreakFile file;
+    if (!segy.open(view["file"].toString()) ||
+        !file.open(view["firstBreakFile"].toString(), segy.info()))
+        return -1;
+    int picks = 0;
+    const auto records = file.fieldRecords();
+    for (const qint32 record : records) {
+        OvFirstBreaks breaks;
+        if (!file.read(record, channels, &breaks))
+            return -2;
+        picks += breaks.pickedCount();
+    }
+    return picks;
+}
+
+void tst_FirstLight::logsIn()
+{
+    QVERIFY(enter());
+    QCOMPARE(m_walker.ask("window")["title"].toString(), QString("Maravel"));
+    QVERIFY(QFile::exists(m_walker.home() + "/home/Tarnpick.db"));
+    QVERIFY(!m_walker.ask("action", "action_Close_Project")["enabled"].toBool());
+}
+
+void tst_FirstLight::makesAProjectByKeyboard()
+{
+    const QString folder = m_walker.home() + "/survey";
+    QVERIFY(makeProject("First Light", folder));
+    QTRY_COMPARE(m_walker.ask("window")["title"].toString(), "First Light - " + folder);
+    QVERIFY(m_walker.ask("action", "action_Close_Project")["enabled"].toBool());
+}
+
+void tst_FirstLight::opensAFileByMouse()
+{
+    QVERIFY(openFile("demo_line.sgy"));
+    const QJsonObject view = m_walker.ask("view");
+    QCOMPARE(view["file"].toString(), dataFile());
+    QCOMPARE(view["gathers"].toInt(), shots);
+    QCOMPARE(view["picks"].toInt(), 0);
+    QVERIFY(Walker::rectOf(view).width() > 200);
+}
+
+void tst_FirstLight::pagesThroughTheGathers()
+{
+    m_walker.click(Walker::rectOf(m_walker.ask("view")));
+    m_walker.key("Page_Down");
+    QTRY_COMPARE(m_walker.ask("view")["gather"].toInt(), 1);
+    QTRY_VERIFY(m_walker.ask("view")["shown"].toBool());
+    m_walker.key("Page_Up");
+    QTRY_COMPARE(m_walker.ask("view")["gather"].toInt(), 0);
+}
+
+void tst_FirstLight::picksAutomatically()
+{
+    QVERIFY(pickAll());
+    const QJsonObject view = m_walker.ask("view");
+    m_picks = view["picks"].toInt();
+    QVERIFY2(m_picks > m_truePicks * 9 / 10, qPrintable(QString::number(m_picks)));
+    // They are on the disk while the program still runs.
+    QCOMPARE(storedPicks(view), m_picks);
+}
+
+void tst_FirstLight::exportsTheTimes()
+{
+    const QString ours = m_walker.home() + "/times.csv";
+    QVERIFY(m_walker.clickMenu({"menu_FirstBreak", "actionFirstBreak_Output"}));
+    QVERIFY(m_walker.waitForDialog("QFileDialog"));
+    m_walker.key("ctrl+a");
+    m_walker.type(ours);
+    m_walker.key("Return");
+    QVERIFY(m_walker.waitForNoDialog());
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(ours), 30000);
+    QCOMPARE(timesIn(ours), m_picks);
+
+    const QString theirs = m_walker.home() + "/batch.csv";
+    QCOMPARE(run("tarnpick-batch", {"pick", dataFile(), "--out", theirs}), 0);
+    QCOMPARE(linesOf(ours), linesOf(theirs));
+}
+
+void tst_FirstLight::closesByKey()
+{
+    m_walker.key("alt+q");
+    QCOMPARE(m_walker.waitForEnd(), 0);
+}
+
+void tst_FirstLight::findsThePicksAgain()
+{
+    QVERIFY(enter());
+    QVERIFY(m_walker.clickMenu({"menu_File", "menuRecently_Projects", "=First Light"}));
+    QTRY_VERIFY(m_walker.ask("window")["title"].toString().startsWith("First Light - "));
+    QVERIFY(openFile("demo_line.sgy"));
+    QTRY_COMPARE(m_walker.ask("view")["picks"].toInt(), m_picks);
+    m_walker.key("alt+q");
+    QCOMPARE(m_walker.waitForEnd(), 0);
+}
+
+void tst_FirstLight::speaksChinese()
+{
+    QVERIFY(enter({"--lang", "zh"}));
+    const QRegularExpression chinese("[\\x{4e00}-\\x{9fff}]");
+    for (const char* menu : {"menu_File", "menuTool", "menu_Window", "menu_Help", "menu_Data",
+                             "menu_FirstBreak", "action_New_Project", "actionAuto_Pick"}) {
+        const QString text = m_walker.ask("action", menu)["text"].toString();
+        QVERIFY2(text.contains(chinese), qPrintable(QString(menu) + ": " + text));
+    }
+    QVERIFY(m_walker.clickMenu({"menuTool", "menu_Language", "actionEnglish"}));
+    QTRY_COMPARE(m_walker.ask("action", "menu_File")["text"].toString(), QString("&File"));
+    QVERIFY(!m_walker.ask("action", "menu_FirstBreak")["text"].toString().contains(chinese));
+    m_walker.key("alt+q");
+    QCOMPARE(m_walker.waitForEnd(), 0);
+}
+
+void tst_FirstLight::picksARecordedLine()
+{
+    const QString folder = qEnvironmentVariable("TARNPICK_TEST_DATA") + "/gathers/refr_line_A";
+    if (!QFile::exists(folder))
+        QSKIP("TARNPICK_TEST_DATA names no folder with recordings");
+    const QStringList files = QDir(folder).entryList({"*.sgy", "*.segy", "*.SGY"}, QDir::Files);
+    QVERIFY(!files.isEmpty());
+    QVERIFY(enter());
+    QVERIFY(makeProject("Line A", folder));
+    QVERIFY(openFile(files.first()));
+    const int before = m_walker.ask("view")["picks"].toInt();
+    QCOMPARE(before, 0);
+    QVERIFY(pickAll());
+    m_walker.key("alt+q");
+    QCOMPARE(m_walker.waitForEnd(), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_FirstLight)
+#include "tst_FirstLight.moc"
