@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QtEndian>
 
+#include <array>
 #include <memory>
 
 // From the choice of a file to its first gather on the screen: a million traces against a thousand,
@@ -33,26 +34,27 @@ void put(QByteArray* header, int byte, T value)
 
 QByteArray fileHeader()
 {
-    QByteArray binary(400, '\0');
-    put<qint16>(&binary, 17, 2000); // sample interval, us
-    put<qint16>(&binary, 21, samples);
-    put<qint16>(&binary, 25, 8); // one-byte integers
-    return QByteArray(3200, ' ') + binary;
+    Record<400> binary;
+    binary.put<qint16>(17, 2000); // sample interval, us
+    binary.put<qint16>(21, samples);
+    binary.put<qint16>(25, 8); // one-byte integers
+    return QByteArray(3200, ' ') + binary.toByteArray();
 }
 
 QByteArray trace(int number)
 {
-    QByteArray record(240 + samples, '\0');
-    put<qint32>(&record, 1, number + 1);
-    put<qint32>(&record, 9, 1 + number / tracesPerGather);  // field record
-    put<qint32>(&record, 13, 1 + number % tracesPerGather); // channel
-    put<qint16>(&record, 29, 1);
-    put<qint32>(&record, 37, 5 * (number % tracesPerGather)); // offset, m
-    put<qint16>(&record, 115, samples);
-    put<qint16>(&record, 117, 2000);
+    Record<240 + samples> record;
+    record.put<qint32>(1, number + 1);
+    record.put<qint32>(9, 1 + number / tracesPerGather);  // field record
+    record.put<qint32>(13, 1 + number % tracesPerGather); // channel
+    record.put<qint16>(29, 1);
+    record.put<qint32>(37, 5 * (number % tracesPerGather)); // offset, m
+    record.put<qint16>(115, samples);
+    record.put<qint16>(117, 2000);
     for (int sample = 0; sample < samples; ++sample)
-        record[240 + sample] = static_cast<char>((sample * 37 + number * 11) % 101 - 50);
-    return record;
+        record.bytes[240 + static_cast<std::size_t>(sample)] =
+            static_cast<char>((sample * 37 + number * 11) % 101 - 50);
+    return record.toByteArray();
 }
 
 bool write(const QString& path, int traces)
