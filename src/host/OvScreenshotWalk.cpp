@@ -21,6 +21,7 @@
 namespace {
 
 constexpr int longWaitMs = 300000;
+constexpr QSize pictureSize(1280, 800);
 
 bool writePicture(QWidget* widget, const QString& folder, const QString& name)
 {
@@ -157,6 +158,12 @@ void OvScreenshotWalk::addEmptyWindow(OvStepRunner* runner, const QString& folde
 {
     runner->add({QStringLiteral("empty main window"),
                  [] { return OvHostSession::mainWindow() != nullptr; },
+                 [] { // The pictures do not depend on the size of the screen.
+                     OvHostSession::mainWindow()->resize(pictureSize);
+                     return true;
+                 }});
+    runner->add({QStringLiteral("resized main window"),
+                 [] { return OvHostSession::mainWindow()->size() == pictureSize; },
                  [folder] { return pictureOfMain(folder, QStringLiteral("2-main")); }});
 }
 
