@@ -1,5 +1,6 @@
 #include "OvBase/OvBaseUtil.h"
 
+#include "OvBase/OvAbstractJob.h"
 #include "OvBase/OvDisplayDefine.h"
 #include "OvBase/OvProjectDefine.h"
 #include "OvBase/OvProjectManager.h"
@@ -40,6 +41,7 @@ QString created(const QString& folder)
 
 void registerTypes()
 {
+    qRegisterMetaType<OvAbstractJob*>("OvAbstractJob*");
     qRegisterMetaType<OvProjectDefine>("OvProjectDefine");
     qRegisterMetaType<OvDisplayDefine>("OvDisplayDefine");
     qRegisterMetaType<OvFitDisplayDefine>("OvFitDisplayDefine");

@@ -3,7 +3,6 @@
 #include "OvBase/OvAbstractJob.h"
 #include "OvBase/private/OvTaskView.h"
 
-#include <QProgressBar>
 #include <QStyle>
 #include <QToolButton>
 
@@ -27,6 +26,20 @@ QString stateText(const OvAbstractJob& job)
         return OvTaskRow::tr("Failed");
     }
     return {};
+}
+
+QIcon stateIcon(OvAbstractJob::State state, const QStyle* style)
+{
+    switch (state) {
+    case OvAbstractJob::Finished:
+        return style->standardIcon(QStyle::SP_DialogApplyButton);
+    case OvAbstractJob::Cancelled:
+        return style->standardIcon(QStyle::SP_MessageBoxWarning);
+    case OvAbstractJob::Failed:
+        return style->standardIcon(QStyle::SP_MessageBoxCritical);
+    default:
+        return {};
+    }
 }
 
 QString clockText(qint64 milliseconds)
@@ -66,22 +79,9 @@ OvTaskRow::OvTaskRow(OvAbstractJob* job, OvTaskView* view)
     , m_key(job)
     , m_view(view)
     , m_item(new QTreeWidgetItem(view))
-    , m_progress(new QProgressBar)
-    , m_cancel(new QToolButton)
 {
     m_item->setTextAlignment(OvTaskView::ElapsedColumn, Qt::AlignRight | Qt::AlignVCenter);
     m_item->setTextAlignment(OvTaskView::RemainingColumn, Qt::AlignRight | Qt::AlignVCenter);
-    const int height = view->fontMetrics().height();
-    m_progress->setMaximumHeight(height + 2);
-    m_progress->setAlignment(Qt::AlignCenter);
-    m_cancel->setIcon(view->style()->standardIcon(QStyle::SP_BrowserStop));
-    m_cancel->setIconSize(QSize(height, height));
-    m_cancel->setAutoRaise(true);
-    m_cancel->setFocusPolicy(Qt::StrongFocus);
-    m_cancel->setMaximumHeight(height + 4);
-    view->setItemWidget(m_item, OvTaskView::ProgressColumn, m_progress);
-    view->setItemWidget(m_item, OvTaskView::CancelColumn, m_cancel);
-    connect(m_cancel, &QToolButton::clicked, job, &OvAbstractJob::requestCancel);
     refresh();
 }
 
@@ -114,29 +114,50 @@ void OvTaskRow::refreshClock()
 
 void OvTaskRow::refreshState()
 {
-    const bool failed = m_job->state() == OvAbstractJob::Failed;
-    setCell(m_item, OvTaskView::StateColumn, stateText(*m_job));
-    QFont font = m_view->font();
-    font.setBold(failed);
-    m_item->setFont(OvTaskView::StateColumn, font);
+    const QString text = stateText(*m_job);
+    if (m_item->text(OvTaskView::StateColumn) == text)
+        return;
+    setCell(m_item, OvTaskView::StateColumn, text);
+    m_item->setIcon(OvTaskView::StateColumn, stateIcon(m_job->state(), m_view->style()));
 }
 
 void OvTaskRow::refreshProgress()
 {
-    const bool isUnknown = m_job->isRunning() && m_job->progress() < 0;
-    m_progress->setRange(0, isUnknown ? 0 : 100);
-    m_progress->setValue(qMax(0, m_job->progress()));
-    m_progress->setVisible(m_job->isRunning() ||
-                           (m_job->kind() == OvAbstractJob::Action && m_job->progress() >= 0));
-    m_progress->setAccessibleName(tr("Progress of %1").arg(m_job->taskName()));
+    const bool isShown =
+        m_job->isRunning() || (m_job->kind() == OvAbstractJob::Action && m_job->progress() >= 0);
+    const QVariant progress = isShown ? QVariant(m_job->progress()) : QVariant();
+    if (m_item->data(OvTaskView::ProgressColumn, OvTaskView::ProgressRole) != progress)
+        m_item->setData(OvTaskView::ProgressColumn, OvTaskView::ProgressRole, progress);
+    setCell(m_item, OvTaskView::ProgressColumn,
+            isShown && m_job->progress() >= 0 ? tr("%1 %").arg(m_job->progress()) : QString());
 }
 
+// Widgets in a table are slow, so only the rows that need a button have one.
 void OvTaskRow::refreshCancel()
 {
+    if (!m_job->isRunning()) {
+        m_view->setItemWidget(m_item, OvTaskView::CancelColumn, nullptr);
+        m_cancel = nullptr;
+        return;
+    }
+    if (!m_cancel)
+        m_cancel = makeCancelButton();
     const QString text = tr("Cancel %1").arg(m_job->taskName());
-    m_cancel->setEnabled(m_job->isRunning() && m_job->isCancellable() &&
-                         !m_job->isCancelRequested());
-    m_cancel->setVisible(m_job->isRunning());
+    m_cancel->setEnabled(m_job->isCancellable() && !m_job->isCancelRequested());
     m_cancel->setToolTip(toolTip(text));
     m_cancel->setAccessibleName(text);
+}
+
+QToolButton* OvTaskRow::makeCancelButton()
+{
+    const int height = m_view->fontMetrics().height();
+    auto* const button = new QToolButton;
+    button->setIcon(m_view->style()->standardIcon(QStyle::SP_BrowserStop));
+    button->setIconSize(QSize(height, height));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setMaximumHeight(height + 4);
+    connect(button, &QToolButton::clicked, m_job.data(), &OvAbstractJob::requestCancel);
+    m_view->setItemWidget(m_item, OvTaskView::CancelColumn, button);
+    return button;
 }

@@ -5,7 +5,6 @@
 
 class OvAbstractJob;
 class OvTaskView;
-class QProgressBar;
 class QToolButton;
 class QTreeWidgetItem;
 
@@ -32,11 +31,11 @@ private:
     void refreshState();
     void refreshProgress();
     void refreshCancel();
+    QToolButton* makeCancelButton();
 
     QPointer<OvAbstractJob> m_job;
     const OvAbstractJob* m_key;
     OvTaskView* m_view;
     QTreeWidgetItem* m_item;
-    QProgressBar* m_progress;
-    QToolButton* m_cancel;
+    QToolButton* m_cancel = nullptr; ///< only while the job runs; a child of the view
 };

@@ -1,5 +1,7 @@
 #include "OvBase/private/OvTaskView.h"
 
+#include "OvBase/private/OvProgressDelegate.h"
+
 #include <QHeaderView>
 #include <QPainter>
 
@@ -16,8 +18,8 @@ OvTaskView::OvTaskView(QWidget* parent)
     setVerticalScrollMode(ScrollPerPixel);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setFrameShape(NoFrame);
+    setItemDelegateForColumn(ProgressColumn, new OvProgressDelegate(this));
     header()->setSectionsMovable(false);
-    header()->setStretchLastSection(true);
     header()->setMinimumSectionSize(24);
     connect(this, &QTreeWidget::itemSelectionChanged, this, [this] {
         if (!selectedItems().isEmpty())
@@ -28,6 +30,23 @@ OvTaskView::OvTaskView(QWidget* parent)
             choose(item);
     });
     retranslate();
+    sizeColumns();
+}
+
+// Name and message share what the short columns leave, so that a narrow dock needs no scroll bar.
+void OvTaskView::sizeColumns()
+{
+    header()->setSectionResizeMode(QHeaderView::Stretch);
+    const int letter = fontMetrics().averageCharWidth();
+    const QVector<QPair<Column, int>> widths = {{StateColumn, letter * 11},
+                                                {ProgressColumn, letter * 13},
+                                                {CancelColumn, fontMetrics().height() + 12},
+                                                {ElapsedColumn, letter * 9},
+                                                {RemainingColumn, letter * 11}};
+    for (const auto& width : widths) {
+        header()->setSectionResizeMode(width.first, QHeaderView::Interactive);
+        header()->resizeSection(width.first, width.second);
+    }
 }
 
 void OvTaskView::retranslate()
@@ -36,12 +55,16 @@ void OvTaskView::retranslate()
                      tr("Remaining"), tr("Message")});
     headerItem()->setToolTip(CancelColumn, tr("Cancel"));
     setAccessibleName(tr("Task list"));
-    const int letter = fontMetrics().averageCharWidth();
-    const int widths[] = {letter * 34, letter * 14, letter * 22, 28, letter * 11, letter * 11};
-    for (int column = NameColumn; column < MessageColumn; ++column)
-        setColumnWidth(column, widths[column]);
-    header()->setSectionResizeMode(CancelColumn, QHeaderView::Fixed);
     viewport()->update();
+}
+
+void OvTaskView::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    // Where there is no room for everything, names and messages tell more than clocks.
+    const int letters = viewport()->width() / fontMetrics().averageCharWidth();
+    setColumnHidden(RemainingColumn, letters < 84);
+    setColumnHidden(ElapsedColumn, letters < 70);
 }
 
 QSize OvTaskView::sizeHint() const

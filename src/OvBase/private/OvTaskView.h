@@ -1,9 +1,11 @@
 #pragma once
 
+#include "OvBase/OvBaseExport.h"
+
 #include <QTreeWidget>
 
 /// The table of the task monitor: says so when it is empty, and tells when the user chooses a row.
-class OvTaskView : public QTreeWidget
+class OVBASE_EXPORT OvTaskView : public QTreeWidget
 {
     Q_OBJECT
 
@@ -19,6 +21,9 @@ public:
         ColumnCount
     };
 
+    /// Data of the progress column: per cent, -1 for unknown; no data for no bar.
+    static constexpr int ProgressRole = Qt::UserRole;
+
     explicit OvTaskView(QWidget* parent = nullptr);
 
     void retranslate();
@@ -32,9 +37,11 @@ signals:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void choose(QTreeWidgetItem* item);
+    void sizeColumns();
 
     bool m_chosenSincePress = false;
 };

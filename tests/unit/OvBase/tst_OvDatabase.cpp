@@ -119,9 +119,9 @@ private:
 
 void tst_OvDatabase::cleanup()
 {
-    const QStringList problems = m_fixture->warnings.problems();
+    const QString problems = m_fixture->warnings.problems();
     m_fixture.reset();
-    QCOMPARE(problems, QStringList());
+    QCOMPARE(problems, QString());
 }
 
 void tst_OvDatabase::aMissingFileBecomesADatabase()

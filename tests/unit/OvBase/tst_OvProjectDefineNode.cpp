@@ -106,9 +106,9 @@ void tst_OvProjectDefineNode::init()
 
 void tst_OvProjectDefineNode::cleanup()
 {
-    const QStringList problems = m_fixture->warnings.problems();
+    const QString problems = m_fixture->warnings.problems();
     m_fixture.reset();
-    QCOMPARE(problems, QStringList());
+    QCOMPARE(problems, QString());
 }
 
 void tst_OvProjectDefineNode::everyFieldIsKept()

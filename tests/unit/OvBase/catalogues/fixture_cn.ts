@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>Fixture</name>
+    <message>
+        <source>gather</source>
+        <translation>道集</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>Fixture</name>
+    <message>
+        <source>offset</source>
+        <translation>炮检距</translation>
+    </message>
+</context>
+</TS>
