@@ -109,12 +109,12 @@
         <translation>失败</translation>
     </message>
     <message>
-        <source>Progress of %1</source>
-        <translation>%1 的进度</translation>
-    </message>
-    <message>
         <source>Cancel %1</source>
         <translation>取消 %1</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
