@@ -28,7 +28,9 @@ OvDocumentJob::OvDocumentJob(const QSharedPointer<OvSegyDocument>& document, QOb
 {
     setCancellable(true);
     m_clock.setInterval(deliveryIntervalMs);
+    m_next.setSingleShot(true);
     connect(&m_clock, &QTimer::timeout, this, &OvDocumentJob::poll);
+    connect(&m_next, &QTimer::timeout, this, &OvDocumentJob::poll);
     connect(&m_watcher, &QFutureWatcherBase::finished, this, &OvDocumentJob::poll);
     connect(this, &OvAbstractJob::cancelRequested, this, &OvDocumentJob::stop);
 }
@@ -102,20 +104,29 @@ void OvDocumentJob::poll()
     if (!isRunning())
         return;
     const bool ended = m_watcher.isFinished();
-    const bool more = takeResults();
-    const int total = m_shared->total;
-    if (total > 0)
-        setProgress(static_cast<int>(qint64(100) * m_shared->done / total));
-    if (ended && !more)
+    const bool more = m_failure.isEmpty() && takeResults();
+    showProgress();
+    if (more)
+        // In a turn of its own, so that the window stays alive.
+        m_next.start(0);
+    else if (ended)
         conclude();
-    else if (more)
-        // The rest in a moment of its own, so that the window stays alive.
-        QTimer::singleShot(0, this, &OvDocumentJob::poll);
+}
+
+void OvDocumentJob::showProgress()
+{
+    const int total = m_shared->total;
+    const int done = m_shared->done;
+    if (total <= 0)
+        return;
+    setProgress(static_cast<int>(qint64(100) * done / total));
+    setMessage(tr("Gather %1 of %2").arg(done).arg(total));
 }
 
 void OvDocumentJob::conclude()
 {
     m_clock.stop();
+    m_next.stop();
     const OvStatus status = m_watcher.result();
     if (m_failure.isEmpty() && !status)
         m_failure = status.message();

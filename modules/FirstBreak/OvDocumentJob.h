@@ -57,6 +57,7 @@ private:
     void stop();
     void failBeforeWork(const QString& message);
     void poll();
+    void showProgress();
     void conclude();
     static OvStatus guarded(const Work& work);
 
@@ -64,6 +65,7 @@ private:
     std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
     QFutureWatcher<OvStatus> m_watcher;
     QTimer m_clock;
+    QTimer m_next; ///< the next part of a backlog
     QString m_failure;
     bool m_begun = false;
 };

@@ -54,7 +54,7 @@ QStringList OvSegyFolder::files() const
 
 bool OvSegyFolder::isScanning() const
 {
-    return m_scan.isRunning();
+    return !m_known && !m_folder.isEmpty();
 }
 
 void OvSegyFolder::setFolder(const QString& folder)
@@ -66,6 +66,7 @@ void OvSegyFolder::setFolder(const QString& folder)
     m_delay.stop();
     m_folder = folder;
     m_files.clear();
+    m_known = false;
     scan();
     emit changed();
 }
@@ -77,7 +78,7 @@ void OvSegyFolder::scan()
         return;
     }
     // Watched before it is read, so that nothing slips between.
-    if (m_watcher.directories().isEmpty() && QDir(m_folder).exists())
+    if (m_watcher.directories().isEmpty())
         m_watcher.addPath(m_folder);
     m_scan.setFuture(QtConcurrent::run(segyFilesIn, m_folder));
 }
@@ -86,6 +87,11 @@ void OvSegyFolder::takeResult()
 {
     if (m_folder.isEmpty() || m_scan.future().resultCount() == 0)
         return;
-    m_files = m_scan.result();
+    const QStringList files = m_scan.result();
+    // An open menu is not disturbed when another kind of file came or went.
+    if (m_known && files == m_files)
+        return;
+    m_known = true;
+    m_files = files;
     emit changed();
 }

@@ -36,6 +36,7 @@ private:
 
     QString m_folder;
     QStringList m_files;
+    bool m_known = false; ///< whether m_files tells of m_folder
     QFileSystemWatcher m_watcher;
     QTimer m_delay;
     QFutureWatcher<QStringList> m_scan;

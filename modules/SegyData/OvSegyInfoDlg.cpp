@@ -28,10 +28,8 @@ QLabel* plainLabel(const QString& text)
 
 void clearRows(QFormLayout* layout)
 {
-    while (QLayoutItem* item = layout->takeAt(0)) {
-        delete item->widget();
-        delete item;
-    }
+    while (layout->rowCount() > 0)
+        layout->removeRow(0);
 }
 
 } // namespace

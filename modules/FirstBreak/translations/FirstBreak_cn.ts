@@ -19,6 +19,10 @@
         <source>Cancelled. %1</source>
         <translation>已取消。%1</translation>
     </message>
+    <message>
+        <source>Gather %1 of %2</source>
+        <translation>第 %1 个道集，共 %2 个</translation>
+    </message>
 </context>
 <context>
     <name>OvExportJob</name>
