@@ -1,0 +1,468 @@
+#include "PluginSession.h"
+#include "fixtures/MessageLog.h"
+#include "fixtures/ModalProbe.h"
+
+#include "OvBase/OvTranslator.h"
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QtTest>
+
+#include <cmath>
+
+class tst_FirstBreak : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void takesInTheWindowsExportActions();
+    void worksWithoutAWindowAndWithASecondOne();
+    void isUsableWithAViewOnly();
+    void picksAllGathers();
+    void picksOneGather();
+    void keepsManualPicks();
+    void overwritesManualPicksWhenTold();
+    void keepsWhatACancelledRunDelivered();
+    void refusesASecondRunOnTheSameFile();
+    void closingTheProjectEndsTheRun();
+    void deletingTheViewLeavesTheRunAlone();
+    void namesTheParameterThatDoesNotFit();
+    void savesTheParametersWithTheProject();
+    void exportsText();
+    void exportsEmptyCellsWithoutPicks();
+    void reportsAnExportThatFails();
+    void speaksChinese();
+
+private:
+    bool openLine(int shots, int channels = 24, int samples = 500);
+    QDialog* pickDialog() const
+    {
+        return m_session->window()->findChild<QDialog*>(QStringLiteral("OvPickDlg"));
+    }
+    QDialog* openPickDialog();
+    void accept(QDialog* dialog);
+    OvAbstractJob* startPicking();
+    QSharedPointer<OvSegyDocument> document() const { return m_session->lastView()->document(); }
+    OvFirstBreaks storedBreaks(int gather) const;
+    OvAbstractJob* exportTo(const QString& path);
+
+    QScopedPointer<PluginSession> m_session;
+    QScopedPointer<MessageLog> m_log;
+    OvModulePlugin* m_module = nullptr;
+    QMenu* m_menu = nullptr;
+};
+
+void tst_FirstBreak::initTestCase()
+{
+    QVERIFY(PluginSession::start());
+    m_module = PluginSession::module(QStringLiteral("FirstBreak"));
+    QVERIFY(m_module);
+    m_menu = m_module->menu();
+    QCOMPARE(m_menu->objectName(), QStringLiteral("menu_FirstBreak"));
+}
+
+void tst_FirstBreak::init()
+{
+    m_log.reset(new MessageLog);
+    m_session.reset(new PluginSession);
+    m_menu = m_module->menu();
+}
+
+void tst_FirstBreak::cleanup()
+{
+    m_session.reset();
+    const auto noJobs = [] { return PluginSession::actionJobs().isEmpty(); };
+    const bool ended = QTest::qWaitFor(noJobs);
+    const QStringList warnings = m_log->takeAll();
+    m_log.reset();
+    QVERIFY2(warnings.isEmpty(), qPrintable(warnings.join(QLatin1Char('\n'))));
+    QVERIFY(ended);
+}
+
+bool tst_FirstBreak::openLine(int shots, int channels, int samples)
+{
+    const QString name = QStringLiteral("line.sgy");
+    if (!m_session->writeLine(name, shots, channels, samples) || !m_session->openProject())
+        return false;
+    OvStatus status;
+    const auto opened = OvSegyDocument::open(m_session->path(name), &status);
+    if (opened)
+        OvProjectManager::instance().addWorkspace(new OvGatherViewController(opened));
+    return status.ok();
+}
+
+QDialog* tst_FirstBreak::openPickDialog()
+{
+    PluginSession::action(m_menu, "actionAuto_Pick")->trigger();
+    return pickDialog();
+}
+
+void tst_FirstBreak::accept(QDialog* dialog)
+{
+    auto* ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    QCOMPARE(ok->text(), QStringLiteral("Pick"));
+    ok->click();
+}
+
+OvAbstractJob* tst_FirstBreak::startPicking()
+{
+    accept(openPickDialog());
+    const QList<OvAbstractJob*> jobs = PluginSession::actionJobs();
+    return jobs.isEmpty() ? nullptr : jobs.last();
+}
+
+OvFirstBreaks tst_FirstBreak::storedBreaks(int gather) const
+{
+    OvFirstBreaks breaks;
+    OvFirstBreakFile file;
+    const auto index = document()->index();
+    if (!file.open(document()->firstBreakPath(), document()->file().info()) ||
+        !file.read(index->fieldRecord(gather), index->gatherTraceCount(gather), &breaks))
+        return {};
+    return breaks;
+}
+
+void tst_FirstBreak::takesInTheWindowsExportActions()
+{
+    auto* output = m_session->window()->findChild<QAction*>("actionFirstBreak_Output");
+    auto* header = m_session->window()->findChild<QAction*>("actionFB_to_SEGY_Header");
+    QVERIFY(m_menu->actions().contains(output));
+    QVERIFY(m_menu->actions().contains(header));
+    QCOMPARE(output->data(), QVariant(100));
+    QVERIFY(!header->isEnabled());
+    QCOMPARE(header->toolTip(),
+             QStringLiteral("Writing first breaks to trace headers is not available yet."));
+    // The main gadget deletes actions that leave the menus.
+    m_module->changeLanguage();
+    QVERIFY(m_module->menu()->actions().contains(output));
+    QCOMPARE(m_menu->actions().count(output), 1);
+}
+
+void tst_FirstBreak::worksWithoutAWindowAndWithASecondOne()
+{
+    auto* first = m_session->window()->findChild<QAction*>("actionFirstBreak_Output");
+    {
+        PluginSession second;
+        auto* newer = second.window()->findChild<QAction*>("actionFirstBreak_Output");
+        QCOMPARE(m_module->menu(), m_menu);
+        QVERIFY(m_menu->actions().contains(newer));
+        QVERIFY(!m_menu->actions().contains(first));
+    }
+    m_session.reset();
+    QCOMPARE(m_module->menu(), m_menu);
+    QVERIFY(PluginSession::action(m_menu, "actionAuto_Pick"));
+    QCOMPARE(m_menu->actions().size(), 2);
+    QVERIFY(!m_module->toolBarWidget());
+}
+
+void tst_FirstBreak::isUsableWithAViewOnly()
+{
+    auto* output = m_session->window()->findChild<QAction*>("actionFirstBreak_Output");
+    QAction* pick = PluginSession::action(m_menu, "actionAuto_Pick");
+    QVERIFY(!pick->isEnabled());
+    QVERIFY(!output->isEnabled());
+    QVERIFY(openLine(1));
+    QVERIFY(pick->isEnabled());
+    QVERIFY(output->isEnabled());
+    m_session->closeViews();
+    QVERIFY(!pick->isEnabled());
+    QVERIFY(!output->isEnabled());
+}
+
+void tst_FirstBreak::picksAllGathers()
+{
+    QVERIFY(openLine(5));
+    QPointer<OvAbstractJob> job = startPicking();
+    QVERIFY(job);
+    QVERIFY(job->isRunning());
+    QVERIFY(job->isCancellable());
+    QVERIFY(job->taskName().contains(QLatin1String("line.sgy")));
+    QTRY_COMPARE(job->state(), OvAbstractJob::Finished);
+    QCOMPARE(job->progress(), 100);
+    int close = 0;
+    for (int gather = 0; gather < 5; ++gather) {
+        const OvFirstBreaks breaks = storedBreaks(gather);
+        QCOMPARE(breaks.size(), 24);
+        const OvGather headers = document()->index()->gatherHeaders(document()->file(), gather);
+        for (int row = 0; row < breaks.size(); ++row) {
+            const auto i = static_cast<std::size_t>(row);
+            const double truth = SegyWriter::firstBreakMs(std::abs(headers.headers[i].offset));
+            close += std::abs(breaks.timesMs[i] - truth) < 12.0 ? 1 : 0;
+            if (breaks.hasPick(row))
+                QCOMPARE(breaks.states[i], OvPickState::Automatic);
+        }
+        QCOMPARE(document()->firstBreaks(gather).pickedCount(), breaks.pickedCount());
+    }
+    QVERIFY2(close >= 108, qPrintable(QStringLiteral("%1 of 120 near the truth").arg(close)));
+    QVERIFY2(job->message().contains(QLatin1String("of 120 traces in 5 gathers")),
+             qPrintable(job->message()));
+}
+
+void tst_FirstBreak::picksOneGather()
+{
+    QVERIFY(openLine(3));
+    QTRY_COMPARE(m_session->lastView()->gatherCount(), 3);
+    m_session->lastView()->setCurrentGather(1);
+    QDialog* dialog = openPickDialog();
+    dialog->findChild<QRadioButton*>(QStringLiteral("thisGather"))->setChecked(true);
+    accept(dialog);
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QVERIFY(document()->firstBreaks(0).isEmpty());
+    QVERIFY(document()->firstBreaks(1).pickedCount() > 12);
+    QVERIFY(document()->firstBreaks(2).isEmpty());
+}
+
+void tst_FirstBreak::keepsManualPicks()
+{
+    QVERIFY(openLine(2));
+    QTRY_VERIFY(document()->isIndexComplete());
+    OvFirstBreaks byHand;
+    byHand.resize(24);
+    byHand.timesMs[7] = 333.0F;
+    byHand.states[7] = OvPickState::Manual;
+    QVERIFY(document()->setFirstBreaks(1, byHand).ok());
+    OvAbstractJob* job = startPicking();
+    QTRY_COMPARE(job->state(), OvAbstractJob::Finished);
+    const OvFirstBreaks breaks = storedBreaks(1);
+    QCOMPARE(breaks.timesMs[7], 333.0F);
+    QCOMPARE(breaks.states[7], OvPickState::Manual);
+    QCOMPARE(breaks.states[8], OvPickState::Automatic);
+}
+
+void tst_FirstBreak::overwritesManualPicksWhenTold()
+{
+    QVERIFY(openLine(1));
+    QTRY_VERIFY(document()->isIndexComplete());
+    OvFirstBreaks byHand;
+    byHand.resize(24);
+    byHand.timesMs[7] = 333.0F;
+    byHand.states[7] = OvPickState::Manual;
+    QVERIFY(document()->setFirstBreaks(0, byHand).ok());
+    QDialog* dialog = openPickDialog();
+    auto* keep = dialog->findChild<QCheckBox*>(QStringLiteral("keepManualPicks"));
+    QVERIFY(keep->isChecked());
+    keep->setChecked(false);
+    accept(dialog);
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QCOMPARE(storedBreaks(0).states[7], OvPickState::Automatic);
+}
+
+void tst_FirstBreak::keepsWhatACancelledRunDelivered()
+{
+    QVERIFY(openLine(400, 48, 500));
+    OvAbstractJob* job = startPicking();
+    QTRY_VERIFY(job->progress() > 0);
+    QTRY_VERIFY(document()->firstBreaks(0).pickedCount() > 0);
+    QVERIFY(job->isRunning());
+    QElapsedTimer clock;
+    clock.start();
+    job->requestCancel();
+    QTRY_COMPARE(job->state(), OvAbstractJob::Cancelled);
+    // 200 ms is the promise; the sanitizers slow everything down.
+    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(storedBreaks(0).pickedCount() > 0);
+    QVERIFY(document()->firstBreaks(399).isEmpty());
+    QVERIFY(job->message().startsWith(QLatin1String("Cancelled.")));
+}
+
+void tst_FirstBreak::refusesASecondRunOnTheSameFile()
+{
+    QVERIFY(openLine(400, 48, 500));
+    OvAbstractJob* job = startPicking();
+    ModalProbe probe;
+    probe.next([](QWidget* dialog) {
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    });
+    probe.nextBox(QMessageBox::Ok);
+    openPickDialog();
+    QTRY_VERIFY(probe.isDone());
+    QTRY_COMPARE(probe.boxes().size(), std::size_t(1));
+    QVERIFY(probe.boxes().front().text.contains(job->taskName()));
+    QCOMPARE(PluginSession::actionJobs().size(), 1);
+    job->requestCancel();
+    QTRY_VERIFY(!job->isRunning());
+    // A run that has ended makes room for the next.
+    QPointer<OvAbstractJob> ended = job;
+    OvAbstractJob* next = startPicking();
+    QVERIFY(next != job);
+    QTRY_VERIFY(!ended);
+    next->requestCancel();
+    QTRY_VERIFY(!next->isRunning());
+}
+
+void tst_FirstBreak::closingTheProjectEndsTheRun()
+{
+    QVERIFY(openLine(400, 48, 500));
+    QPointer<OvAbstractJob> job = startPicking();
+    QTRY_VERIFY(job->progress() >= 0);
+    m_session->closeViews();
+    OvProjectManager::instance().closeProject();
+    QVERIFY(job.isNull() || job->isCancelRequested());
+    QTRY_VERIFY(job.isNull());
+    QVERIFY(!OvTaskManager::instance().hasRunningJob());
+}
+
+void tst_FirstBreak::deletingTheViewLeavesTheRunAlone()
+{
+    QVERIFY(openLine(3));
+    const auto held = document();
+    OvAbstractJob* job = startPicking();
+    m_session->closeViews();
+    QTRY_COMPARE(job->state(), OvAbstractJob::Finished);
+    QVERIFY(held->firstBreaks(2).pickedCount() > 12);
+}
+
+void tst_FirstBreak::namesTheParameterThatDoesNotFit()
+{
+    QVERIFY(openLine(1));
+    QPointer<QDialog> dialog = openPickDialog();
+    dialog->findChild<QSpinBox*>(QStringLiteral("sbMinOff"))->setValue(500);
+    dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"))->setValue(100);
+    // Looked for first: the probe would take the dialog itself for the next window.
+    accept(dialog);
+    auto* box = dialog->findChild<QMessageBox*>();
+    QVERIFY(box);
+    QVERIFY2(box->text().contains(QLatin1String("offset"), Qt::CaseInsensitive),
+             qPrintable(box->text()));
+    box->button(QMessageBox::Ok)->click();
+    QVERIFY(dialog->isVisible());
+    QVERIFY(PluginSession::actionJobs().isEmpty());
+    dialog->reject();
+    QTRY_VERIFY(!dialog);
+}
+
+void tst_FirstBreak::savesTheParametersWithTheProject()
+{
+    QVERIFY(openLine(1));
+    QPointer<QDialog> dialog = openPickDialog();
+    dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"))->setValue(1234);
+    dialog->findChild<QDoubleSpinBox*>(QStringLiteral("dbSNR"))->setValue(2.5);
+    dialog->findChild<QPushButton*>(QStringLiteral("btnSave"))->click();
+    dialog->findChild<QSpinBox*>(QStringLiteral("sbShotStep"))->setValue(9);
+    dialog->reject();
+    QTRY_VERIFY(!dialog);
+
+    dialog = openPickDialog();
+    QCOMPARE(dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"))->value(), 1234);
+    QCOMPARE(dialog->findChild<QDoubleSpinBox*>(QStringLiteral("dbSNR"))->value(), 2.5);
+    QCOMPARE(dialog->findChild<QSpinBox*>(QStringLiteral("sbShotStep"))->value(), 1);
+    dialog->findChild<QPushButton*>(QStringLiteral("btnDefault"))->click();
+    QCOMPARE(dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"))->value(), 0);
+    QCOMPARE(dialog->findChild<QDoubleSpinBox*>(QStringLiteral("dbSNR"))->value(), 0.0);
+    dialog->reject();
+    QTRY_VERIFY(!dialog);
+
+    const QVariantMap stored =
+        OvBaseUtil::projectValue(OvProjectManager::instance().define().id, "pickParameters")
+            .toMap();
+    QCOMPARE(stored.size(), 10);
+    QVERIFY(m_session->openProject());
+    m_session->activate(m_session->lastView());
+    dialog = openPickDialog();
+    QCOMPARE(dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"))->value(), 0);
+    dialog->reject();
+    QTRY_VERIFY(!dialog);
+}
+
+OvAbstractJob* tst_FirstBreak::exportTo(const QString& path)
+{
+    ModalProbe probe;
+    QString proposed;
+    probe.next([&](QWidget* window) {
+        auto* dialog = qobject_cast<QFileDialog*>(window);
+        proposed = dialog->selectedFiles().value(0);
+        dialog->selectFile(path);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    m_session->window()->findChild<QAction*>("actionFirstBreak_Output")->trigger();
+    if (!probe.isDone() || QFileInfo(proposed).fileName() != QLatin1String("line_fb.csv"))
+        return nullptr;
+    const QList<OvAbstractJob*> jobs = PluginSession::actionJobs();
+    return jobs.isEmpty() ? nullptr : jobs.last();
+}
+
+void tst_FirstBreak::exportsText()
+{
+    QVERIFY(openLine(2));
+    QTRY_VERIFY(document()->isIndexComplete());
+    OvFirstBreaks breaks;
+    breaks.resize(24);
+    breaks.timesMs[0] = 12.5F;
+    breaks.states[0] = OvPickState::Manual;
+    breaks.timesMs[1] = 14.5F;
+    breaks.states[1] = OvPickState::Rejected;
+    QVERIFY(document()->setFirstBreaks(1, breaks).ok());
+    const QString path = m_session->path(QStringLiteral("out.csv"));
+    OvAbstractJob* job = exportTo(path);
+    QVERIFY(job);
+    QTRY_COMPARE(job->state(), OvAbstractJob::Finished);
+    QVERIFY2(job->message().startsWith(QLatin1String("1 first breaks exported")),
+             qPrintable(job->message()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    QCOMPARE(lines.first().trimmed(),
+             QStringLiteral("trace,field_record,channel,offset_m,time_ms,confidence"));
+    QCOMPARE(lines.filter(QStringLiteral(",12.500,")).size(), 1);
+    QVERIFY(lines.filter(QStringLiteral(",12.500,")).first().startsWith(QLatin1String("24,101,")));
+    QCOMPARE(lines.filter(QStringLiteral("14.500")).size(), 0);
+    QCOMPARE(lines.size() - (lines.last().isEmpty() ? 1 : 0), 49);
+}
+
+void tst_FirstBreak::exportsEmptyCellsWithoutPicks()
+{
+    QVERIFY(openLine(1));
+    const QString path = m_session->path(QStringLiteral("none.csv"));
+    OvAbstractJob* job = exportTo(path);
+    QVERIFY(job);
+    QTRY_COMPARE(job->state(), OvAbstractJob::Finished);
+    QVERIFY(job->message().startsWith(QLatin1String("0 first breaks")));
+    QVERIFY(QFileInfo::exists(path));
+}
+
+void tst_FirstBreak::reportsAnExportThatFails()
+{
+    QVERIFY(openLine(1));
+    const QString path = m_session->path(QStringLiteral("gone/out.csv"));
+    QVERIFY(QDir().mkpath(QFileInfo(path).absolutePath()));
+    ModalProbe probe;
+    probe.next([&path](QWidget* window) {
+        auto* dialog = qobject_cast<QFileDialog*>(window);
+        dialog->selectFile(path);
+        QMetaObject::invokeMethod(dialog, "accept");
+        // The folder goes between the question and the export.
+        QDir(QFileInfo(path).absolutePath()).removeRecursively();
+    });
+    probe.nextBox(QMessageBox::Ok);
+    m_session->window()->findChild<QAction*>("actionFirstBreak_Output")->trigger();
+    QTRY_COMPARE(probe.boxes().size(), std::size_t(1));
+    QVERIFY(probe.isDone());
+    QVERIFY2(probe.boxes().front().text.contains(QLatin1String("out.csv")),
+             qPrintable(probe.boxes().front().text));
+    QCOMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Failed);
+}
+
+void tst_FirstBreak::speaksChinese()
+{
+    OvTranslator::instance().setSessionLanguage(OvTranslator::Chinese);
+    m_module->changeLanguage();
+    QCOMPARE(m_menu->title(), QStringLiteral("初至(&B)"));
+    QCOMPARE(m_session->window()->findChild<QAction*>("actionFB_to_SEGY_Header")->toolTip(),
+             QStringLiteral("目前尚不能将初至写入道头。"));
+    OvTranslator::instance().setSessionLanguage(OvTranslator::English);
+    m_module->changeLanguage();
+    QCOMPARE(m_menu->title(), QStringLiteral("First &Break"));
+}
+
+QTEST_MAIN(tst_FirstBreak)
+#include "tst_FirstBreak.moc"
