@@ -199,7 +199,18 @@ bool Walker::waitFor(const std::function<bool()>& condition, int timeoutMs)
 
 bool Walker::waitForMainWindow()
 {
-    return waitFor([this] { return ask("window")["main"].toBool(); }, 30000);
+    // The window manager still moves a window after its first appearance.
+    QRect before;
+    int still = 0;
+    return waitFor(
+        [&] {
+            const QJsonObject window = ask("window");
+            const QRect now = rectOf(window);
+            still = window["active"].toBool() && now.isValid() && now == before ? still + 1 : 0;
+            before = now;
+            return still > 5;
+        },
+        30000);
 }
 
 bool Walker::waitForDialog(const QString& name)
@@ -241,6 +252,8 @@ bool Walker::clickEntry(const QString& entry)
     });
     if (there)
         click(rectOf(action));
+    else
+        qWarning().noquote() << entry << "cannot be clicked:" << action;
     return there;
 }
 

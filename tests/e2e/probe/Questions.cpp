@@ -177,6 +177,8 @@ QJsonObject aboutWindows()
     const auto* box = qobject_cast<const QMessageBox*>(modal);
     const QMainWindow* window = mainWindow();
     return {{"main", window && window->isVisible()},
+            {"active", window && window->isActiveWindow()},
+            {"rect", window ? toJson(globalRect(window, window->rect())) : QJsonArray()},
             {"title", window ? window->windowTitle() : QString()},
             {"popup", QApplication::activePopupWidget() != nullptr},
             {"modal", modal ? modal->objectName() : QString()},
