@@ -97,9 +97,15 @@ void OvGatherViewController::Private::connectPane()
     });
     connect(pane, &OvGatherPane::showingChanged, q,
             [this] { q->delegateJob()->setEnabled(pane->isShowing()); });
-    if (pane->document())
-        connect(pane->document().data(), &OvSegyDocument::firstBreaksChanged, q,
-                [this] { updateFirstBreakFile(); });
+    if (!pane->document())
+        return;
+    const OvSegyDocument* document = pane->document().data();
+    connect(document, &OvSegyDocument::firstBreaksChanged, q, [this] { updateFirstBreakFile(); });
+    connect(document, &OvSegyDocument::indexFailed, q, [this] { updateBar(); });
+    connect(bar, &OvPagingBar::indexChosen, q, [this] {
+        pane->document()->readIndex();
+        updateBar();
+    });
 }
 
 void OvGatherViewController::Private::connectBar()
@@ -172,6 +178,8 @@ void OvGatherViewController::Private::takeScaleFromCanvas()
 void OvGatherViewController::Private::updateBar()
 {
     bar->setGather(pane->currentGather(), pane->gatherCount(), pane->fieldRecord());
+    const auto document = pane->document();
+    bar->setIndexOffered(document && !document->isIndexComplete() && !document->isIndexing());
 }
 
 void OvGatherViewController::Private::goToFieldRecord(int record)

@@ -206,7 +206,7 @@ void OvMultiPlaneViewController::Private::updateBar()
 void OvMultiPlaneViewController::Private::retranslate()
 {
     emptyLabel->setText(OvMultiPlaneViewController::tr(
-        "No view is linked. Choose the views of the parallel view in the Link Window dialog."));
+        "No view is linked. Choose the views to link in the Parallel View dialog."));
     bar->retranslate();
     for (OvMirrorPanel* panel : qAsConst(panels))
         panel->retranslate();

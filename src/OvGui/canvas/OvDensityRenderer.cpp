@@ -29,7 +29,7 @@ QImage OvDensityRenderer::render()
         const Rows rows = rowsAt(x);
         if (rows.first >= rows.end)
             continue;
-        if (rows.first == last.first && rows.end == last.end)
+        if (rows.first == last.first && rows.end == last.end && !m_lastWasDead)
             copyColumn(x - 1, x);
         else
             fill(x, rows);
@@ -99,6 +99,7 @@ void OvDensityRenderer::fill(int x, const Rows& rows)
         const std::vector<float>& values = column(row);
         std::transform(sums.begin(), sums.end(), values.begin(), sums.begin(), std::plus<>());
     }
+    m_lastWasDead = alive == 0;
     for (int y = 0; y < m_geometry.height; ++y) {
         const float sum = sums[static_cast<std::size_t>(y)];
         auto* line = reinterpret_cast<QRgb*>(m_image.scanLine(y));

@@ -34,6 +34,7 @@ private:
     OvTileGeometry m_geometry;
     OvColorMap m_colors;
     QImage m_image;
+    bool m_lastWasDead = false; // hatching differs from column to column
     int m_columnRow = -1;
     std::vector<float> m_column;
 };

@@ -1,30 +1,20 @@
 #include "OvGui/canvas/OvGatherCanvas.h"
 
-#include "OvGui/canvas/OvCanvasLayout.h"
+#include "OvGui/canvas/OvCanvasBars.h"
+#include "OvGui/canvas/OvCanvasScene.h"
 #include "OvGui/canvas/OvCanvasTool.h"
+#include "OvGui/canvas/OvCanvasTools.h"
 #include "OvGui/canvas/OvGatherPicture.h"
-#include "OvGui/canvas/OvMessagePainter.h"
-#include "OvGui/canvas/OvPickPainter.h"
 #include "OvGui/canvas/OvTimeAxis.h"
-#include "OvGui/canvas/OvTraceAxis.h"
 
 #include <QEvent>
 #include <QFontMetrics>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
-#include <QScrollBar>
-#include <QSignalBlocker>
 #include <QStyle>
-#include <QWheelEvent>
-
-#include <cmath>
-#include <functional>
 
 namespace {
 
-constexpr int titlePadding = 4;
-constexpr int gridAlpha = 40;
+constexpr int padding = 4;
 
 } // namespace
 
@@ -34,114 +24,64 @@ struct OvGatherCanvas::Private
 
     OvGatherCanvas* q;
     OvGatherPicture picture;
-    OvViewState state;
+    OvCanvasScene scene;
+    OvCanvasBars* bars; // a child of the canvas
+    OvCanvasTools tools;
     OvGatherExtent leastTimes;
-    std::shared_ptr<const OvGather> gather;
-    OvFirstBreaks breaks;
-    OvDisplayDefine define;
-    OvTraceHeaderDefine headerDefine;
-    OvTraceAxis traceAxis;
-    QString title;
-    QString message;
-    bool timeAxisVisible = true;
     bool paintedOnce = false;
-    OvCanvasLayout layout;
-    QScrollBar* horizontal;
-    QScrollBar* vertical;
-    QVector<QPointer<OvCanvasTool>> tools; // asked first: the first
-    QPointer<OvCanvasTool> grabber;
 
     void arrange();
     void updateExtent();
     void applyState();
-    void updateBars();
-    void scrollToBars();
     template <typename Change>
     void changeView(Change change);
-    void paintAll(QPainter* painter, const std::function<void(QPainter*)>& paintTraces);
-    void paintAxes(QPainter* painter);
-    void paintData(QPainter* painter, const std::function<void(QPainter*)>& paintTraces);
-    void paintGrid(QPainter* painter) const;
     void announcePainted();
-    template <typename Handler>
-    bool offer(Handler handler);
 };
 
 OvGatherCanvas::Private::Private(OvGatherCanvas* canvas)
     : q(canvas)
-    , horizontal(new QScrollBar(Qt::Horizontal, canvas))
-    , vertical(new QScrollBar(Qt::Vertical, canvas))
+    , bars(new OvCanvasBars(canvas))
 {
     connect(&picture, &OvGatherPicture::updated, q, QOverload<>::of(&QWidget::update));
-    for (QScrollBar* bar : {horizontal, vertical}) {
-        bar->setFocusPolicy(Qt::NoFocus);
-        bar->setCursor(Qt::ArrowCursor);
-        connect(bar, &QScrollBar::valueChanged, q, [this] { scrollToBars(); });
-    }
+    connect(bars, &OvCanvasBars::moved, q,
+            [this] { changeView([this] { bars->scroll(&scene.state); }); });
 }
 
 void OvGatherCanvas::Private::arrange()
 {
     const QFontMetrics metrics = q->fontMetrics();
     OvCanvasLayout::Sizes sizes{};
-    sizes.title = metrics.height() + 2 * titlePadding;
+    sizes.title = metrics.height() + 2 * padding;
     sizes.traceAxis = OvTraceAxis::height(metrics);
-    sizes.timeAxis = timeAxisVisible ? OvTimeAxis::width(state, metrics) : titlePadding;
+    sizes.timeAxis = scene.timeAxisVisible ? OvTimeAxis::width(scene.state, metrics) : padding;
     sizes.bar = q->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, q);
-    layout = OvCanvasLayout::of(q->size(), sizes);
-    horizontal->setGeometry(layout.horizontalBar);
-    vertical->setGeometry(layout.verticalBar);
-    state.setViewSize(layout.data.size());
+    scene.layout = OvCanvasLayout::of(q->size(), sizes);
+    bars->place(scene.layout.horizontalBar, scene.layout.verticalBar);
+    scene.state.setViewSize(scene.layout.data.size());
 }
 
 void OvGatherCanvas::Private::updateExtent()
 {
-    OvGatherExtent extent = OvGatherExtent::of(*gather);
+    OvGatherExtent extent = OvGatherExtent::of(*scene.gather);
     if (!extent.isEmpty())
         extent.uniteTimes(leastTimes);
-    state.setExtent(extent);
+    scene.state.setExtent(extent);
 }
 
 void OvGatherCanvas::Private::applyState()
 {
     arrange();
-    picture.setView(state, q->devicePixelRatioF());
-    updateBars();
+    picture.setView(scene.state, q->devicePixelRatioF());
+    bars->show(scene.state);
     q->update();
-}
-
-void OvGatherCanvas::Private::updateBars()
-{
-    const auto set = [](QScrollBar* bar, double range, double page, double value) {
-        const QSignalBlocker blocker(bar);
-        bar->setRange(0, static_cast<int>(std::ceil(range)));
-        bar->setPageStep(static_cast<int>(page));
-        bar->setSingleStep(std::max(1, static_cast<int>(page / 10.0)));
-        bar->setValue(static_cast<int>(std::lround(value)));
-        bar->setVisible(range >= 1.0);
-    };
-    const double spacing = state.traceSpacing();
-    set(horizontal, (state.maximumLeft() - state.minimumLeft()) * spacing, state.viewSize().width(),
-        (state.left() - state.minimumLeft()) * spacing);
-    const double start = state.extent().startMs;
-    set(vertical, (state.maximumTopMs() - start) * state.pixelsPerMs(), state.viewSize().height(),
-        (state.topMs() - start) * state.pixelsPerMs());
-}
-
-void OvGatherCanvas::Private::scrollToBars()
-{
-    changeView([this] {
-        state.scrollTo(state.minimumLeft() + horizontal->value() / state.traceSpacing(),
-                       state.extent().startMs + vertical->value() / state.pixelsPerMs());
-    });
 }
 
 template <typename Change>
 void OvGatherCanvas::Private::changeView(Change change)
 {
-    const OvViewState before = state;
+    const OvViewState before = scene.state;
     change();
-    if (state == before)
+    if (scene.state == before)
         return;
     applyState();
     emit q->viewChanged();
@@ -167,16 +107,14 @@ OvGatherCanvas::~OvGatherCanvas()
 
 void OvGatherCanvas::setGather(const std::shared_ptr<const OvGather>& gather)
 {
-    if (gather == d->gather)
+    if (gather == d->scene.gather)
         return;
-    d->gather = gather;
-    d->breaks = {};
+    d->scene.gather = gather;
+    d->scene.breaks = {};
     d->paintedOnce = false;
-    d->traceAxis = OvTraceAxis(gather, d->headerDefine.axisWord);
-    d->picture.setContent(gather, d->define);
-    for (const auto& tool : d->tools)
-        if (tool)
-            tool->leave();
+    d->scene.traceAxis = OvTraceAxis(gather, d->scene.headerDefine.axisWord);
+    d->picture.setContent(gather, d->scene.define);
+    d->tools.leave();
     if (!gather) {
         update();
         return;
@@ -188,166 +126,168 @@ void OvGatherCanvas::setGather(const std::shared_ptr<const OvGather>& gather)
 
 std::shared_ptr<const OvGather> OvGatherCanvas::gather() const
 {
-    return d->gather;
+    return d->scene.gather;
 }
 
 void OvGatherCanvas::setFirstBreaks(const OvFirstBreaks& breaks)
 {
-    d->breaks = breaks;
+    d->scene.breaks = breaks;
     update();
 }
 
 const OvFirstBreaks& OvGatherCanvas::firstBreaks() const
 {
-    return d->breaks;
+    return d->scene.breaks;
 }
 
 void OvGatherCanvas::setDisplayDefine(const OvDisplayDefine& define)
 {
-    OvDisplayDefine same = d->define;
+    OvDisplayDefine same = d->scene.define;
     same.showPicks = define.showPicks;
     const bool tracesChange = same != define;
-    d->define = define;
-    if (tracesChange && d->gather)
-        d->picture.setContent(d->gather, define);
+    d->scene.define = define;
+    if (tracesChange && d->scene.gather)
+        d->picture.setContent(d->scene.gather, define);
     update();
 }
 
 const OvDisplayDefine& OvGatherCanvas::displayDefine() const
 {
-    return d->define;
+    return d->scene.define;
 }
 
 void OvGatherCanvas::setTraceHeaderDefine(const OvTraceHeaderDefine& define)
 {
-    d->headerDefine = define;
-    d->traceAxis = OvTraceAxis(d->gather, define.axisWord);
+    d->scene.headerDefine = define;
+    d->scene.traceAxis = OvTraceAxis(d->scene.gather, define.axisWord);
     update();
 }
 
 void OvGatherCanvas::setTitle(const QString& title)
 {
-    d->title = title;
+    d->scene.title = title;
     update();
 }
 
 QString OvGatherCanvas::title() const
 {
-    return d->title;
+    return d->scene.title;
 }
 
 void OvGatherCanvas::setMessage(const QString& message)
 {
-    if (message == d->message)
+    if (message == d->scene.message)
         return;
-    d->message = message;
+    d->scene.message = message;
     update();
 }
 
 QString OvGatherCanvas::message() const
 {
-    return d->message;
+    return d->scene.message;
 }
 
 void OvGatherCanvas::setTimeAxisVisible(bool visible)
 {
-    d->timeAxisVisible = visible;
+    d->scene.timeAxisVisible = visible;
     d->applyState();
 }
 
 void OvGatherCanvas::setLeastTimes(const OvGatherExtent& times)
 {
     d->leastTimes = times;
-    if (d->gather)
+    if (d->scene.gather)
         d->changeView([this] { d->updateExtent(); });
 }
 
 const OvViewState& OvGatherCanvas::viewState() const
 {
-    return d->state;
+    return d->scene.state;
 }
 
 void OvGatherCanvas::followView(const OvViewState& other)
 {
     d->changeView([this, &other] {
         if (other.isFitted()) {
-            d->state.fit();
+            d->scene.state.fit();
             return;
         }
-        d->state.setScale(other.traceSpacing(), other.pixelsPerMs());
-        d->state.scrollTo(other.left(), other.topMs());
+        d->scene.state.setScale(other.traceSpacing(), other.pixelsPerMs());
+        d->scene.state.scrollTo(other.left(), other.topMs());
     });
 }
 
 void OvGatherCanvas::setScale(double traceSpacing, double pixelsPerMs)
 {
-    d->changeView([=] { d->state.setScale(traceSpacing, pixelsPerMs); });
+    d->changeView([=] { d->scene.state.setScale(traceSpacing, pixelsPerMs); });
 }
 
 void OvGatherCanvas::fit()
 {
-    d->changeView([this] { d->state.fit(); });
+    d->changeView([this] { d->scene.state.fit(); });
     emit scaleChosen();
 }
 
 void OvGatherCanvas::zoomAt(const QPointF& widgetPoint, double traceFactor, double timeFactor)
 {
-    const QPointF point = widgetPoint - d->layout.data.topLeft();
-    d->changeView([&] { d->state.zoomAt(point, traceFactor, timeFactor); });
+    const QPointF point = widgetPoint - d->scene.layout.data.topLeft();
+    d->changeView([&] { d->scene.state.zoomAt(point, traceFactor, timeFactor); });
     emit scaleChosen();
 }
 
 void OvGatherCanvas::zoomBy(double factor)
 {
-    zoomAt(QRectF(d->layout.data).center(), factor, factor);
+    zoomAt(QRectF(d->scene.layout.data).center(), factor, factor);
 }
 
 void OvGatherCanvas::zoomTo(const QRectF& widgetRect)
 {
-    const QRectF rect = widgetRect.translated(-d->layout.data.topLeft());
-    d->changeView([&] { d->state.zoomTo(rect); });
+    const QRectF rect = widgetRect.translated(-d->scene.layout.data.topLeft());
+    d->changeView([&] { d->scene.state.zoomTo(rect); });
     emit scaleChosen();
 }
 
 void OvGatherCanvas::panBy(const QPointF& pixels)
 {
-    d->changeView([&] { d->state.panBy(pixels); });
+    d->changeView([&] { d->scene.state.panBy(pixels); });
 }
 
 QRect OvGatherCanvas::dataRect() const
 {
-    return d->layout.data;
+    return d->scene.layout.data;
 }
 
 QPointF OvGatherCanvas::pointOf(int row, double timeMs) const
 {
-    return QPointF(d->layout.data.topLeft()) + QPointF(d->state.xOfRow(row), d->state.yOf(timeMs));
+    return QPointF(d->scene.layout.data.topLeft()) +
+           QPointF(d->scene.state.xOfRow(row), d->scene.state.yOf(timeMs));
 }
 
 int OvGatherCanvas::rowAt(const QPointF& widgetPoint) const
 {
-    const QRectF area(d->layout.data);
-    return d->gather && area.contains(widgetPoint) ? d->state.rowAt(widgetPoint.x() - area.left())
-                                                   : -1;
+    const QRectF area(d->scene.layout.data);
+    return d->scene.gather && area.contains(widgetPoint)
+               ? d->scene.state.rowAt(widgetPoint.x() - area.left())
+               : -1;
 }
 
 double OvGatherCanvas::timeAt(const QPointF& widgetPoint) const
 {
-    return d->state.timeAt(widgetPoint.y() - d->layout.data.top());
+    return d->scene.state.timeAt(widgetPoint.y() - d->scene.layout.data.top());
 }
 
 void OvGatherCanvas::addTool(OvCanvasTool* tool)
 {
-    d->tools.prepend(tool);
+    d->tools.add(tool);
     connect(tool, &QObject::destroyed, this, [this] {
-        d->tools.removeAll(nullptr);
+        d->tools.tidy();
         update();
     });
 }
 
 bool OvGatherCanvas::isComplete() const
 {
-    return d->gather && d->picture.isComplete();
+    return d->scene.gather && d->picture.isComplete();
 }
 
 QImage OvGatherCanvas::picture() const
@@ -358,77 +298,17 @@ QImage OvGatherCanvas::picture() const
     image.fill(palette().color(QPalette::Window));
     QPainter painter(&image);
     painter.setFont(font());
-    d->paintAll(&painter, [this](QPainter* p) {
-        const QImage traces = d->picture.renderNow();
-        p->drawImage(QRectF(QPointF(), d->state.viewSize()), traces);
-    });
+    const QImage traces = d->picture.renderNow();
+    d->scene.paint(
+        &painter, palette(),
+        [&](QPainter* p) { p->drawImage(QRectF(QPointF(), d->scene.state.viewSize()), traces); },
+        [this](QPainter* p) { d->tools.paint(p); });
     return image;
 }
 
 QSize OvGatherCanvas::sizeHint() const
 {
     return {800, 600};
-}
-
-void OvGatherCanvas::Private::paintAll(QPainter* painter,
-                                       const std::function<void(QPainter*)>& paintTraces)
-{
-    paintAxes(painter);
-    painter->save();
-    painter->setClipRect(layout.data);
-    paintData(painter, paintTraces);
-    painter->restore();
-    painter->setPen(q->palette().color(QPalette::Mid));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRect(layout.data.adjusted(-1, -1, 0, 0));
-}
-
-void OvGatherCanvas::Private::paintAxes(QPainter* painter)
-{
-    painter->setPen(q->palette().color(QPalette::WindowText));
-    const QString shown = painter->fontMetrics().elidedText(
-        title, Qt::ElideMiddle, layout.title.width() - 2 * titlePadding);
-    QFont bold = painter->font();
-    bold.setBold(true);
-    const QFont plain = painter->font();
-    painter->setFont(bold);
-    painter->drawText(layout.title, Qt::AlignCenter, shown);
-    painter->setFont(plain);
-    if (!gather)
-        return;
-    traceAxis.paint(painter, layout.traceAxis, state);
-    if (timeAxisVisible)
-        OvTimeAxis::paint(painter, layout.timeAxis, state);
-}
-
-void OvGatherCanvas::Private::paintData(QPainter* painter,
-                                        const std::function<void(QPainter*)>& paintTraces)
-{
-    painter->fillRect(layout.data, Qt::white);
-    if (gather) {
-        painter->save();
-        painter->translate(layout.data.topLeft());
-        paintTraces(painter);
-        painter->restore();
-        paintGrid(painter);
-        if (define.showPicks)
-            OvPickPainter::paint(painter, layout.data, state, breaks);
-        for (const auto& tool : tools)
-            if (tool)
-                tool->paint(painter);
-    }
-    OvMessagePainter::paint(painter, layout.data, message, gather != nullptr);
-}
-
-void OvGatherCanvas::Private::paintGrid(QPainter* painter) const
-{
-    painter->setPen(QColor(0, 60, 160, gridAlpha));
-    const double apart = 2.6 * painter->fontMetrics().height();
-    for (const OvTimeAxis::Tick& tick : OvTimeAxis::ticks(state, apart)) {
-        const int y = layout.data.top() + static_cast<int>(std::lround(state.yOf(tick.timeMs)));
-        if (tick.major)
-            painter->drawLine(layout.data.left(), y, layout.data.right(), y);
-    }
 }
 
 void OvGatherCanvas::Private::announcePainted()
@@ -444,7 +324,9 @@ void OvGatherCanvas::paintEvent(QPaintEvent* event)
 {
     Q_UNUSED(event)
     QPainter painter(this);
-    d->paintAll(&painter, [this](QPainter* p) { d->picture.paint(p); });
+    d->scene.paint(
+        &painter, palette(), [this](QPainter* p) { d->picture.paint(p); },
+        [this](QPainter* p) { d->tools.paint(p); });
     d->announcePainted();
 }
 
@@ -463,69 +345,38 @@ void OvGatherCanvas::changeEvent(QEvent* event)
     update();
 }
 
-template <typename Handler>
-bool OvGatherCanvas::Private::offer(Handler handler)
-{
-    const auto asked = tools; // a handler may add or delete tools
-    for (const auto& tool : asked) {
-        if (!tool || !handler(tool.data()))
-            continue;
-        grabber = tool;
-        return true;
-    }
-    return false;
-}
-
 void OvGatherCanvas::mousePressEvent(QMouseEvent* event)
 {
-    if (d->grabber) {
-        d->grabber->mousePress(event);
-        return;
-    }
-    event->setAccepted(d->offer([event](OvCanvasTool* tool) { return tool->mousePress(event); }));
+    d->tools.press(event);
 }
 
 void OvGatherCanvas::mouseMoveEvent(QMouseEvent* event)
 {
-    if (d->grabber && event->buttons() != Qt::NoButton) {
-        d->grabber->mouseMove(event);
-        return;
-    }
-    d->offer([event](OvCanvasTool* tool) { return tool->mouseMove(event); });
-    d->grabber.clear();
+    d->tools.move(event);
 }
 
 void OvGatherCanvas::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (d->grabber)
-        d->grabber->mouseRelease(event);
-    if (event->buttons() == Qt::NoButton)
-        d->grabber.clear();
+    d->tools.release(event);
 }
 
 void OvGatherCanvas::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    d->offer([event](OvCanvasTool* tool) { return tool->mouseDoubleClick(event); });
+    d->tools.doubleClick(event);
 }
 
 void OvGatherCanvas::wheelEvent(QWheelEvent* event)
 {
-    const QPointer<OvCanvasTool> before = d->grabber;
-    event->setAccepted(d->offer([event](OvCanvasTool* tool) { return tool->wheel(event); }));
-    d->grabber = before;
+    d->tools.wheel(event);
 }
 
 void OvGatherCanvas::keyPressEvent(QKeyEvent* event)
 {
-    const QPointer<OvCanvasTool> before = d->grabber;
-    event->setAccepted(d->offer([event](OvCanvasTool* tool) { return tool->keyPress(event); }));
-    d->grabber = before;
+    d->tools.key(event);
 }
 
 void OvGatherCanvas::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
-    for (const auto& tool : d->tools)
-        if (tool)
-            tool->leave();
+    d->tools.leave();
 }

@@ -17,7 +17,9 @@ double halfWidth(const OvViewState& state)
 
 void paintBar(QPainter* painter, const QPointF& at, double half)
 {
-    const QRectF bar(at.x() - half, at.y() - 1.0, 2.0 * half, 2.0);
+    // On whole pixels: a bar of two rows blurs away between them.
+    const QRectF bar(std::round(at.x() - half), std::round(at.y()) - 1.0, std::round(2.0 * half),
+                     2.0);
     painter->fillRect(bar.adjusted(-1.0, -1.0, 1.0, 1.0), outlineLight);
     painter->fillRect(bar, OvPickPainter::color(OvPickState::Automatic));
 }

@@ -13,14 +13,10 @@ constexpr int gap = 4;
 constexpr int minorTicks = 5;
 constexpr double labelLines = 2.6; // distance of labels, in lines of text
 
-double leastPixels(const QFontMetrics& metrics)
-{
-    return metrics.height() * labelLines;
-}
-
 int labelWidth(const OvViewState& state, const QFontMetrics& metrics)
 {
-    const double step = OvTimeAxis::niceStep(state.pixelsPerMs(), leastPixels(metrics));
+    const double step =
+        OvTimeAxis::niceStep(state.pixelsPerMs(), OvTimeAxis::labelDistance(metrics));
     // The ends of the data, not of the view, so that scrolling does not move the data area.
     return std::max(
         {OvTimeAxis::textWidth(metrics, OvTimeAxis::label(state.extent().startMs, step)),
@@ -33,6 +29,11 @@ int labelWidth(const OvViewState& state, const QFontMetrics& metrics)
 int OvTimeAxis::textWidth(const QFontMetrics& metrics, const QString& text)
 {
     return metrics.size(Qt::TextSingleLine, text).width();
+}
+
+double OvTimeAxis::labelDistance(const QFontMetrics& metrics)
+{
+    return metrics.height() * labelLines;
 }
 
 double OvTimeAxis::niceStep(double pixelsPerMs, double leastPixels)
@@ -66,14 +67,14 @@ QString OvTimeAxis::label(double timeMs, double step)
 
 int OvTimeAxis::width(const OvViewState& state, const QFontMetrics& metrics)
 {
-    return labelWidth(state, metrics) + metrics.height() + tickLength + 3 * gap;
+    return labelWidth(state, metrics) + metrics.height() + tickLength + 4 * gap;
 }
 
 void OvTimeAxis::paint(QPainter* painter, const QRect& area, const OvViewState& state)
 {
     const QFontMetrics metrics(painter->font());
-    const double step = niceStep(state.pixelsPerMs(), leastPixels(metrics));
-    for (const Tick& tick : ticks(state, leastPixels(metrics))) {
+    const double step = niceStep(state.pixelsPerMs(), labelDistance(metrics));
+    for (const Tick& tick : ticks(state, labelDistance(metrics))) {
         const int y = area.top() + static_cast<int>(std::lround(state.yOf(tick.timeMs)));
         const int length = tick.major ? tickLength : tickLength / 2;
         painter->drawLine(area.right() - length, y, area.right(), y);
@@ -87,7 +88,7 @@ void OvTimeAxis::paint(QPainter* painter, const QRect& area, const OvViewState& 
             Qt::AlignRight | Qt::AlignVCenter, label(tick.timeMs, step));
     }
     painter->save();
-    painter->translate(area.left() + gap / 2, area.center().y());
+    painter->translate(area.left() + gap, area.center().y());
     painter->rotate(-90.0);
     painter->drawText(QRect(-area.height() / 2, 0, area.height(), metrics.height()),
                       Qt::AlignCenter, tr("Time (ms)"));

@@ -23,6 +23,8 @@ public:
         bool major; ///< has a label
     };
 
+    /// Least distance of two labels, pixels.
+    static double labelDistance(const QFontMetrics& metrics);
     /// The step, 1, 2 or 5 times a power of ten, that keeps labels at least leastPixels apart.
     static double niceStep(double pixelsPerMs, double leastPixels);
     static QVector<Tick> ticks(const OvViewState& state, double leastPixels);

@@ -5,7 +5,7 @@
 #include <QPointF>
 
 /// Left or middle drag moves the data with the mouse.
-class OvPanTool : public OvCanvasTool
+class OVGUI_EXPORT OvPanTool : public OvCanvasTool
 {
     Q_OBJECT
 

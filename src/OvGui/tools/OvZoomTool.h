@@ -7,7 +7,7 @@
 
 /// The wheel zooms at the mouse (with Ctrl the time only, with Shift the traces only); a right
 /// drag, or a left one with Shift, zooms to a rectangle; a double click shows the whole gather.
-class OvZoomTool : public OvCanvasTool
+class OVGUI_EXPORT OvZoomTool : public OvCanvasTool
 {
     Q_OBJECT
 

@@ -12,6 +12,9 @@ public:
     explicit OvFieldRecordBox(QWidget* parent = nullptr);
 
     void stepBy(int steps) override;
+    /// Room for the numbers that files have, not for all that fit the type.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 signals:
     void stepped(int steps);

@@ -25,6 +25,7 @@ OvGatherPane::OvGatherPane(QSharedPointer<OvSegyDocument> document, OvGatherCanv
         emit showingChanged();
         if (m_painted)
             emit gatherShown(m_current);
+        reportFirstBreaks();
     });
     if (m_document) {
         const OvSegyDocument* source = m_document.data();
@@ -42,6 +43,16 @@ OvGatherPane::OvGatherPane(QSharedPointer<OvSegyDocument> document, OvGatherCanv
 }
 
 OvGatherPane::~OvGatherPane() = default;
+
+void OvGatherPane::reportFirstBreaks()
+{
+    if (m_firstBreaksReported || !m_document)
+        return;
+    m_firstBreaksReported = true;
+    const OvStatus status = m_document->firstBreakStatus();
+    if (!status)
+        emit info(status.message());
+}
 
 int OvGatherPane::gatherCount() const
 {
@@ -171,7 +182,8 @@ void OvGatherPane::updateMessage()
 {
     const QString text = message();
     m_canvas->setMessage(text);
-    const bool counting = m_document && m_document->isIndexing();
+    // The status bar hears of it once, not at every per cent.
+    const bool counting = m_document && m_document->isIndexing() && m_canvas->gather();
     const QString once = counting && !text.isEmpty() ? tr("Reading headers…") : text;
     if (once == m_lastInfo)
         return;

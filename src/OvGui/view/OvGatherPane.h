@@ -44,6 +44,8 @@ private:
     void show(const std::shared_ptr<const OvGather>& data);
     void takeIndex();
     void prefetch();
+    /// Says once that the first breaks cannot be used, if so.
+    void reportFirstBreaks();
     void updateBreaks();
     void updateTitle();
     void updateMessage();
@@ -56,6 +58,7 @@ private:
     int m_onCanvas = -1;
     int m_requested = -1;
     bool m_painted = false;
+    bool m_firstBreaksReported = false;
     QString m_error;   // why the current gather cannot be shown
     QTimer m_patience; // what is over sooner is not worth a message
     QString m_lastInfo;

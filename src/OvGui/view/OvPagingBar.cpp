@@ -50,6 +50,9 @@ void OvPagingBar::makeWidgets()
     m_zoomOut = makeButton(QStringLiteral("zoomOutButton"));
     m_zoomIn = makeButton(QStringLiteral("zoomInButton"));
     m_fit = makeButton(QStringLiteral("fitButton"));
+    m_index = makeButton(QStringLiteral("readHeadersButton"));
+    m_index->setAutoRaise(false);
+    m_index->hide();
     m_readout = new QLabel(this);
     m_readout->setObjectName(QStringLiteral("readoutLabel"));
     m_readout->setTextFormat(Qt::PlainText);
@@ -71,7 +74,8 @@ void OvPagingBar::arrange()
          {static_cast<QWidget*>(m_gatherLabel), static_cast<QWidget*>(m_gatherBox),
           static_cast<QWidget*>(m_countLabel), static_cast<QWidget*>(m_recordLabel),
           static_cast<QWidget*>(m_recordBox), static_cast<QWidget*>(m_zoomOut),
-          static_cast<QWidget*>(m_zoomIn), static_cast<QWidget*>(m_fit)})
+          static_cast<QWidget*>(m_zoomIn), static_cast<QWidget*>(m_fit),
+          static_cast<QWidget*>(m_index)})
         layout->addWidget(widget);
     layout->addWidget(m_readout, 4);
 }
@@ -90,6 +94,7 @@ void OvPagingBar::connectWidgets()
     connect(m_zoomIn, &QToolButton::clicked, this, &OvPagingBar::zoomInChosen);
     connect(m_zoomOut, &QToolButton::clicked, this, &OvPagingBar::zoomOutChosen);
     connect(m_fit, &QToolButton::clicked, this, &OvPagingBar::fitChosen);
+    connect(m_index, &QToolButton::clicked, this, &OvPagingBar::indexChosen);
 }
 
 void OvPagingBar::setGather(int gather, int count, qint32 fieldRecord)
@@ -114,6 +119,11 @@ void OvPagingBar::setGather(int gather, int count, qint32 fieldRecord)
     m_countLabel->setText(tr("of %1").arg(count));
 }
 
+void OvPagingBar::setIndexOffered(bool offered)
+{
+    m_index->setVisible(offered);
+}
+
 void OvPagingBar::setReadout(const QString& text)
 {
     m_readout->setText(text);
@@ -128,6 +138,8 @@ void OvPagingBar::retranslate()
     m_zoomOut->setText(tr("−"));
     m_zoomIn->setText(tr("+"));
     m_fit->setText(tr("Fit"));
+    m_index->setText(tr("Read Headers"));
+    m_index->setToolTip(tr("Read all trace headers of the file, to see all its gathers"));
     m_previous->setToolTip(tr("Previous gather (Left or Page Up)"));
     m_next->setToolTip(tr("Next gather (Right or Page Down)"));
     m_slider->setToolTip(tr("Leaf through the gathers (Home and End for the first and the last)"));

@@ -18,6 +18,8 @@ public:
 
     /// gather counts from 0. Emits nothing.
     void setGather(int gather, int count, qint32 fieldRecord);
+    /// Offers to read the headers (again).
+    void setIndexOffered(bool offered);
     void setReadout(const QString& text);
     void retranslate();
 
@@ -27,6 +29,7 @@ signals:
     void zoomInChosen();
     void zoomOutChosen();
     void fitChosen();
+    void indexChosen();
 
 private:
     void makeWidgets();
@@ -48,5 +51,6 @@ private:
     QToolButton* m_zoomIn;
     QToolButton* m_zoomOut;
     QToolButton* m_fit;
+    QToolButton* m_index;
     QLabel* m_readout;
 };

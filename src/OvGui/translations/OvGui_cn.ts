@@ -1,0 +1,259 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>OvAbstractViewController</name>
+    <message>
+        <source>Picture written to %1.</source>
+        <translation>图片已写入 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>OvFirstBreakStore</name>
+    <message>
+        <source>%1 is write-protected. First breaks can be looked at but not changed.</source>
+        <translation>%1 是写保护的。初至可以查看，但不能修改。</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made. Check its place and its rights.</source>
+        <translation>无法创建文件夹 %1。请检查其位置和权限。</translation>
+    </message>
+    <message>
+        <source>%1 has no gather %2.</source>
+        <translation>%1 中没有第 %2 个道集。</translation>
+    </message>
+    <message>
+        <source>Gather %1 of %2 has %3 traces, but %4 first breaks were given.</source>
+        <translation>%2 的第 %1 个道集有 %3 道，但给出了 %4 个初至。</translation>
+    </message>
+</context>
+<context>
+    <name>OvGatherPane</name>
+    <message>
+        <source>%1 - field record %2 - gather %3 of %4</source>
+        <translation>%1 - 野外文件号 %2 - 道集 %3 / %4</translation>
+    </message>
+    <message>
+        <source>Reading headers…</source>
+        <translation>正在读取道头…</translation>
+    </message>
+    <message>
+        <source>There is nothing to show. Open a SEG-Y file.</source>
+        <translation>没有可显示的内容。请打开一个 SEG-Y 文件。</translation>
+    </message>
+    <message>
+        <source>%1 holds no traces.</source>
+        <translation>%1 中没有地震道。</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>正在加载…</translation>
+    </message>
+    <message>
+        <source>Reading headers… %1 %; showing the first gather</source>
+        <translation>正在读取道头… %1 %；显示第一个道集</translation>
+    </message>
+</context>
+<context>
+    <name>OvGatherReader</name>
+    <message>
+        <source>%1 has no gather %2.</source>
+        <translation>%1 中没有第 %2 个道集。</translation>
+    </message>
+    <message>
+        <source>Gather %1 of %2 takes %3 MiB, too much to show at once. Sort the file into gathers of one shot each.</source>
+        <translation>%2 的第 %1 个道集占用 %3 MiB，无法一次显示。请将文件按每炮一个道集分选。</translation>
+    </message>
+</context>
+<context>
+    <name>OvGatherViewController</name>
+    <message>
+        <source>There is no field record %1.</source>
+        <translation>没有野外文件号 %1。</translation>
+    </message>
+    <message>
+        <source>No data</source>
+        <translation>无数据</translation>
+    </message>
+    <message>
+        <source>Picture written to %1.</source>
+        <translation>图片已写入 %1。</translation>
+    </message>
+    <message>
+        <source>The wheel zooms at the mouse, with Ctrl the time only, with Shift the traces only. Drag to move; drag with the right button, or with Shift, to zoom to a rectangle; double-click to see the whole gather. Left and Right, Page Up and Page Down leaf through the gathers, Up and Down scroll, + - and 0 zoom.</source>
+        <translation>滚轮以鼠标位置为中心缩放，按住 Ctrl 只缩放时间，按住 Shift 只缩放道。拖动可移动；用右键拖动，或按住 Shift 拖动，可放大到矩形区域；双击显示整个道集。左右方向键及 Page Up、Page Down 翻阅道集，上下方向键滚动，+、- 和 0 缩放。</translation>
+    </message>
+</context>
+<context>
+    <name>OvIndexLoader</name>
+    <message>
+        <source>Indexing %1</source>
+        <translation>正在建立 %1 的索引</translation>
+    </message>
+    <message>
+        <source>Reading the headers of %1 was cancelled; only the first gather is shown. Read the headers to see all gathers.</source>
+        <translation>%1 的道头读取已取消；只显示第一个道集。读取道头后可查看全部道集。</translation>
+    </message>
+</context>
+<context>
+    <name>OvMultiPlaneViewController</name>
+    <message>
+        <source>Parallel View</source>
+        <translation>并列显示</translation>
+    </message>
+    <message>
+        <source>No view is linked. Choose the views to link in the Parallel View dialog.</source>
+        <translation>没有链接的视图。请在“并列显示”对话框中选择要链接的视图。</translation>
+    </message>
+</context>
+<context>
+    <name>OvPagingBar</name>
+    <message>
+        <source>of %1</source>
+        <translation>共 %1 个</translation>
+    </message>
+    <message>
+        <source>&amp;Gather</source>
+        <translation>道集(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Field &amp;record</source>
+        <translation>野外文件号(&amp;R)</translation>
+    </message>
+    <message>
+        <source>−</source>
+        <translation>−</translation>
+    </message>
+    <message>
+        <source>+</source>
+        <translation>+</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>全图</translation>
+    </message>
+    <message>
+        <source>Previous gather (Left or Page Up)</source>
+        <translation>上一个道集（左方向键或 Page Up）</translation>
+    </message>
+    <message>
+        <source>Next gather (Right or Page Down)</source>
+        <translation>下一个道集（右方向键或 Page Down）</translation>
+    </message>
+    <message>
+        <source>Leaf through the gathers (Home and End for the first and the last)</source>
+        <translation>翻阅道集（Home 和 End 转到第一个和最后一个）</translation>
+    </message>
+    <message>
+        <source>Position of the gather in the file</source>
+        <translation>道集在文件中的序号</translation>
+    </message>
+    <message>
+        <source>Go to a field record; the arrows step to the neighbouring gathers</source>
+        <translation>转到指定野外文件号；箭头转到相邻道集</translation>
+    </message>
+    <message>
+        <source>Zoom in (+)</source>
+        <translation>放大 (+)</translation>
+    </message>
+    <message>
+        <source>Zoom out (-)</source>
+        <translation>缩小 (-)</translation>
+    </message>
+    <message>
+        <source>Show the whole gather (0)</source>
+        <translation>显示整个道集 (0)</translation>
+    </message>
+    <message>
+        <source>Read Headers</source>
+        <translation>读取道头</translation>
+    </message>
+    <message>
+        <source>Read all trace headers of the file, to see all its gathers</source>
+        <translation>读取文件的全部道头，以查看其所有道集</translation>
+    </message>
+</context>
+<context>
+    <name>OvPictureFile</name>
+    <message>
+        <source>The picture could not be written to %1: %2. Choose another folder or free some space.</source>
+        <translation>图片无法写入 %1：%2。请选择其他文件夹，或释放一些磁盘空间。</translation>
+    </message>
+    <message>
+        <source>Export to Image</source>
+        <translation>导出为图片</translation>
+    </message>
+    <message>
+        <source>PNG images (*.png)</source>
+        <translation>PNG 图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+</context>
+<context>
+    <name>OvReadoutTool</name>
+    <message>
+        <source>Time %1 ms</source>
+        <translation>时间 %1 ms</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>道号 %1</translation>
+    </message>
+    <message>
+        <source>Trace %1</source>
+        <translation>地震道 %1</translation>
+    </message>
+    <message>
+        <source>Offset %1 m</source>
+        <translation>炮检距 %1 m</translation>
+    </message>
+    <message>
+        <source>Dead trace</source>
+        <translation>坏道</translation>
+    </message>
+    <message>
+        <source>Amplitude %1</source>
+        <translation>振幅 %1</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegyDocument</name>
+    <message>
+        <source>First breaks of %1 can be stored once all its headers are read.</source>
+        <translation>读完 %1 的全部道头后才能保存其初至。</translation>
+    </message>
+</context>
+<context>
+    <name>OvTimeAxis</name>
+    <message>
+        <source>Time (ms)</source>
+        <translation>时间 (ms)</translation>
+    </message>
+</context>
+<context>
+    <name>OvTraceAxis</name>
+    <message>
+        <source>Offset (m)</source>
+        <translation>炮检距 (m)</translation>
+    </message>
+    <message>
+        <source>Receiver X</source>
+        <translation>检波点 X 坐标</translation>
+    </message>
+    <message>
+        <source>Trace number</source>
+        <translation>地震道序号</translation>
+    </message>
+    <message>
+        <source>CDP</source>
+        <translation>CDP</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>道号</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,323 @@
+#include "OvGui/document/OvSegyDocument.h"
+
+#include "Gathers.h"
+#include "OvBase/OvAbstractJob.h"
+#include "OvBase/OvTaskManager.h"
+#include "PoolBlock.h"
+#include "fixtures/WarningTrap.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QSharedPointer<OvSegyDocument> open(const QString& path)
+{
+    OvStatus status;
+    const auto document = OvSegyDocument::open(path, &status);
+    if (!status)
+        qWarning("%s", qPrintable(status.message()));
+    return document;
+}
+
+OvAbstractJob* indexJob()
+{
+    const QList<OvAbstractJob*> tasks = OvTaskManager::instance().tasks();
+    return tasks.isEmpty() ? nullptr : tasks.last();
+}
+
+} // namespace
+
+class tst_OvSegyDocument : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+
+    QString path(const QString& name = "line.sgy") const { return m_folder->filePath(name); }
+
+    QSharedPointer<OvSegyDocument> openComplete() const
+    {
+        const auto document = open(path());
+        QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
+        if (!document->isIndexComplete())
+            complete.wait();
+        return document;
+    }
+
+private slots:
+    void init()
+    {
+        WarningTrap::start();
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(Gathers::writeLine(path(), 5));
+    }
+
+    void cleanup() { QCOMPARE(WarningTrap::take(), QStringList()); }
+
+    void oneDocumentAFile()
+    {
+        const auto first = open(path());
+        QVERIFY(first);
+        QCOMPARE(open(path()), first);
+        QCOMPARE(
+            open(m_folder->path() + "/../" + QFileInfo(m_folder->path()).fileName() + "/line.sgy"),
+            first);
+        QVERIFY(QFile::link(path(), path("link.sgy")));
+        QCOMPARE(open(path("link.sgy")), first);
+        QVERIFY(Gathers::writeLine(path("other.sgy"), 1));
+        QVERIFY(open(path("other.sgy")) != first);
+    }
+
+    void aReleasedDocumentIsOpenedAnew()
+    {
+        auto document = open(path());
+        const QPointer<OvSegyDocument> watched(document.data());
+        document.reset();
+        QVERIFY(watched.isNull());
+        QVERIFY(open(path()));
+    }
+
+    void whatIsNoSegyIsRefusedWithAMessage_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("short") << QByteArray(100, 'x');
+        QTest::newRow("text") << QByteArray("not seismic at all\n").repeated(1000);
+    }
+
+    void whatIsNoSegyIsRefusedWithAMessage()
+    {
+        QFETCH(QByteArray, content);
+        QVERIFY(SegyWriter::writeBytes(path("odd.sgy"), content));
+        OvStatus status;
+        QVERIFY(OvSegyDocument::open(path("odd.sgy"), &status).isNull());
+        QVERIFY(!status);
+        QVERIFY(status.message().contains("odd.sgy"));
+        QVERIFY(OvSegyDocument::open(path("missing.sgy"), &status).isNull());
+        QVERIFY(status.message().contains("missing.sgy"));
+    }
+
+    void theFirstGatherComesBeforeTheIndex()
+    {
+        PoolBlock block(OvBackground::scanPool());
+        const auto document = open(path());
+        QSignalSpy ready(document.data(), &OvSegyDocument::firstGatherReady);
+        QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
+        QVERIFY(ready.wait());
+        QCOMPARE(document->gatherCount(), 1);
+        QCOMPARE(document->index()->fieldRecord(0), 100);
+        QVERIFY(document->isIndexing());
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        document->requestGather(0);
+        QVERIFY(loaded.wait());
+        QVERIFY(loaded[0][1].value<std::shared_ptr<const OvGather>>() != nullptr);
+        QVERIFY(complete.isEmpty());
+        block.release();
+        QVERIFY(complete.wait());
+        QCOMPARE(document->gatherCount(), 5);
+        QCOMPARE(document->index()->fieldRecord(4), 140);
+        QCOMPARE(document->indexPercent(), 100);
+        QVERIFY(!document->isIndexing());
+    }
+
+    void gathersAreReadAsWritten()
+    {
+        QVERIFY(SegyWriter::ramps(12, 50).write(path("ramps.sgy")));
+        const auto document = open(path("ramps.sgy"));
+        QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
+        QVERIFY(complete.wait());
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        document->requestGather(2);
+        QVERIFY(loaded.wait());
+        QCOMPARE(loaded[0][0].toInt(), 2);
+        const auto gather = loaded[0][1].value<std::shared_ptr<const OvGather>>();
+        QVERIFY(gather);
+        QCOMPARE(gather->traceCount(), 4);
+        QCOMPARE(gather->trace(1)[7], SegyWriter::rampValue(9, 7));
+        QCOMPARE(document->cachedGather(2), gather);
+        QVERIFY(!document->cachedGather(1));
+    }
+
+    void requestsForTheSameGatherAreAnsweredOnce()
+    {
+        const auto document = openComplete();
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        for (int i = 0; i < 5; ++i)
+            document->requestGather(3);
+        QTRY_VERIFY(!loaded.isEmpty());
+        QTest::qWait(20);
+        QCOMPARE(loaded.size(), 1);
+        document->requestGather(3); // from memory: also answered, but not from within the request
+        QCOMPARE(loaded.size(), 1);
+        QTRY_COMPARE(loaded.size(), 2);
+    }
+
+    void aGatherThatIsNotThereIsAnsweredWithAMessage()
+    {
+        const auto document = openComplete();
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        document->requestGather(17);
+        document->requestGather(-1);
+        QTRY_COMPARE(loaded.size(), 2);
+        QVERIFY(!loaded[0][1].value<std::shared_ptr<const OvGather>>());
+        QVERIFY(loaded[0][2].toString().contains("18"));
+    }
+
+    void aFileThatShrinksIsAnsweredWithAMessage()
+    {
+        const auto document = openComplete();
+        QVERIFY(QFile::resize(path(), 4000));
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        document->requestGather(4);
+        QVERIFY(loaded.wait());
+        QVERIFY(!loaded[0][1].value<std::shared_ptr<const OvGather>>());
+        QVERIFY(loaded[0][2].toString().contains("line.sgy"));
+    }
+
+    void indexingIsAJobWhileItRuns()
+    {
+        PoolBlock block(OvBackground::scanPool());
+        const auto document = open(path());
+        const QPointer<OvAbstractJob> job(indexJob());
+        QVERIFY(job);
+        QCOMPARE(job->taskName(), QString("Indexing line.sgy"));
+        QVERIFY(job->isRunning());
+        block.release();
+        QTRY_VERIFY(document->isIndexComplete());
+        QTRY_VERIFY(job.isNull());
+        QVERIFY(OvTaskManager::instance().tasks().isEmpty());
+    }
+
+    void cancelKeepsTheFirstGather()
+    {
+        PoolBlock block(OvBackground::scanPool());
+        const auto document = open(path());
+        QSignalSpy ready(document.data(), &OvSegyDocument::firstGatherReady);
+        QVERIFY(ready.wait());
+        QSignalSpy failed(document.data(), &OvSegyDocument::indexFailed);
+        const QPointer<OvAbstractJob> job(indexJob());
+        job->requestCancel();
+        block.release();
+        QVERIFY(failed.wait());
+        QCOMPARE(job->state(), OvAbstractJob::Cancelled);
+        QVERIFY(failed[0][0].toString().contains("cancelled"));
+        QCOMPARE(document->indexMessage(), failed[0][0].toString());
+        QCOMPARE(document->gatherCount(), 1);
+        QVERIFY(!document->isIndexing());
+
+        document->readIndex();
+        QTRY_VERIFY(document->isIndexComplete());
+        QCOMPARE(document->gatherCount(), 5);
+        QCOMPARE(document->indexMessage(), QString());
+    }
+
+    void anIndexThatFailsSaysWhy()
+    {
+        PoolBlock block(OvBackground::scanPool());
+        const auto document = open(path());
+        QSignalSpy ready(document.data(), &OvSegyDocument::firstGatherReady);
+        QVERIFY(ready.wait());
+        QVERIFY(QFile::resize(path(), 20000));
+        QSignalSpy failed(document.data(), &OvSegyDocument::indexFailed);
+        const QPointer<OvAbstractJob> job(indexJob());
+        block.release();
+        QVERIFY(failed.wait());
+        QVERIFY(failed[0][0].toString().contains("line.sgy"));
+        QCOMPARE(job->state(), OvAbstractJob::Failed);
+        QCOMPARE(document->gatherCount(), 1);
+    }
+
+    void deletionWhileWorkersRunIsSafe()
+    {
+        for (int round = 0; round < 20; ++round) {
+            PoolBlock scans(OvBackground::scanPool());
+            auto document = open(path());
+            if (round % 2 == 1)
+                document->requestGather(0);
+            if (round % 3 == 1) {
+                QSignalSpy ready(document.data(), &OvSegyDocument::firstGatherReady);
+                QVERIFY(ready.wait());
+                document->requestGather(0);
+            }
+            document.reset();
+        }
+        OvBackground::scanPool()->waitForDone();
+        OvBackground::readPool()->waitForDone();
+        QCoreApplication::processEvents();
+        QVERIFY(OvTaskManager::instance().tasks().isEmpty());
+    }
+
+    void aListenerMayGiveUpTheDocument()
+    {
+        auto document = open(path());
+        const QPointer<OvSegyDocument> watched(document.data());
+        QObject::connect(document.data(), &OvSegyDocument::indexComplete, this,
+                         [&document] { document.reset(); });
+        QTRY_VERIFY(watched.isNull());
+    }
+
+    void firstBreaksAreDurableAndAnnounced()
+    {
+        auto document = openComplete();
+        QVERIFY(document->firstBreaks(2).isEmpty());
+        QVERIFY2(!QFile::exists(document->firstBreakPath()),
+                 "looking at data leaves no file behind");
+        QSignalSpy changed(document.data(), &OvSegyDocument::firstBreaksChanged);
+        QVERIFY(document->setFirstBreaks(2, Gathers::breaksAt(24, 31.5F, OvPickState::Manual)));
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed[0][0].toInt(), 2);
+        QVERIFY(document->setFirstBreaks(
+            {{0, Gathers::breaksAt(24, 10.0F)}, {4, Gathers::breaksAt(24, 40.0F)}}));
+        QCOMPARE(changed.size(), 3);
+
+        document.reset();
+        document = openComplete();
+        QCOMPARE(document->firstBreaks(2).timesMs, std::vector<float>(24, 31.5F));
+        QCOMPARE(document->firstBreaks(2).states[7], OvPickState::Manual);
+        QCOMPARE(document->firstBreaks(4).timesMs[0], 40.0F);
+        QVERIFY(document->firstBreaks(1).isEmpty());
+    }
+
+    void firstBreaksOfAnotherLengthAreRefusedWhole()
+    {
+        const auto document = openComplete();
+        QSignalSpy changed(document.data(), &OvSegyDocument::firstBreaksChanged);
+        const OvStatus status = document->setFirstBreaks(
+            {{0, Gathers::breaksAt(24, 10.0F)}, {1, Gathers::breaksAt(23, 10.0F)}});
+        QVERIFY(!status);
+        QVERIFY(status.message().contains("23"));
+        QVERIFY(!document->setFirstBreaks(9, Gathers::breaksAt(24, 10.0F)));
+        QVERIFY(changed.isEmpty());
+        QVERIFY(document->firstBreaks(0).isEmpty());
+    }
+
+    void firstBreaksWaitForTheIndex()
+    {
+        PoolBlock block(OvBackground::scanPool());
+        const auto document = open(path());
+        const OvStatus status = document->setFirstBreaks(0, Gathers::breaksAt(24, 10.0F));
+        QVERIFY(!status);
+        QVERIFY(status.message().contains("headers"));
+    }
+
+    void aDamagedFirstBreakFileIsLeftAlone()
+    {
+        const QString breaksPath = open(path())->firstBreakPath();
+        const QByteArray garbage = QByteArray("garbage ").repeated(2000);
+        QVERIFY(SegyWriter::writeBytes(breaksPath, garbage));
+        const auto document = openComplete();
+        QVERIFY(!document->firstBreakStatus());
+        QVERIFY(document->firstBreakStatus().message().contains(QFileInfo(breaksPath).fileName()));
+        QVERIFY(!document->setFirstBreaks(0, Gathers::breaksAt(24, 10.0F)));
+        QVERIFY(document->firstBreaks(0).isEmpty());
+        QFile file(breaksPath);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), garbage);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_OvSegyDocument)
+#include "tst_OvSegyDocument.moc"
