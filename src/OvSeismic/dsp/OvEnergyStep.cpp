@@ -19,42 +19,48 @@ void OvEnergyStep::variances(const OvTraceSums& trace, const Grid& grid, double 
     }
 }
 
-void OvEnergyStep::activity(const Reference& reference, double limit, std::vector<float>* values)
+void OvEnergyStep::activity(const Reference& reference, std::vector<float>* values)
 {
+    const auto quiet = static_cast<float>(-reference.limit);
     bool begun = false;
     // Values ahead of the one at hand have not been replaced yet.
     for (auto value = values->begin(); value != values->end(); ++value) {
         if (*value < 0.0F) {
-            *value = begun ? 0.0F : static_cast<float>(-limit);
+            *value = begun ? 0.0F : quiet;
             continue;
         }
         begun = true;
         const auto end =
             value + std::min<std::ptrdiff_t>(values->end() - value, reference.ahead + 1);
-        const double largest = static_cast<double>(*std::max_element(value, end));
+        const auto largest = static_cast<double>(*std::max_element(value, end));
         const double noise = std::max(reference.noise, reference.share * largest);
         const double ratio = noise > 0.0 ? static_cast<double>(*value) / noise : 0.0;
         *value =
-            static_cast<float>(ratio > 0.0 ? std::clamp(std::log(ratio), -limit, limit) : -limit);
+            ratio > 0.0
+                ? static_cast<float>(std::clamp(std::log(ratio), -reference.limit, reference.limit))
+                : quiet;
     }
 }
 
-void OvEnergyStep::steps(const std::vector<float>& activity, int before, int after, float noise,
-                         float* out)
+void OvEnergyStep::steps(const std::vector<float>& activity, const Windows& windows, float* out)
 {
     const int points = static_cast<int>(activity.size());
     const auto at = [&](int point) {
-        if (point < 0)
-            return noise;
-        return activity[static_cast<std::size_t>(std::min(point, points - 1))];
+        return point < 0 ? -windows.limit
+                         : activity[static_cast<std::size_t>(std::min(point, points - 1))];
     };
-    float past = noise * static_cast<float>(before);
+    const auto before = static_cast<float>(windows.before);
+    const auto after = static_cast<float>(windows.after);
+    float past = -windows.limit * before;
     float future = 0.0F;
-    for (int point = 0; point < after; ++point)
+    float heard = 0.0F;
+    for (int point = 0; point < windows.after; ++point)
         future += at(point);
     for (int point = 0; point < points; ++point) {
-        out[point] = future / static_cast<float>(after) - past / static_cast<float>(before);
-        past += at(point) - at(point - before);
-        future += at(point + after) - at(point);
+        const float share = std::min(heard / (after * windows.limit), 1.0F);
+        out[point] = future / after - past / before - windows.heardPenalty * share;
+        heard += std::max(at(point - windows.before), 0.0F);
+        past += at(point) - at(point - windows.before);
+        future += at(point + windows.after) - at(point);
     }
 }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -54,7 +55,7 @@ double wholeTracePeriodMs(const OvGather& gather, const OvTraceChain& chain,
 double arrivalPeriodMs(const OvGather& gather, const OvTraceChain& chain, const OvPickPlan& plan,
                        const std::vector<double>& guide)
 {
-    const double period = periodMs(gather, chain, guide, 1.5 * plan.periodMs);
+    const double period = periodMs(gather, chain, guide, 2.5 * plan.periodMs);
     return std::clamp(period, plan.periodMs / 3.0, plan.periodMs * 3.0);
 }
 
@@ -69,6 +70,8 @@ bool inOffsetRange(const OvTraceHeader& header, const OvPickParameters& paramete
 
 float confidence(const OvOnsetSearch::Arrival& arrival, double period)
 {
+    if (!std::isfinite(arrival.timeMs))
+        return 0.0F;
     const double loudness = std::clamp(std::log10(std::max(arrival.ratio, 1.0)), 0.0, 1.0);
     const double stray = 2.0 * arrival.strayMs / period;
     return static_cast<float>(loudness * std::exp(-stray * stray));
@@ -89,9 +92,21 @@ std::vector<OvOnsetSearch::Arrival> findArrivals(const OvGather& gather, const O
     return OvOnsetSearch::find(gather, chain, *plan, guide, parameters, cancel);
 }
 
-bool isAccepted(const OvOnsetSearch::Arrival& arrival, const OvPickParameters& parameters)
+// Whether the best tenth of a gather's arrivals amounts to nothing: a misfire, or noise alone.
+bool isSilent(std::vector<float> confidences)
 {
-    return std::isfinite(arrival.timeMs) && arrival.ratio > 1.0 &&
+    constexpr float leastOfBest = 0.25F;
+    const auto rank = static_cast<std::ptrdiff_t>(confidences.size() / 10);
+    std::nth_element(confidences.begin(), confidences.begin() + rank, confidences.end(),
+                     std::greater<float>());
+    return confidences[static_cast<std::size_t>(rank)] < leastOfBest;
+}
+
+bool isAccepted(const OvOnsetSearch::Arrival& arrival, float confidence,
+                const OvPickParameters& parameters)
+{
+    constexpr float least = 0.05F;
+    return std::isfinite(arrival.timeMs) && confidence >= least &&
            arrival.ratio >= parameters.snrThreshold &&
            arrival.amplitude >= parameters.amplitudeThreshold;
 }
@@ -111,13 +126,18 @@ OvPickResult OvGuidedPicker::pick(const OvGather& gather, const OvPickParameters
     const auto arrivals = findArrivals(gather, chain, &plan, parameters, cancel);
     if (arrivals.empty())
         return {};
+    std::vector<float> confidences;
+    for (const auto& arrival : arrivals)
+        confidences.push_back(confidence(arrival, plan.periodMs));
+    if (isSilent(confidences))
+        return result;
     for (std::size_t link = 0; link < arrivals.size(); ++link) {
         const auto row = static_cast<std::size_t>(chain.rows[link]);
-        if (!isAccepted(arrivals[link], parameters) ||
+        if (!isAccepted(arrivals[link], confidences[link], parameters) ||
             !inOffsetRange(gather.headers[row], parameters))
             continue;
         result.timesMs[row] = static_cast<float>(arrivals[link].timeMs);
-        result.confidences[row] = confidence(arrivals[link], plan.periodMs);
+        result.confidences[row] = confidences[link];
     }
     return result;
 }

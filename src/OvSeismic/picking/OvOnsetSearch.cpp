@@ -1,6 +1,7 @@
 #include "OvSeismic/picking/OvOnsetSearch.h"
 
-#include "OvSeismic/dsp/OvOnset.h"
+#include "OvSeismic/dsp/OvFirstSwing.h"
+#include "OvSeismic/dsp/OvTraceSums.h"
 #include "OvSeismic/picking/OvPickParameters.h"
 #include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvTraceChain.h"
@@ -9,98 +10,169 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace {
 
+using OvFirstSwing::Sign;
 using OvOnsetSearch::Arrival;
 
 constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
-class Search
+int floored(double value)
+{
+    return static_cast<int>(std::floor(value));
+}
+
+bool isSet(const std::atomic<bool>* cancel)
+{
+    return cancel && cancel->load();
+}
+
+// The onsets that a trace offers, ms from the guide.
+struct Candidates
+{
+    double either = none;    // of the first swing, whatever its sign
+    double preferred = none; // of the first swing of the preferred sign
+
+    double nearest(double target) const
+    {
+        const bool other = !(std::abs(either - target) < std::abs(preferred - target));
+        return other && std::isfinite(preferred) ? preferred : either;
+    }
+};
+
+// Looks at one trace at a time.
+class Probe
 {
 public:
-    Search(const OvGather& gather, const OvPickPlan& plan, bool positive)
+    Probe(const OvGather& gather, const OvTraceChain& chain, const OvPickPlan& plan,
+          const std::vector<double>& guide)
         : m_gather(gather)
+        , m_chain(chain)
         , m_plan(plan)
-        , m_positive(positive)
+        , m_guide(guide)
         , m_period(plan.periodMs / gather.intervalMs)
     {
     }
 
-    // The onset of the first swing within halfMs of aroundMs, or NaN.
-    double onset(int row, double aroundMs, double halfMs)
+    void load(std::size_t link)
     {
-        m_trace.assign(m_gather.trace(row), m_gather.sampleCount);
-        const double centre = m_gather.sampleAt(row, aroundMs);
-        const double half = halfMs / m_gather.intervalMs;
-        const int peak =
-            firstSwing(row, floored(centre - half), floored(centre + half + 0.25 * m_period));
-        if (peak < 0)
-            return none;
-        const OvOnset::Window window{floored(peak - 1.5 * m_period), peak + 1,
-                                     floored(peak - m_period), peak};
-        const double floor = 1e-6 * m_trace.variance(window.from, window.to);
-        const double sample = OvOnset::aic(m_trace, window, floor);
-        if (sample < 0.0)
-            return none;
-        return m_gather.timeMs(row, OvOnsetSearch::skipWeakSwing(m_gather.trace(row),
-                                                                 m_gather.sampleCount, sample,
-                                                                 m_period, m_positive));
+        m_link = link;
+        m_row = m_chain.rows[link];
+        m_trace.assign(m_gather.trace(m_row), m_gather.sampleCount);
     }
 
-    // The extremum of the first swing in [from, to) that stands out, or -1.
-    int firstSwing(int row, int from, int to)
+    // Onset of the first swing within halfMs of a distance from the guide, as such a distance; NaN
+    // when there is none.
+    double onset(double distanceMs, double halfMs, Sign sign) const
     {
-        const int first = std::clamp(from, 0, m_gather.sampleCount);
-        const int last = std::clamp(to, first, m_gather.sampleCount);
-        const int length = floored(m_period) + 1;
-        const float* samples = m_gather.trace(row);
-        const auto rest = static_cast<float>(
-            std::accumulate(samples + std::max(first - length, 0), samples + first, 0.0) /
-            std::max(std::min(first, length), 1));
-        const double noise = std::sqrt(m_trace.variance(first - length, first));
-        float largest = 0.0F;
-        for (int i = first; i < last; ++i)
-            largest = std::max(largest, std::abs(samples[i] - rest));
-        const float threshold =
-            std::clamp(static_cast<float>(2.5 * noise), 0.25F * largest, 0.8F * largest);
-        int at = first;
-        while (at < last && std::abs(samples[at] - rest) < threshold)
-            ++at;
-        if (at == last)
-            return -1;
-        while (at + 1 < m_gather.sampleCount &&
-               std::abs(samples[at + 1] - rest) > std::abs(samples[at] - rest))
-            ++at;
-        return at;
+        const auto swing = this->swing(distanceMs, halfMs, sign);
+        if (!swing.found())
+            return none;
+        const double sample = OvFirstSwing::onset(m_gather.trace(m_row), swing);
+        return m_gather.timeMs(m_row, sample) - m_guide[m_link];
     }
 
-    void measure(int row, Arrival* arrival)
+    // The sign of the first swing beside the guide when it is clear of the noise.
+    Sign clearSign() const
     {
-        m_trace.assign(m_gather.trace(row), m_gather.sampleCount);
-        const int onset = floored(m_gather.sampleAt(row, arrival->timeMs) + 0.5);
+        constexpr double clear = 12.0;
+        auto window = this->window(0.0, m_plan.tuningMs, Sign::Either);
+        // Where there is hardly any noise a weaker first lobe can be told from it.
+        window.lobeShare = 0.3;
+        const auto swing = OvFirstSwing::find(m_gather.trace(m_row), m_trace, window, Sign::Either);
+        if (!swing.found())
+            return Sign::Either;
+        const double height = static_cast<double>(m_gather.trace(m_row)[swing.peak]) - swing.rest;
+        const int quiet = swing.peak - floored(m_period);
+        const double noise = std::sqrt(m_trace.variance(quiet - floored(m_period), quiet));
+        if (std::abs(height) < clear * noise)
+            return Sign::Either;
+        return height > 0.0 ? Sign::Positive : Sign::Negative;
+    }
+
+    Arrival measured(double distanceMs) const
+    {
+        Arrival arrival;
+        arrival.timeMs = m_guide[m_link] + distanceMs;
+        if (!std::isfinite(distanceMs))
+            return arrival;
+        const int onset = floored(m_gather.sampleAt(m_row, arrival.timeMs) + 0.5);
         const int length = std::max(floored(m_period), 2);
-        const double after = m_trace.variance(onset, onset + length);
-        const double before = m_trace.variance(onset - 2 * length, onset);
         const double largest = m_trace.largest(0, m_trace.size());
-        const double floor = 1e-12 * largest * largest;
-        arrival->ratio = std::sqrt(after / std::max(before, floor));
-        arrival->amplitude = m_trace.largest(onset, onset + length) / largest;
+        const double still = 1e-12 * largest * largest;
+        const double after = m_trace.variance(onset, onset + length);
+        const double before = varianceBefore(onset, length);
+        arrival.ratio = std::sqrt(after / std::max(before, still));
+        arrival.amplitude = m_trace.largest(onset, onset + length) / largest;
+        return arrival;
     }
 
 private:
-    static int floored(double value) { return static_cast<int>(std::floor(value)); }
+    OvFirstSwing::Window window(double distanceMs, double halfMs, Sign sign) const
+    {
+        const double centre = m_gather.sampleAt(m_row, m_guide[m_link] + distanceMs);
+        const double half = halfMs / m_gather.intervalMs;
+        OvFirstSwing::Window window;
+        window.first = floored(centre - half);
+        // The peak comes later than the onset.
+        window.last = floored(centre + half + 0.4 * m_period) + 1;
+        window.quiet = floored(m_period) + 1;
+        window.share = sign == Sign::Either ? 0.4 : 0.25;
+        return window;
+    }
+
+    OvFirstSwing::Swing swing(double distanceMs, double halfMs, Sign sign) const
+    {
+        return OvFirstSwing::find(m_gather.trace(m_row), m_trace, window(distanceMs, halfMs, sign),
+                                  sign);
+    }
+
+    // Variance of the two periods before the onset; where the trace does not reach so far back,
+    // that of its quietest quarter.
+    double varianceBefore(int onset, int length) const
+    {
+        if (onset >= length / 2 + 2)
+            return m_trace.variance(onset - 2 * length, onset);
+        std::vector<double> quiet;
+        for (int from = 0; from + length <= m_trace.size(); from += length)
+            quiet.push_back(m_trace.variance(from, from + length));
+        if (quiet.empty())
+            return m_trace.variance(0, m_trace.size());
+        const auto quarter = quiet.begin() + static_cast<std::ptrdiff_t>(quiet.size() / 4);
+        std::nth_element(quiet.begin(), quarter, quiet.end());
+        return *quarter;
+    }
 
     const OvGather& m_gather;
+    const OvTraceChain& m_chain;
     const OvPickPlan& m_plan;
-    bool m_positive;
-    double m_period;
+    const std::vector<double>& m_guide;
+    double m_period; // samples
+    std::size_t m_link = 0;
+    int m_row = 0;
     OvTraceSums m_trace;
 };
 
-// Median distance of the onsets of the traces around a link from the guide.
-double neighboursMs(const std::vector<double>& distances, std::size_t link)
+// The sign that was asked for, unless the clear first swings of the gather mostly have the other.
+Sign preferredSign(Probe* probe, std::size_t links, OvPickParameters::Polarity polarity)
+{
+    constexpr double mostly = 1.2;
+    int positive = 0;
+    int negative = 0;
+    for (std::size_t link = 0; link < links; ++link) {
+        probe->load(link);
+        const Sign sign = probe->clearSign();
+        positive += sign == Sign::Positive ? 1 : 0;
+        negative += sign == Sign::Negative ? 1 : 0;
+    }
+    if (polarity == OvPickParameters::Polarity::Positive)
+        return negative > mostly * positive ? Sign::Negative : Sign::Positive;
+    return positive > mostly * negative ? Sign::Positive : Sign::Negative;
+}
+
+// Median of the distances of the traces around a link, its own left out; 0 without any.
+double pointedAt(const std::vector<double>& distances, std::size_t link)
 {
     constexpr std::size_t reach = 4;
     const std::size_t first = link < reach ? 0 : link - reach;
@@ -117,54 +189,51 @@ double neighboursMs(const std::vector<double>& distances, std::size_t link)
     return *middle;
 }
 
-} // namespace
-
-double OvOnsetSearch::skipWeakSwing(const float* samples, int count, double onset, double period,
-                                    bool positive)
+// What a trace says when it is asked near to where its neighbours point.
+double reconsidered(const Probe& probe, const Candidates& candidates, double pointed,
+                    double allowed, Sign sign)
 {
-    const int first = std::clamp(static_cast<int>(std::floor(onset)), 0, count - 1);
-    const int last = std::min(first + static_cast<int>(period) + 1, count);
-    const float rest = samples[first];
-    const float sign = positive ? 1.0F : -1.0F;
-    float wrong = 0.0F;
-    int crossing = first;
-    while (crossing < last && sign * (samples[crossing] - rest) <= 0.0F)
-        wrong = std::max(wrong, -sign * (samples[crossing++] - rest));
-    float right = 0.0F;
-    for (int i = crossing; i < last && sign * (samples[i] - rest) > 0.0F; ++i)
-        right = std::max(right, sign * (samples[i] - rest));
-    const bool weak = wrong > 0.0F && right > 3.0F * wrong;
-    return weak ? std::max(onset, static_cast<double>(crossing - 1)) : onset;
+    const double nearest = candidates.nearest(pointed);
+    if (std::abs(nearest - pointed) <= allowed)
+        return nearest;
+    const double preferred = probe.onset(pointed, allowed, sign);
+    if (std::abs(preferred - pointed) <= allowed)
+        return preferred;
+    return probe.onset(pointed, allowed, Sign::Either);
 }
+
+} // namespace
 
 std::vector<OvOnsetSearch::Arrival>
 OvOnsetSearch::find(const OvGather& gather, const OvTraceChain& chain, const OvPickPlan& plan,
                     const std::vector<double>& guide, const OvPickParameters& parameters,
                     const std::atomic<bool>* cancel)
 {
-    Search search(gather, plan, parameters.polarity == OvPickParameters::Polarity::Positive);
-    std::vector<double> distances;
-    for (std::size_t link = 0; link < guide.size(); ++link) {
-        if (cancel && cancel->load())
-            return {};
-        const double guideMs = guide[link];
-        distances.push_back(search.onset(chain.rows[link], guideMs, plan.tuningMs) - guideMs);
+    constexpr int rounds = 3;
+    const double allowed = 0.25 * plan.periodMs;
+    Probe probe(gather, chain, plan, guide);
+    const Sign sign = preferredSign(&probe, guide.size(), parameters.polarity);
+    std::vector<Candidates> candidates(guide.size());
+    std::vector<double> distances(guide.size());
+    for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
+        probe.load(link);
+        const double preferred = probe.onset(0.0, plan.tuningMs, sign);
+        candidates[link] = {probe.onset(0.0, plan.tuningMs, Sign::Either), preferred};
+        distances[link] = std::isfinite(preferred) ? preferred : candidates[link].either;
     }
-    std::vector<Arrival> arrivals(guide.size());
-    for (std::size_t link = 0; link < guide.size(); ++link) {
-        if (cancel && cancel->load())
-            return {};
-        const double guideMs = guide[link];
-        const double pointed = neighboursMs(distances, link);
-        const double allowed = 0.35 * plan.periodMs;
-        double distance = distances[link];
-        if (!(std::abs(distance - pointed) <= allowed))
-            distance = search.onset(chain.rows[link], guideMs + pointed, allowed) - guideMs;
-        Arrival& arrival = arrivals[link];
-        arrival.timeMs = guideMs + distance;
-        arrival.strayMs = std::abs(distance - pointed);
-        if (std::isfinite(arrival.timeMs))
-            search.measure(chain.rows[link], &arrival);
+    for (int round = 0; round < rounds; ++round) {
+        const std::vector<double> last = distances;
+        for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
+            probe.load(link);
+            distances[link] =
+                reconsidered(probe, candidates[link], pointedAt(last, link), allowed, sign);
+        }
     }
-    return arrivals;
+    std::vector<Arrival> arrivals;
+    for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
+        probe.load(link);
+        arrivals.push_back(probe.measured(distances[link]));
+        arrivals.back().strayMs = std::abs(distances[link] - pointedAt(distances, link));
+    }
+    return isSet(cancel) ? std::vector<Arrival>() : arrivals;
 }

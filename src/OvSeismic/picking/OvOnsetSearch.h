@@ -1,7 +1,6 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
-#include "OvSeismic/dsp/OvTraceSums.h"
 
 #include <atomic>
 #include <vector>
@@ -18,7 +17,7 @@ namespace OvOnsetSearch {
 struct Arrival
 {
     double timeMs = 0.0;    ///< of the onset, after the shot instant; NaN when none was found
-    double ratio = 0.0;     ///< RMS of the period after the onset over that before it
+    double ratio = 0.0;     ///< RMS of the period after the onset over that of the two before it
     double amplitude = 0.0; ///< largest amplitude of that period, as a share of the trace's largest
     double strayMs = 0.0;   ///< distance from where the neighbours' onsets point
 };
@@ -29,10 +28,5 @@ OVSEISMIC_EXPORT std::vector<Arrival> find(const OvGather& gather, const OvTrace
                                            const OvPickPlan& plan, const std::vector<double>& guide,
                                            const OvPickParameters& parameters,
                                            const std::atomic<bool>* cancel);
-
-/// Moves an onset (a sample position) behind a weak first swing of the other sign, up to period
-/// samples on; see OvGuidedPicker.
-OVSEISMIC_EXPORT double skipWeakSwing(const float* samples, int count, double onset, double period,
-                                      bool positive);
 
 } // namespace OvOnsetSearch

@@ -9,60 +9,88 @@ namespace {
 
 constexpr float unreachable = -std::numeric_limits<float>::max();
 
-struct Front
+class Search
 {
-    std::vector<float> sums;  // best sum of a path that ends at each point of the row
-    std::vector<int> origins; // point of the row before on that path
-};
+public:
+    explicit Search(const OvScoreLattice& lattice)
+        : m_lattice(lattice)
+        , m_points(static_cast<std::size_t>(lattice.points))
+        , m_sums(lattice.row(0), lattice.row(0) + lattice.points)
+        , m_next(m_points)
+        , m_origins(static_cast<std::size_t>(lattice.rows) * m_points)
+    {
+    }
 
-void advance(const std::vector<float>& before, const float* scores, const OvPathStep& step,
-             Front* front)
-{
-    const int points = static_cast<int>(before.size());
-    for (int point = 0; point < points; ++point) {
-        const int centre = std::clamp(point - step.expected, 0, points - 1);
-        float best = unreachable;
-        int origin = centre;
-        const int first = std::max(centre - step.reach, 0);
-        const int last = std::min(centre + step.reach, points - 1);
-        for (int from = first; from <= last; ++from) {
-            const int away = std::abs(from - centre);
-            const float sum =
-                before[static_cast<std::size_t>(from)] - step.penalty * static_cast<float>(away);
-            if (sum > best) {
-                best = sum;
-                origin = from;
+    void advance(int row, const OvPathStep& step, const OvMoveGains& gains)
+    {
+        const auto moves = static_cast<std::size_t>(2 * step.reach + 1);
+        m_gains.assign(moves * m_points, 0.0F);
+        if (gains)
+            gains(row, step, &m_gains);
+        m_row = m_origins.data() + static_cast<std::size_t>(row) * m_points;
+        std::fill(m_next.begin(), m_next.end(), unreachable);
+        for (int away = -step.reach; away <= step.reach; ++away)
+            tryMove(step.expected + away, cost(step, away),
+                    m_gains.data() + static_cast<std::size_t>(away + step.reach) * m_points);
+        const float* scores = m_lattice.row(row);
+        for (std::size_t point = 0; point < m_points; ++point)
+            m_sums[point] = m_next[point] + scores[point];
+    }
+
+    std::vector<int> path() const
+    {
+        std::vector<int> path(static_cast<std::size_t>(m_lattice.rows));
+        path.back() =
+            static_cast<int>(std::max_element(m_sums.begin(), m_sums.end()) - m_sums.begin());
+        for (auto row = path.size() - 1; row > 0; --row)
+            path[row - 1] = m_origins[row * m_points + static_cast<std::size_t>(path[row])];
+        return path;
+    }
+
+private:
+    static float cost(const OvPathStep& step, int aside)
+    {
+        const int back = std::max(-step.away * (step.expected + aside), 0);
+        return step.penalty * static_cast<float>(std::abs(aside)) +
+               step.backPenalty * static_cast<float>(back);
+    }
+
+    // A move that would leave the grid is made from its edge, so that every point has an origin.
+    void tryMove(int move, float cost, const float* gains)
+    {
+        const int last = m_lattice.points - 1;
+        for (int point = 0; point <= last; ++point) {
+            const auto at = static_cast<std::size_t>(point);
+            const int origin = std::clamp(point - move, 0, last);
+            const float sum = m_sums[static_cast<std::size_t>(origin)] + gains[at] - cost;
+            if (sum > m_next[at]) {
+                m_next[at] = sum;
+                m_row[at] = static_cast<std::uint16_t>(origin);
             }
         }
-        front->sums[static_cast<std::size_t>(point)] = best + scores[point];
-        front->origins[static_cast<std::size_t>(point)] = origin;
     }
-}
+
+    const OvScoreLattice& m_lattice;
+    std::size_t m_points;
+    std::vector<float> m_sums; // best sum of a path that ends at each point
+    std::vector<float> m_next;
+    std::vector<float> m_gains;
+    std::vector<std::uint16_t> m_origins; // point of the row before on that path
+    std::uint16_t* m_row = nullptr;
+};
 
 } // namespace
 
 std::vector<int> ovBestPath(const OvScoreLattice& lattice, const std::vector<OvPathStep>& steps,
-                            const std::atomic<bool>* cancel)
+                            const OvMoveGains& gains, const std::atomic<bool>* cancel)
 {
     if (lattice.rows < 1 || lattice.points < 1)
         return {};
-    const auto points = static_cast<std::size_t>(lattice.points);
-    std::vector<float> sums(lattice.row(0), lattice.row(0) + lattice.points);
-    Front front{std::vector<float>(points), std::vector<int>(points)};
-    std::vector<std::uint16_t> origins(static_cast<std::size_t>(lattice.rows) * points);
+    Search search(lattice);
     for (int row = 1; row < lattice.rows; ++row) {
         if (cancel && cancel->load())
             return {};
-        advance(sums, lattice.row(row), steps[static_cast<std::size_t>(row)], &front);
-        sums.swap(front.sums);
-        std::transform(front.origins.begin(), front.origins.end(),
-                       origins.begin() +
-                           static_cast<std::ptrdiff_t>(static_cast<std::size_t>(row) * points),
-                       [](int origin) { return static_cast<std::uint16_t>(origin); });
+        search.advance(row, steps[static_cast<std::size_t>(row)], gains);
     }
-    std::vector<int> path(static_cast<std::size_t>(lattice.rows));
-    path.back() = static_cast<int>(std::max_element(sums.begin(), sums.end()) - sums.begin());
-    for (auto row = path.size() - 1; row > 0; --row)
-        path[row - 1] = origins[row * points + static_cast<std::size_t>(path[row])];
-    return path;
+    return search.path();
 }

@@ -5,6 +5,7 @@
 #include "OvSeismic/picking/OvPathSearch.h"
 #include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvTraceChain.h"
+#include "OvSeismic/picking/OvWaveforms.h"
 #include "OvSeismic/segy/OvGather.h"
 
 #include <algorithm>
@@ -16,11 +17,14 @@ namespace {
 
 // A variance this many times that of the noise is as likely noise as signal.
 constexpr double noiseFactor = 4.0;
-constexpr double activityLimit = 2.0;
+constexpr double activityLimit = 1.5;
+constexpr float heardPenalty = 0.5F;
 // Forerunners below this share of the energy of the wave behind them are passed over.
-constexpr double forerunnerShare = 0.04;
+constexpr double forerunnerShare = 0.005;
 // No path goes through a point that carries this score unless it must.
 constexpr float forbidden = -1000.0F;
+// What a perfect likeness of neighbours is worth, in units of the step scores.
+constexpr float likenessWeight = 1.4F;
 
 double quantile(std::vector<float>* values, double share)
 {
@@ -31,6 +35,12 @@ double quantile(std::vector<float>* values, double share)
     return static_cast<double>((*values)[static_cast<std::size_t>(rank)]);
 }
 
+int rounded(double value)
+{
+    return static_cast<int>(std::lround(value));
+}
+
+// Judges the points of single traces.
 class Scorer
 {
 public:
@@ -38,23 +48,46 @@ public:
         : m_gather(gather)
         , m_plan(plan)
     {
+        m_windows.before = plan.before;
+        m_windows.after = plan.after;
+        m_windows.limit = static_cast<float>(activityLimit);
+        m_windows.heardPenalty = heardPenalty;
+    }
+
+    void load(int row)
+    {
+        m_row = row;
+        m_trace.assign(m_gather.trace(row), m_gather.sampleCount);
     }
 
     // guess is where the arrival is thought to be, or -1.
-    void score(int row, int guess, float* out)
+    void score(int guess, float* out)
     {
-        m_trace.assign(m_gather.trace(row), m_gather.sampleCount);
         const double step = m_plan.stepMs / m_gather.intervalMs;
-        const OvEnergyStep::Grid grid{m_gather.sampleAt(row, m_plan.startMs), step, m_plan.points};
+        const double start = m_gather.sampleAt(m_row, m_plan.startMs);
         const double half = std::max(0.25 * m_plan.periodMs / m_gather.intervalMs, 1.0);
-        OvEnergyStep::variances(m_trace, grid, half, &m_values);
+        OvEnergyStep::variances(m_trace, {start, step, m_plan.points}, half, &m_values);
         const double least = m_plan.leastAmplitude * m_trace.largest(0, m_trace.size());
-        const double noise = std::max(noiseBefore(guess), least * least);
-        const OvEnergyStep::Reference reference{noiseFactor * noise, forerunnerShare, m_plan.after};
-        OvEnergyStep::activity(reference, activityLimit, &m_values);
-        OvEnergyStep::steps(m_values, m_plan.before, m_plan.after,
-                            static_cast<float>(-activityLimit), out);
+        OvEnergyStep::Reference reference;
+        reference.noise = noiseFactor * std::max(noiseBefore(guess), least * least);
+        reference.share = forerunnerShare;
+        reference.ahead = rounded(0.8 * m_plan.periodMs / m_plan.stepMs);
+        reference.limit = activityLimit;
+        OvEnergyStep::activity(reference, &m_values);
+        OvEnergyStep::steps(m_values, m_windows, out);
         std::fill(out, out + m_plan.earliest, forbidden);
+    }
+
+    // The trace averaged about each point.
+    void sample(float* out) const
+    {
+        const double half = 0.5 * m_plan.stepMs / m_gather.intervalMs;
+        for (int point = 0; point < m_plan.points; ++point) {
+            const double centre = m_gather.sampleAt(m_row, m_plan.timeMs(point));
+            const int from = static_cast<int>(std::floor(centre - half + 0.5));
+            const int to = static_cast<int>(std::floor(centre + half + 0.5));
+            out[point] = static_cast<float>(m_trace.mean(from, std::max(to, from + 1)));
+        }
     }
 
 private:
@@ -63,9 +96,9 @@ private:
     double noiseBefore(int guess)
     {
         constexpr int leastPoints = 4;
-        const int margin = m_plan.after / 2;
-        if (guess - margin >= leastPoints) {
-            const double level = quantileUntil(guess - margin, 0.5);
+        const int clear = guess - m_plan.after / 2;
+        if (clear >= leastPoints) {
+            const double level = quantileUntil(clear, 0.5);
             if (m_quiet.size() >= leastPoints)
                 return level;
         }
@@ -84,7 +117,9 @@ private:
 
     const OvGather& m_gather;
     const OvPickPlan& m_plan;
+    OvEnergyStep::Windows m_windows;
     OvTraceSums m_trace;
+    int m_row = 0;
     std::vector<float> m_values;
     std::vector<float> m_quiet;
 };
@@ -93,19 +128,26 @@ std::vector<OvPathStep> pathSteps(const OvTraceChain& chain, const OvPickPlan& p
                                   const std::vector<double>& previous)
 {
     const std::vector<double> expected = OvPickGuide::slopes(previous);
-    const double pointsAPeriod = plan.periodMs / plan.stepMs;
-    const double reach = previous.empty() ? pointsAPeriod : 0.5 * pointsAPeriod;
-    const double penalty = (previous.empty() ? 1.0 : 3.0) / pointsAPeriod;
-    std::vector<OvPathStep> steps;
-    for (std::size_t i = 0; i < chain.rows.size(); ++i) {
-        OvPathStep step;
-        step.expected =
-            expected.empty() ? 0 : static_cast<int>(std::lround(expected[i] / plan.stepMs));
-        step.reach = std::max(static_cast<int>(std::lround(reach * chain.steps[i])), 1);
-        step.penalty = static_cast<float>(penalty / std::max(chain.steps[i], 1.0));
-        steps.push_back(step);
+    const double period = plan.periodMs / plan.stepMs;
+    const double reach = (previous.empty() ? 1.0 : 0.4) * period;
+    const double penalty = (previous.empty() ? 1.0 : 2.0) / period;
+    std::vector<OvPathStep> steps(chain.rows.size());
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        steps[i].expected = expected.empty() ? 0 : rounded(expected[i] / plan.stepMs);
+        steps[i].reach = std::max(rounded(reach * chain.steps[i]), 1);
+        steps[i].penalty = static_cast<float>(penalty / std::max(chain.steps[i], 1.0));
+        steps[i].away = chain.away[i];
+        steps[i].backPenalty = static_cast<float>(0.5 / period);
     }
     return steps;
+}
+
+std::vector<int> pointsOf(const std::vector<double>& timesMs, const OvPickPlan& plan)
+{
+    std::vector<int> points;
+    for (const double time : timesMs)
+        points.push_back(plan.nearestPoint(time));
+    return points;
 }
 
 } // namespace
@@ -138,16 +180,32 @@ std::vector<double> OvPickGuide::find(const OvGather& gather, const OvTraceChain
     lattice.points = plan.points;
     lattice.scores.resize(static_cast<std::size_t>(lattice.rows) *
                           static_cast<std::size_t>(lattice.points));
+    const double period = plan.periodMs / plan.stepMs;
+    const std::vector<int> guesses = pointsOf(previous, plan);
+    // Neighbours are compared only once it is known about where.
+    OvWaveforms waves(previous.empty() ? 0 : lattice.rows, plan.points, rounded(0.5 * period),
+                      rounded(1.2 * period));
     Scorer scorer(gather, plan);
     for (int i = 0; i < lattice.rows; ++i) {
         if (cancel && cancel->load())
             return {};
         const auto link = static_cast<std::size_t>(i);
-        const int guess = previous.empty() ? -1 : plan.nearestPoint(previous[link]);
-        scorer.score(chain.rows[link], guess, lattice.row(i));
+        scorer.load(chain.rows[link]);
+        scorer.score(guesses.empty() ? -1 : guesses[link], lattice.row(i));
+        if (guesses.empty())
+            continue;
+        scorer.sample(waves.row(i));
+        waves.measure(i);
+    }
+    OvMoveGains gains;
+    if (!guesses.empty()) {
+        waves.turnReversed(guesses, rounded(0.1 * period));
+        gains = [&waves](int row, const OvPathStep& step, std::vector<float>* out) {
+            waves.gains(row, step, likenessWeight, out);
+        };
     }
     std::vector<double> guide;
-    for (const int point : ovBestPath(lattice, pathSteps(chain, plan, previous), cancel))
+    for (const int point : ovBestPath(lattice, pathSteps(chain, plan, previous), gains, cancel))
         guide.push_back(plan.timeMs(point));
     return guide;
 }

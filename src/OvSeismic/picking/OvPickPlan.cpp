@@ -62,7 +62,7 @@ OvPickPlan OvPickPlan::of(const OvGather& gather, const OvTraceChain& chain, dou
     plan.after = pointsIn(quick > 0.0 ? quick : periodMs, plan.stepMs);
     plan.tuningMs = parameters.tuningSearchWindowMs > 0
                         ? static_cast<double>(parameters.tuningSearchWindowMs)
-                        : 0.75 * periodMs;
+                        : 0.6 * periodMs;
     plan.leastAmplitude = parameters.amplitudeThreshold;
     return plan;
 }

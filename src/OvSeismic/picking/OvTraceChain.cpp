@@ -114,6 +114,16 @@ std::vector<double> relativeSteps(const std::vector<double>& positions)
     return steps;
 }
 
+std::vector<int> directions(const std::vector<double>& offsets)
+{
+    std::vector<int> away(offsets.size(), 0);
+    for (std::size_t i = 1; i < offsets.size(); ++i) {
+        const double growth = std::abs(offsets[i]) - std::abs(offsets[i - 1]);
+        away[i] = growth > 0.0 ? 1 : growth < 0.0 ? -1 : 0;
+    }
+    return away;
+}
+
 void sortBy(const std::vector<double>& keys, OvTraceChain* chain, std::vector<double>* sorted)
 {
     std::vector<std::size_t> order(keys.size());
@@ -150,6 +160,7 @@ OvTraceChain OvTraceChain::of(const OvGather& gather)
     if (chain.hasOffsets) {
         sortBy(signedOffsets(gather, chain.rows), &chain, &positions);
         chain.steps = relativeSteps(positions);
+        chain.away = directions(positions);
         return chain;
     }
     std::vector<double> channels;
@@ -157,5 +168,6 @@ OvTraceChain OvTraceChain::of(const OvGather& gather)
         channels.push_back(static_cast<double>(header(gather, row).channel));
     sortBy(channels, &chain, &positions);
     chain.steps = relativeSteps(positions);
+    chain.away.assign(chain.rows.size(), 0);
     return chain;
 }

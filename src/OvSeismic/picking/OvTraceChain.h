@@ -11,6 +11,8 @@ struct OVSEISMIC_EXPORT OvTraceChain
 {
     std::vector<int> rows;     ///< rows of the gather, neighbours in the field next to each other
     std::vector<double> steps; ///< distance to the link before, in usual trace distances; 1 unknown
+    std::vector<int> away;     ///< 1 where a link is farther from the shot than the one before, -1
+                               ///< where it is nearer, 0 unknown
     bool hasOffsets = false;
 
     int size() const { return static_cast<int>(rows.size()); }
