@@ -33,7 +33,7 @@ bool OvTarnpickHelperPrivate::linkWindow()
         parallel->setUsedViewControllers(linked);
     else
         parallel = addParallelView(linked);
-    parallel->parentWidget()->showMaximized();
+    bringForward(qobject_cast<QMdiSubWindow*>(parallel->parentWidget()));
     return true;
 }
 

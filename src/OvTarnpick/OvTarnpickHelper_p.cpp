@@ -13,10 +13,14 @@
 #include "OvGui/OvMultiPlaneViewController.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QToolBar>
+#include <QWindow>
+
+#include <memory>
 
 OvTarnpickHelperPrivate::OvTarnpickHelperPrivate(OvTarnpickHelper* owner, QMainWindow* window)
     : q(owner)
@@ -85,10 +89,28 @@ QMdiSubWindow* OvTarnpickHelperPrivate::addWorkspace(OvAbstractViewController* w
     QObject::connect(workspace->delegateJob(), &OvAbstractJob::changeTaskName, subWindow,
                      &QMdiSubWindow::setWindowTitle);
     subWindow->setWindowTitle(workspace->description());
-    subWindow->showMaximized();
+    bringForward(subWindow);
     connectWorkspace(workspace, subWindow);
     OvTaskManager::instance().addTask(QPointer<OvAbstractJob>(workspace->delegateJob()));
     return subWindow;
+}
+
+void OvTarnpickHelperPrivate::bringForward(QMdiSubWindow* subWindow)
+{
+    subWindow->showMaximized();
+    mdiArea->setActiveSubWindow(subWindow);
+    if (mainWindow->isActiveWindow())
+        return;
+    // The area ignores activation then, and takes up its former sub-window with the focus. It is so
+    // after each modal dialog, until the window system has handed the focus back.
+    auto connection = std::make_shared<QMetaObject::Connection>();
+    const auto activate = [this, subWindow, connection] {
+        if (!mainWindow->isActiveWindow())
+            return;
+        QObject::disconnect(*connection);
+        mdiArea->setActiveSubWindow(subWindow);
+    };
+    *connection = QObject::connect(qApp, &QGuiApplication::focusWindowChanged, subWindow, activate);
 }
 
 void OvTarnpickHelperPrivate::connectWorkspace(OvAbstractViewController* workspace,

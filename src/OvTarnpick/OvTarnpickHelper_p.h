@@ -34,6 +34,9 @@ public:
     /// Null when there is none.
     OvAbstractViewController* activeWorkspace() const;
     QMdiSubWindow* addWorkspace(OvAbstractViewController* workspace);
+    /// Shows a sub-window maximized and makes it the active one: now, or, while the main window is
+    /// in the background, as soon as that is active again.
+    void bringForward(QMdiSubWindow* subWindow);
     void refreshWindowTitles();
     void closeAllWorkspaces();
 

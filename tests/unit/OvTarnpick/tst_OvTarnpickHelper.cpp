@@ -35,6 +35,8 @@ private slots:
     void takesTheLastMainToolBar();
 
     void showsANewWorkspace();
+    void activatesAWorkspaceAddedInTheBackground();
+    void activatesTheParallelViewFromTheBackground();
     void retitlesWithTheTaskName();
     void refreshesWindowTitles();
     void closesTheSubWindowOfADeletedView();
@@ -242,6 +244,51 @@ void tst_OvTarnpickHelper::showsANewWorkspace()
     QCOMPARE(added.count(), 1);
     QVERIFY(OvTaskManager::instance().tasks().contains(view->delegateJob()));
     QCOMPARE(m_window->area()->activeWorkspace(), view);
+}
+
+void tst_OvTarnpickHelper::activatesAWorkspaceAddedInTheBackground()
+{
+    m_window->add(QStringLiteral("A"));
+    // As after a file dialog: the window system hands the focus back later.
+    QWidget dialog;
+    dialog.show();
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QVERIFY(!m_window->window.isActiveWindow());
+    TestView* second = m_window->add(QStringLiteral("B"));
+    TestView* third = m_window->add(QStringLiteral("C"));
+    delete second->parentWidget();
+    m_window->window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&m_window->window));
+    QCOMPARE(m_window->area()->activeWorkspace(), third);
+    QCOMPARE(m_window->area()->activeSubWindow(), third->parentWidget());
+    QVERIFY(third->parentWidget()->isMaximized());
+    // Only once.
+    TestView* fourth = m_window->add(QStringLiteral("D"));
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    m_window->window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&m_window->window));
+    QCOMPARE(m_window->area()->activeWorkspace(), fourth);
+}
+
+void tst_OvTarnpickHelper::activatesTheParallelViewFromTheBackground()
+{
+    TestView* first = m_window->add(QStringLiteral("A"));
+    QVERIFY(linkAll());
+    m_window->activate(first);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(link([&](OvLinkWindowDlg* dialog) {
+        dialog->accept();
+        other.activateWindow();
+    }));
+    QVERIFY(!m_window->window.isActiveWindow());
+    m_window->window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&m_window->window));
+    QCOMPARE(m_window->area()->activeWorkspace(), parallelView());
 }
 
 void tst_OvTarnpickHelper::retitlesWithTheTaskName()
