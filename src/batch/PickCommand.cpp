@@ -99,12 +99,12 @@ OvStatus Pick::configure(const QCommandLineParser& parser)
     if (QFileInfo(m_output) == QFileInfo(m_input))
         return OvStatus::failure(tr("--out names the SEG-Y file itself."));
     for (const QString& assignment : parser.values(QStringLiteral("param"))) {
-        const OvStatus status = setParameter(assignment);
+        OvStatus status = setParameter(assignment);
         if (!status)
             return status;
     }
     const QString threads = parser.value(QStringLiteral("threads"));
-    const OvStatus status = threads.isNull() ? OvStatus::success() : setThreads(threads);
+    OvStatus status = threads.isNull() ? OvStatus::success() : setThreads(threads);
     return status ? m_parameters.validate() : status;
 }
 

@@ -102,7 +102,7 @@ OvStatus OvFirstBreakFile::Private::store(const QVector<QPair<qint32, OvFirstBre
         "VALUES (?, ?, ?, ?, ?)"));
     for (int i = 0; i < rows.size() && done; ++i) {
         const OvFirstBreaks& breaks = rows.at(i).second;
-        const OvStatus status = check(rows.at(i));
+        OvStatus status = check(rows.at(i));
         if (!status)
             return status;
         query.addBindValue(rows.at(i).first);
@@ -135,7 +135,7 @@ OvStatus OvFirstBreakFile::Private::decode(const QSqlQuery& query, int traceCoun
 }
 
 OvFirstBreakFile::OvFirstBreakFile()
-    : d(new Private)
+    : d(std::make_unique<Private>())
 {
 }
 
@@ -147,10 +147,10 @@ OvFirstBreakFile::~OvFirstBreakFile()
 QString OvFirstBreakFile::pathFor(const QString& segyPath, const QString& fallbackFolder)
 {
     const QFileInfo segy(segyPath);
-    const QString beside = segy.absoluteFilePath() + QLatin1String(".fb");
+    QString beside = segy.absoluteFilePath() + QLatin1String(".fb");
     const QString name =
         QStringLiteral("%1-%2.fb").arg(segy.fileName(), shortHash(segy.absoluteFilePath()));
-    const QString fallback = QDir(fallbackFolder).absoluteFilePath(name);
+    QString fallback = QDir(fallbackFolder).absoluteFilePath(name);
     if (QFileInfo(beside).isWritable())
         return beside;
     // What was picked while the folder could not be written to must not be lost from sight.
@@ -251,7 +251,7 @@ OvStatus OvFirstBreakFile::write(const QVector<QPair<qint32, OvFirstBreaks>>& ro
 
 OvStatus OvFirstBreakFile::remove(qint32 fieldRecord)
 {
-    const OvStatus status = d->ready();
+    OvStatus status = d->ready();
     if (!status)
         return status;
     QSqlQuery query(d->database());

@@ -133,13 +133,13 @@ OvStatus OvFirstBreakSchema::create(const QString& path, const OvSegyFileInfo& s
     if (!place.open())
         return Text::failure(path, place.errorString());
     place.close();
+    // Its name, which is unique, names the connection as well.
     const QString draft = place.fileName();
-    const QString connection = draft;
-    OvStatus status = connect(connection, draft, false);
+    OvStatus status = connect(draft, draft, false);
     QString error;
-    if (status && !fill(connection, segy, &error))
+    if (status && !fill(draft, segy, &error))
         status = Text::failure(path, error);
-    disconnect(connection);
+    disconnect(draft);
     // Without replacing: a file that has appeared meanwhile holds somebody's first breaks.
     if (status && !place.rename(path) && !QFileInfo::exists(path))
         status = Text::failure(path, place.errorString());

@@ -151,7 +151,7 @@ OvStatus Exporter::writeRows()
         if (m_out.write(text) != text.size())
             return failure(m_out.errorString());
         text.clear();
-        const OvStatus status = tell(m_index.gatherCount(), false);
+        OvStatus status = tell(m_index.gatherCount(), false);
         if (!status)
             return status;
     }

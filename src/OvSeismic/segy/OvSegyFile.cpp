@@ -113,7 +113,7 @@ OvStatus OvSegyFile::Private::readRun(const Run& run, std::vector<char>* buffer,
         return badTrace(run.firstTrace < 0 ? run.firstTrace : run.firstTrace + run.count - 1);
     const qint64 bytes = run.count * traceSize() - samplesOffset();
     buffer->resize(static_cast<std::size_t>(bytes));
-    const OvStatus status =
+    OvStatus status =
         file.read(traceOffset(run.firstTrace) + samplesOffset(), buffer->data(), bytes);
     for (qint64 i = 0; i < run.count && status; ++i)
         toFloat(buffer->data() + i * traceSize(), out + i * info.sampleCount);
@@ -121,7 +121,7 @@ OvStatus OvSegyFile::Private::readRun(const Run& run, std::vector<char>* buffer,
 }
 
 OvSegyFile::OvSegyFile()
-    : d(new Private)
+    : d(std::make_unique<Private>())
 {
 }
 
@@ -170,7 +170,7 @@ OvStatus OvSegyFile::scanHeaders(qint64 first, qint64 count,
     bool go = true;
     for (qint64 trace = first; trace < end && go;) {
         const qint64 inBlock = qMin(d->tracesInBlock(), end - trace);
-        const OvStatus status = d->scanBlock(trace, inBlock, &buffer, each, &go);
+        OvStatus status = d->scanBlock(trace, inBlock, &buffer, each, &go);
         if (!status)
             return status;
         trace += inBlock;

@@ -124,7 +124,7 @@ void OvSegyIndex::Private::measureOffsets()
 }
 
 OvSegyIndex::OvSegyIndex()
-    : d(new Private)
+    : d(std::make_unique<Private>())
 {
 }
 
@@ -134,7 +134,7 @@ OvSegyIndex& OvSegyIndex::operator=(OvSegyIndex&&) noexcept = default;
 
 OvStatus OvSegyIndex::build(const OvSegyFile& file, const Progress& progress)
 {
-    d.reset(new Private);
+    d = std::make_unique<Private>();
     if (file.info().traceCount > std::numeric_limits<qint32>::max())
         return d->tooMany(file);
     OvStatus status;
@@ -146,18 +146,18 @@ OvStatus OvSegyIndex::build(const OvSegyFile& file, const Progress& progress)
         status = d->noMemory(file);
     }
     if (!status)
-        d.reset(new Private);
+        d = std::make_unique<Private>();
     return status;
 }
 
 OvStatus OvSegyIndex::buildFirstGather(const OvSegyFile& file, qint64 maxTraces)
 {
-    d.reset(new Private);
-    const OvStatus status = d->scanFirstGather(file, maxTraces);
+    d = std::make_unique<Private>();
+    OvStatus status = d->scanFirstGather(file, maxTraces);
     if (status)
         d->finish();
     else
-        d.reset(new Private);
+        d = std::make_unique<Private>();
     return status;
 }
 

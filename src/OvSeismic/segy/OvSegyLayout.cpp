@@ -113,7 +113,7 @@ OvStatus Reader::readFileHeaders(QByteArray* text)
                 .arg(m_info->fileSize));
     }
     QByteArray headers(OvSegyLayout::fileHeaderSize, '\0');
-    const OvStatus status = m_file.read(0, headers.data(), headers.size());
+    OvStatus status = m_file.read(0, headers.data(), headers.size());
     *text = headers.left(OvSegyText::headerSize);
     m_binary = headers.mid(OvSegyText::headerSize);
     return status;
@@ -218,7 +218,7 @@ OvStatus Reader::countToEndStanza(int* count) const
     QByteArray record(OvSegyText::headerSize, '\0');
     for (int number = 0; number < limit; ++number) {
         const qint64 at = OvSegyLayout::fileHeaderSize + qint64(number) * OvSegyText::headerSize;
-        const OvStatus status = m_file.read(at, record.data(), record.size());
+        OvStatus status = m_file.read(at, record.data(), record.size());
         if (!status)
             return status;
         if (OvSegyText::isEndStanza(record)) {
@@ -264,7 +264,7 @@ OvStatus Reader::readFirstTraceHeader(qint64 at)
 OvStatus Reader::skipExtendedTexts(qint64* first)
 {
     int texts = 0;
-    const OvStatus status = countExtendedTexts(&texts);
+    OvStatus status = countExtendedTexts(&texts);
     if (texts < 0) {
         warn(tr("The number of extended textual headers, %1, does not fit the file; none is "
                 "assumed.")
