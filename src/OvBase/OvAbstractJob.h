@@ -67,9 +67,8 @@ public:
     /// empty message keeps the last one. Ignored unless running.
     void finish(State outcome, const QString& message = {});
 
-public slots:
     /// Asks the owner to stop. Ignored unless running and cancellable.
-    void requestCancel();
+    Q_SLOT void requestCancel();
 
 signals:
     void changeTaskName(const QString& name);

@@ -83,7 +83,7 @@ bool isTaken(const QString& name, int key)
 
 OvStatus insertRecord(const OvProjectDefine& define, int* key)
 {
-    const OvStatus status = database()->change(InsertText, fields(define));
+    OvStatus status = database()->change(InsertText, fields(define));
     const auto row = database()->run(QStringLiteral("SELECT last_insert_rowid()"));
     if (status && row->next())
         *key = row->value(0).toInt();

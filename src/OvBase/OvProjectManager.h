@@ -52,10 +52,8 @@ signals:
     /// The auto-save clock.
     void timeout();
 
-private slots:
-    void rememberWorkspace(OvAbstractViewController* workspace);
-
 private:
+    Q_SLOT void rememberWorkspace(OvAbstractViewController* workspace);
     OvProjectManager();
     struct Private;
     std::unique_ptr<Private> d;

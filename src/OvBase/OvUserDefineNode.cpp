@@ -29,7 +29,7 @@ OvStatus identify(OvDatabase& database, const QString& name, int* userId)
     *userId = userByName(database, name);
     if (*userId >= 0)
         return OvStatus::success();
-    const OvStatus status = addUser(database, name);
+    OvStatus status = addUser(database, name);
     *userId = userByName(database, name);
     if (!status || *userId >= 0)
         return status;

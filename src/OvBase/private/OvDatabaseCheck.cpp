@@ -124,7 +124,7 @@ OvStatus OvDatabaseCheck::check(const QString& path)
         return readOnly(path);
     if (file.size() == 0)
         return OvStatus::success();
-    const OvStatus status = checkWithConnection(path);
+    OvStatus status = checkWithConnection(path);
     QSqlDatabase::removeDatabase(CheckConnection);
     return status;
 }
