@@ -33,9 +33,8 @@ OvStatus identify(OvDatabase& database, const QString& name, int* userId)
     *userId = userByName(database, name);
     if (!status || *userId >= 0)
         return status;
-    return OvStatus::failure(QCoreApplication::translate(
-                                 "OvDatabase", "The user %1 cannot be read from the database %2.")
-                                 .arg(name, database.path()));
+    return OvStatus::failure(OvDatabase::tr("The user %1 cannot be read from the database %2.")
+                                 .arg(name, QDir::toNativeSeparators(database.path())));
 }
 
 void closeSession()
