@@ -3,7 +3,6 @@
 #include "OvBase/OvTaskManager.h"
 
 #include <QThreadPool>
-#include <QtConcurrent>
 
 #include <exception>
 
@@ -22,23 +21,50 @@ public:
 
 } // namespace
 
+void OvDocumentJob::Shared::begin()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_ended = false;
+}
+
+void OvDocumentJob::Shared::end(const OvStatus& outcome)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_outcome = outcome;
+    m_ended = true;
+    m_changed.notify_all();
+}
+
+bool OvDocumentJob::Shared::hasEnded(OvStatus* outcome)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    *outcome = m_outcome;
+    return m_ended;
+}
+
+void OvDocumentJob::Shared::waitForEnd()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_ended; });
+}
+
 OvDocumentJob::OvDocumentJob(const QSharedPointer<OvSegyDocument>& document, QObject* parent)
     : OvAbstractJob(parent)
     , m_document(document)
+    , m_background(QThreadPool::globalInstance())
 {
     setCancellable(true);
     m_clock.setInterval(deliveryIntervalMs);
     m_next.setSingleShot(true);
     connect(&m_clock, &QTimer::timeout, this, &OvDocumentJob::poll);
     connect(&m_next, &QTimer::timeout, this, &OvDocumentJob::poll);
-    connect(&m_watcher, &QFutureWatcherBase::finished, this, &OvDocumentJob::poll);
     connect(this, &OvAbstractJob::cancelRequested, this, &OvDocumentJob::stop);
 }
 
 OvDocumentJob::~OvDocumentJob()
 {
     m_shared->cancel = true;
-    m_watcher.waitForFinished();
+    m_shared->waitForEnd();
 }
 
 void OvDocumentJob::launch()
@@ -62,8 +88,11 @@ void OvDocumentJob::begin()
     m_begun = true;
     setMessage(QString());
     setProgress(0);
-    const Work work = makeWork();
-    m_watcher.setFuture(QtConcurrent::run([work] { return guarded(work); }));
+    m_shared->begin();
+    m_background.run([this, work = makeWork(), shared = m_shared](const OvBackground::Post& post) {
+        shared->end(shared->cancel ? OvStatus::success() : guarded(work));
+        post([this] { poll(); });
+    });
     m_clock.start();
 }
 
@@ -103,14 +132,15 @@ void OvDocumentJob::poll()
 {
     if (!isRunning())
         return;
-    const bool ended = m_watcher.isFinished();
+    OvStatus outcome;
+    const bool ended = m_shared->hasEnded(&outcome);
     const bool more = m_failure.isEmpty() && takeResults();
     showProgress();
     if (more)
         // In a turn of its own, so that the window stays alive.
         m_next.start(0);
     else if (ended)
-        conclude();
+        conclude(outcome);
 }
 
 void OvDocumentJob::showProgress()
@@ -123,13 +153,12 @@ void OvDocumentJob::showProgress()
     setMessage(tr("Gather %1 of %2").arg(done).arg(total));
 }
 
-void OvDocumentJob::conclude()
+void OvDocumentJob::conclude(const OvStatus& outcome)
 {
     m_clock.stop();
     m_next.stop();
-    const OvStatus status = m_watcher.result();
-    if (m_failure.isEmpty() && !status)
-        m_failure = status.message();
+    if (m_failure.isEmpty() && !outcome)
+        m_failure = outcome.message();
     if (!m_failure.isEmpty())
         finish(Failed, m_failure);
     else if (isCancelRequested())

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "OvBase/OvAbstractJob.h"
+#include "OvGui/document/OvBackground.h"
 #include "OvGui/document/OvSegyDocument.h"
 
-#include <QFutureWatcher>
 #include <QTimer>
 
 #include <atomic>
+#include <condition_variable>
 #include <functional>
 #include <memory>
+#include <mutex>
 
 /// A long action on one SEG-Y document: waits for the document's index, works in a thread of the
 /// global pool, and hands what was found to the GUI thread ten times a second.
@@ -36,6 +38,18 @@ protected:
         std::atomic<bool> cancel{false};
         std::atomic<int> done{0};
         std::atomic<int> total{0};
+
+        void begin();
+        void end(const OvStatus& outcome);
+        /// Whether no worker is at it; *outcome is its last word.
+        bool hasEnded(OvStatus* outcome);
+        void waitForEnd();
+
+    private:
+        std::mutex m_mutex;
+        std::condition_variable m_changed;
+        bool m_ended = true;
+        OvStatus m_outcome;
     };
     using Work = std::function<OvStatus()>;
 
@@ -58,12 +72,12 @@ private:
     void failBeforeWork(const QString& message);
     void poll();
     void showProgress();
-    void conclude();
+    void conclude(const OvStatus& outcome);
     static OvStatus guarded(const Work& work);
 
     QSharedPointer<OvSegyDocument> m_document;
     std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
-    QFutureWatcher<OvStatus> m_watcher;
+    OvBackground m_background;
     QTimer m_clock;
     QTimer m_next; ///< the next part of a backlog
     QString m_failure;

@@ -31,9 +31,11 @@ void tst_CopyView::initTestCase()
 {
     QVERIFY(PluginSession::start());
     const QList<OvGeneralPlugin*> plugins = OvGeneralFactory::instance().plugins();
-    QCOMPARE(plugins.size(), 1);
-    m_extension = plugins.first();
-    QCOMPARE(m_extension->name(), QStringLiteral("CopyView"));
+    for (OvGeneralPlugin* plugin : plugins) {
+        if (plugin->name() == QLatin1String("CopyView"))
+            m_extension = plugin;
+    }
+    QVERIFY(m_extension);
     QVERIFY(!m_extension->needsProject());
 }
 

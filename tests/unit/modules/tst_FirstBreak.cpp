@@ -16,6 +16,17 @@
 
 #include <cmath>
 
+namespace {
+
+// 200 ms is the promise on a machine of one's own; the sanitizers slow everything down.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr qint64 longestCancelMs = 4000;
+#else
+constexpr qint64 longestCancelMs = 600;
+#endif
+
+} // namespace
+
 class tst_FirstBreak : public QObject
 {
     Q_OBJECT
@@ -259,7 +270,7 @@ void tst_FirstBreak::overwritesManualPicksWhenTold()
 
 void tst_FirstBreak::keepsWhatACancelledRunDelivered()
 {
-    QVERIFY(openLine(400, 48, 500));
+    QVERIFY(openLine(200, 48, 500));
     OvAbstractJob* job = startPicking();
     QTRY_VERIFY(job->progress() > 0);
     QTRY_VERIFY(document()->firstBreaks(0).pickedCount() > 0);
@@ -268,16 +279,15 @@ void tst_FirstBreak::keepsWhatACancelledRunDelivered()
     clock.start();
     job->requestCancel();
     QTRY_COMPARE(job->state(), OvAbstractJob::Cancelled);
-    // 200 ms is the promise; the sanitizers slow everything down.
-    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < longestCancelMs, qPrintable(QString::number(clock.elapsed())));
     QVERIFY(storedBreaks(0).pickedCount() > 0);
-    QVERIFY(document()->firstBreaks(399).isEmpty());
+    QVERIFY(document()->firstBreaks(199).isEmpty());
     QVERIFY(job->message().startsWith(QLatin1String("Cancelled.")));
 }
 
 void tst_FirstBreak::refusesASecondRunOnTheSameFile()
 {
-    QVERIFY(openLine(400, 48, 500));
+    QVERIFY(openLine(200, 48, 500));
     OvAbstractJob* job = startPicking();
     ModalProbe probe;
     probe.next([](QWidget* dialog) {
@@ -302,7 +312,7 @@ void tst_FirstBreak::refusesASecondRunOnTheSameFile()
 
 void tst_FirstBreak::closingTheProjectEndsTheRun()
 {
-    QVERIFY(openLine(400, 48, 500));
+    QVERIFY(openLine(200, 48, 500));
     QPointer<OvAbstractJob> job = startPicking();
     QTRY_VERIFY(job->progress() >= 0);
     m_session->closeViews();

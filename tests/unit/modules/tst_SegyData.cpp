@@ -98,9 +98,8 @@ QStringList tst_SegyData::listed() const
 void tst_SegyData::standsBeforeTheFirstBreakModule()
 {
     const QList<OvModulePlugin*> plugins = OvModuleFactory::instance().plugins();
-    QCOMPARE(plugins.size(), 2);
-    QCOMPARE(plugins.at(0)->name(), QStringLiteral("SegyData"));
-    QCOMPARE(plugins.at(1)->name(), QStringLiteral("FirstBreak"));
+    const int place = plugins.indexOf(PluginSession::module(QStringLiteral("FirstBreak")));
+    QVERIFY(place > plugins.indexOf(m_module));
     QCOMPARE(m_menu->objectName(), QStringLiteral("menu_Data"));
     QCOMPARE(m_menu->title(), QStringLiteral("&Data"));
 }
