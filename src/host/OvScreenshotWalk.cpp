@@ -4,6 +4,7 @@
 #include "OvBase/OvTaskManager.h"
 #include "OvGui/OvGatherViewController.h"
 #include "OvGui/OvMultiPlaneViewController.h"
+#include "OvGui/canvas/OvGatherCanvas.h"
 #include "host/OvHostSession.h"
 
 #include <QAbstractButton>
@@ -113,7 +114,12 @@ bool parallelViewShown()
 {
     QMainWindow* window = OvHostSession::mainWindow();
     auto* view = window ? window->findChild<OvMultiPlaneViewController*>() : nullptr;
-    return view && view->isVisible() && !openDialog();
+    if (!view || !view->isVisible() || openDialog())
+        return false;
+    const auto mirrors = view->findChildren<OvGatherCanvas*>();
+    return !mirrors.isEmpty() &&
+           std::all_of(mirrors.begin(), mirrors.end(),
+                       [](OvGatherCanvas* mirror) { return mirror->isComplete(); });
 }
 
 bool pictureOfMain(const QString& folder, const QString& name)
