@@ -32,15 +32,23 @@ void OvCanvasScene::paint(QPainter* painter, const QPalette& palette, const Pain
     painter->drawRect(layout.data.adjusted(-1, -1, 0, 0));
 }
 
+QString OvCanvasScene::titleOf(const QString& name) const
+{
+    return titlePlace.isEmpty() ? name : name + QStringLiteral(" - ") + titlePlace;
+}
+
 void OvCanvasScene::paintTitle(QPainter* painter) const
 {
     const QFont plain = painter->font();
     QFont bold = plain;
     bold.setBold(true);
     painter->setFont(bold);
+    const QFontMetrics metrics = painter->fontMetrics();
     const int room = layout.title.width() - 2 * titlePadding;
+    const int forName = room - OvTimeAxis::textWidth(metrics, titleOf(QString()));
+    const QString name = metrics.elidedText(titleName, Qt::ElideMiddle, qMax(0, forName));
     painter->drawText(layout.title, Qt::AlignCenter,
-                      painter->fontMetrics().elidedText(title, Qt::ElideMiddle, room));
+                      metrics.elidedText(titleOf(name), Qt::ElideRight, room));
     painter->setFont(plain);
 }
 

@@ -28,9 +28,13 @@ public:
     OvDisplayDefine define;
     OvTraceHeaderDefine headerDefine;
     OvTraceAxis traceAxis;
-    QString title;
+    QString titleName;
+    QString titlePlace;
     QString message;
     bool timeAxisVisible = true;
+
+    /// Name and place in one line.
+    QString title() const { return titleOf(titleName); }
 
     /// paintTraces paints with the upper left corner of the data at the origin, paintTools in the
     /// coordinates of the canvas.
@@ -38,6 +42,7 @@ public:
                const Paint& paintTools) const;
 
 private:
+    QString titleOf(const QString& name) const;
     void paintTitle(QPainter* painter) const;
     void paintAxes(QPainter* painter) const;
     void paintData(QPainter* painter, const Paint& paintTraces, const Paint& paintTools) const;

@@ -163,15 +163,16 @@ void OvGatherCanvas::setTraceHeaderDefine(const OvTraceHeaderDefine& define)
     update();
 }
 
-void OvGatherCanvas::setTitle(const QString& title)
+void OvGatherCanvas::setTitle(const QString& name, const QString& place)
 {
-    d->scene.title = title;
+    d->scene.titleName = name;
+    d->scene.titlePlace = place;
     update();
 }
 
 QString OvGatherCanvas::title() const
 {
-    return d->scene.title;
+    return d->scene.title();
 }
 
 void OvGatherCanvas::setMessage(const QString& message)

@@ -30,7 +30,8 @@ public:
     void setDisplayDefine(const OvDisplayDefine& define);
     const OvDisplayDefine& displayDefine() const;
     void setTraceHeaderDefine(const OvTraceHeaderDefine& define);
-    void setTitle(const QString& title);
+    /// Where room is short, name is cut before place is.
+    void setTitle(const QString& name, const QString& place = {});
     QString title() const;
 
     /// In place of the data, or, while a gather is shown, in a strip at its lower edge. Empty for

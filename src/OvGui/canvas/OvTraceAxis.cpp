@@ -28,6 +28,7 @@ OvTraceAxis::OvTraceAxis(std::shared_ptr<const OvGather> gather, int word)
 {
     for (int row = 0; m_gather && row < m_gather->traceCount() && m_decimals == 0; ++row)
         m_decimals = isWhole(value(row)) ? 0 : 1;
+    m_known = hasValues();
     m_counting = isCounting();
 }
 
@@ -35,7 +36,7 @@ QString OvTraceAxis::title() const
 {
     switch (m_word) {
     case OvTraceHeaderDefine::Offset:
-        return tr("Offset (m)");
+        return m_known ? tr("Offset (m)") : tr("Offset (m), not in the file");
     case OvTraceHeaderDefine::ReceiverX:
         return tr("Receiver X");
     case OvTraceHeaderDefine::TraceNumber:
@@ -68,6 +69,16 @@ QString OvTraceAxis::label(int row) const
 {
     const double number = value(row);
     return std::isnan(number) ? QString() : QString::number(number, 'f', m_decimals);
+}
+
+bool OvTraceAxis::hasValues() const
+{
+    if (!m_gather || m_gather->headers.empty())
+        return true;
+    for (int row = 0; row < m_gather->traceCount(); ++row)
+        if (!std::isnan(value(row)))
+            return true;
+    return false;
 }
 
 bool OvTraceAxis::isCounting() const

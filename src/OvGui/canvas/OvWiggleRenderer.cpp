@@ -8,7 +8,9 @@
 namespace {
 
 constexpr int subRows = 4;
-constexpr double closestTraces = 2.5; // pixels; closer ones run into one black mass
+constexpr double closestTraces = 4.0; // pixels; closer ones run into one grey mass
+constexpr double linePart = 0.15;     // of the trace spacing, where a whole pixel is too much
+constexpr double thinnestLine = 0.5;  // pixels
 
 } // namespace
 
@@ -22,7 +24,9 @@ OvWiggleRenderer::OvWiggleRenderer(const OvDrawnGather& gather, const OvDisplayD
     , m_step(std::max(
           1, static_cast<int>(std::ceil(closestTraces * geometry.penWidth / geometry.spacing))))
     , m_excursion(geometry.spacing * m_step)
-    , m_reach(std::max(1, static_cast<int>(std::lround(geometry.penWidth * subRows * 0.35))))
+    , m_penWidth(
+          std::clamp(m_excursion * linePart, thinnestLine * geometry.penWidth, geometry.penWidth))
+    , m_reach(std::max(1, static_cast<int>(std::lround(m_penWidth * subRows * 0.35))))
     , m_spans(static_cast<std::size_t>(geometry.height * subRows + 2 * m_reach))
     , m_cover(static_cast<std::size_t>(geometry.width) + 1, 0.0F)
     , m_paper(static_cast<std::size_t>(geometry.width) * static_cast<std::size_t>(geometry.height),
@@ -118,7 +122,7 @@ OvWiggleRenderer::Span OvWiggleRenderer::ink(int subRow) const
 
 void OvWiggleRenderer::drawRow(int y, double center)
 {
-    const double half = m_geometry.penWidth * 0.5;
+    const double half = m_penWidth * 0.5;
     m_coverBegin = m_geometry.width;
     m_coverEnd = 0;
     for (int subRow = y * subRows; subRow < (y + 1) * subRows; ++subRow) {

@@ -43,6 +43,7 @@ private:
     float m_clip;
     int m_step = 1;             // every how-manieth trace is drawn
     double m_excursion;         // pixels for an amplitude of 1
+    double m_penWidth;          // pixels
     int m_reach;                // sub-rows that the pen reaches up and down
     std::vector<Span> m_spans;  // amplitudes by sub-row; low > high where there is no trace
     std::vector<float> m_cover; // ink of one pixel row, 0 to 1

@@ -30,10 +30,6 @@
 <context>
     <name>OvGatherPane</name>
     <message>
-        <source>%1 - field record %2 - gather %3 of %4</source>
-        <translation>%1 - 野外文件号 %2 - 道集 %3 / %4</translation>
-    </message>
-    <message>
         <source>Reading headers…</source>
         <translation>正在读取道头…</translation>
     </message>
@@ -52,6 +48,10 @@
     <message>
         <source>Reading headers… %1 %; showing the first gather</source>
         <translation>正在读取道头… %1 %；显示第一个道集</translation>
+    </message>
+    <message>
+        <source>field record %1 - gather %2 of %3</source>
+        <translation>野外文件号 %1 - 道集 %2 / %3</translation>
     </message>
 </context>
 <context>
@@ -254,6 +254,10 @@
     <message>
         <source>Channel</source>
         <translation>道号</translation>
+    </message>
+    <message>
+        <source>Offset (m), not in the file</source>
+        <translation>炮检距 (m)，文件中没有</translation>
     </message>
 </context>
 </TS>

@@ -168,14 +168,14 @@ void OvGatherPane::updateTitle()
 {
     if (!m_document)
         return;
-    const QString name = QFileInfo(m_document->segyPath()).fileName();
     const auto gather = m_canvas->gather();
-    m_canvas->setTitle(gather && m_onCanvas >= 0 ? tr("%1 - field record %2 - gather %3 of %4")
-                                                       .arg(name)
-                                                       .arg(gather->fieldRecord)
-                                                       .arg(m_onCanvas + 1)
-                                                       .arg(gatherCount())
-                                                 : name);
+    QString place;
+    if (gather && m_onCanvas >= 0)
+        place = tr("field record %1 - gather %2 of %3")
+                    .arg(gather->fieldRecord)
+                    .arg(m_onCanvas + 1)
+                    .arg(gatherCount());
+    m_canvas->setTitle(QFileInfo(m_document->segyPath()).fileName(), place);
 }
 
 void OvGatherPane::updateMessage()

@@ -97,6 +97,17 @@ private slots:
         QCOMPARE(axis.label(1), QString("-145.5"));
     }
 
+    void aFileWithoutOffsetsSaysSo()
+    {
+        OvGather gather = *line();
+        for (OvTraceHeader& header : gather.headers)
+            header.offset = std::numeric_limits<float>::quiet_NaN();
+        const auto shared = std::make_shared<const OvGather>(gather);
+        QCOMPARE(OvTraceAxis(shared, OvTraceHeaderDefine::Offset).title(),
+                 QString("Offset (m), not in the file"));
+        QCOMPARE(OvTraceAxis(shared, OvTraceHeaderDefine::Channel).title(), QString("Channel"));
+    }
+
     void noGatherNoTicks()
     {
         QVERIFY(OvTraceAxis().ticks(OvViewState(), QFontMetrics{QFont()}).isEmpty());
