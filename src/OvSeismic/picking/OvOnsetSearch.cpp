@@ -16,6 +16,8 @@ namespace {
 using OvFirstSwing::Sign;
 using OvOnsetSearch::Arrival;
 
+// Fewer samples make no steady RMS.
+constexpr int leastSamples = 12;
 constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
 int floored(double value)
@@ -98,7 +100,7 @@ public:
         if (!std::isfinite(distanceMs))
             return arrival;
         const int onset = floored(m_gather.sampleAt(m_row, arrival.timeMs) + 0.5);
-        const int length = std::max(floored(m_period), 2);
+        const int length = std::max(floored(m_period), leastSamples);
         const double largest = m_trace.largest(0, m_trace.size());
         const double still = 1e-12 * largest * largest;
         const double after = m_trace.variance(onset, onset + length);

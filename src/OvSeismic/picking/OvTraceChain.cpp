@@ -29,11 +29,10 @@ const OvTraceHeader& header(const OvGather& gather, int row)
     return gather.headers[static_cast<std::size_t>(row)];
 }
 
-bool usesBothSigns(const OvGather& gather, const std::vector<int>& rows)
+bool usesSigns(const OvGather& gather, const std::vector<int>& rows)
 {
-    const auto offset = [&](int row) { return header(gather, row).offset; };
-    return std::any_of(rows.begin(), rows.end(), [&](int row) { return offset(row) < 0.0F; }) &&
-           std::any_of(rows.begin(), rows.end(), [&](int row) { return offset(row) > 0.0F; });
+    return std::any_of(rows.begin(), rows.end(),
+                       [&](int row) { return header(gather, row).offset < 0.0F; });
 }
 
 // Where each receiver lies along the line from the first receiver to the one farthest from it, as
@@ -85,7 +84,7 @@ std::vector<double> signedOffsets(const OvGather& gather, const std::vector<int>
     std::vector<double> offsets;
     for (const int row : rows)
         offsets.push_back(static_cast<double>(header(gather, row).offset));
-    if (usesBothSigns(gather, rows))
+    if (usesSigns(gather, rows))
         return offsets;
     std::vector<double> sides = sidesByCoordinates(gather, rows);
     if (!hasBothSigns(sides))

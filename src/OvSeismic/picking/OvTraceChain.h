@@ -20,8 +20,8 @@ struct OVSEISMIC_EXPORT OvTraceChain
     /// Traces that carry a signal: not marked dead, not constant, every sample a finite number.
     ///
     /// They run by signed offset, so that the two sides of a split spread meet at the shot. The
-    /// sign is the file's own where it uses both; else the side of the shot on which the receiver
-    /// lies by its coordinates; else, for offsets that fall and rise again along the file, the side
-    /// of the smallest. Without offsets they run by channel.
+    /// sign is the file's own where it has negative ones; else the side of the shot on which the
+    /// receiver lies by its coordinates; else, for offsets that fall and rise again along the file,
+    /// the side of the smallest. Without offsets they run by channel.
     static OvTraceChain of(const OvGather& gather);
 };

@@ -15,14 +15,22 @@ OvWaveforms::OvWaveforms(int rows, int points, int before, int after)
 void OvWaveforms::measure(int index)
 {
     const float* values = row(index);
-    float* scales = m_scales.data() + offset(index);
+    std::vector<double> energies(static_cast<std::size_t>(m_points), 0.0);
     for (int point = 0; point < m_points; ++point) {
-        double energy = 0.0;
         const int last = std::min(point + m_after, m_points - 1);
         for (int i = std::max(point - m_before, 0); i <= last; ++i)
-            energy += static_cast<double>(values[i]) * static_cast<double>(values[i]);
-        scales[point] = energy > 0.0 ? static_cast<float>(1.0 / std::sqrt(energy)) : 0.0F;
+            energies[static_cast<std::size_t>(point)] +=
+                static_cast<double>(values[i]) * static_cast<double>(values[i]);
     }
+    // Below this the running sums of gains() hold nothing but rounding.
+    constexpr double still = 1e-12;
+    const double largest = *std::max_element(energies.begin(), energies.end());
+    std::transform(energies.begin(), energies.end(),
+                   m_scales.begin() + static_cast<std::ptrdiff_t>(offset(index)),
+                   [largest](double energy) {
+                       const bool silent = energy <= still * largest;
+                       return silent ? 0.0F : static_cast<float>(1.0 / std::sqrt(energy));
+                   });
 }
 
 float OvWaveforms::correlation(int index, int point, int pointBefore) const
