@@ -84,8 +84,8 @@ OvStatus Pick::setThreads(const QString& text)
     m_threads = text.toInt(&ok);
     if (ok && m_threads >= 1 && m_threads <= mostThreads)
         return OvStatus::success();
-    return OvStatus::failure(
-        tr("--threads is \"%1\"; it must be a number from 1 to %2.").arg(text).arg(mostThreads));
+    return OvStatus::failure(tr("--threads is \"%1\"; it must be a number from 1 to %2.")
+                                 .arg(text, QString::number(mostThreads)));
 }
 
 OvStatus Pick::configure(const QCommandLineParser& parser)
@@ -96,7 +96,8 @@ OvStatus Pick::configure(const QCommandLineParser& parser)
     m_output = parser.value(QStringLiteral("out"));
     if (m_output.isEmpty())
         return OvStatus::failure(tr("--out is missing: the table needs a name."));
-    if (QFileInfo(m_output) == QFileInfo(m_input))
+    const QString input = QFileInfo(m_input).canonicalFilePath();
+    if (!input.isEmpty() && input == QFileInfo(m_output).canonicalFilePath())
         return OvStatus::failure(tr("--out names the SEG-Y file itself."));
     for (const QString& assignment : parser.values(QStringLiteral("param"))) {
         OvStatus status = setParameter(assignment);
