@@ -3,6 +3,8 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QLocale>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -35,26 +37,40 @@ int write(const QString& folder, int shots)
     return ExitDone;
 }
 
+void speakTheUsersLanguage(QCoreApplication* application)
+{
+    if (QLocale::system().language() != QLocale::Chinese)
+        return;
+    auto* translator = new QTranslator(application);
+    if (translator->load(QStringLiteral(":/resource/translations/TarnpickDemo_cn.qm")))
+        QCoreApplication::installTranslator(translator);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const QCoreApplication application(argc, argv);
+    QCoreApplication application(argc, argv);
+    speakTheUsersLanguage(&application);
     QCommandLineParser parser;
     parser.setApplicationDescription(
         Texts::tr("Writes a synthetic refraction line with known first breaks."));
-    parser.addHelpOption();
+    const QCommandLineOption helpOption = parser.addHelpOption();
     const QCommandLineOption shotsOption(QStringLiteral("shots"),
                                          Texts::tr("Only the first N shots."), QStringLiteral("N"),
                                          QString::number(DemoLine::allShots));
     parser.addOption(shotsOption);
     parser.addPositionalArgument(QStringLiteral("FOLDER"), Texts::tr("Where the files go."));
-    parser.process(application);
+    const bool parsed = parser.parse(QCoreApplication::arguments());
+    if (parsed && parser.isSet(helpOption)) {
+        print(stdout, parser.helpText());
+        return ExitDone;
+    }
     bool ok = false;
     const int shots = parser.value(shotsOption).toInt(&ok);
-    if (!ok || shots < 1 || shots > DemoLine::allShots ||
-        parser.positionalArguments().size() != 1) {
-        print(stderr, parser.helpText());
+    ok = ok && shots >= 1 && shots <= DemoLine::allShots;
+    if (!parsed || !ok || parser.positionalArguments().size() != 1) {
+        print(stderr, parser.errorText() + QLatin1Char('\n') + parser.helpText());
         return ExitWrongArguments;
     }
     return write(parser.positionalArguments().at(0), shots);

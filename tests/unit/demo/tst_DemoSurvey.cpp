@@ -28,6 +28,7 @@ private slots:
     void refusesWrongArguments_data();
     void refusesWrongArguments();
     void failsWithAMessage();
+    void speaksChinese();
 
 private:
     struct Truth
@@ -37,7 +38,7 @@ private:
         double offset = 0.0;
         double timeMs = 0.0; // NaN where nothing arrives
     };
-    int run(const QStringList& arguments);
+    int run(const QStringList& arguments, const char* language = "C.UTF-8");
     QByteArray digest(const QString& folder) const;
     void readTruth();
 
@@ -50,9 +51,13 @@ private:
     std::vector<Truth> m_truth;
 };
 
-int tst_DemoSurvey::run(const QStringList& arguments)
+int tst_DemoSurvey::run(const QStringList& arguments, const char* language)
 {
     QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"LANG", "LC_ALL", "LANGUAGE"})
+        environment.insert(QLatin1String(name), QLatin1String(language));
+    program.setProcessEnvironment(environment);
     program.start(QStringLiteral(TARNPICK_DEMO), arguments);
     if (!program.waitForFinished(120000) || program.exitStatus() != QProcess::NormalExit)
         return -1;
@@ -267,6 +272,7 @@ void tst_DemoSurvey::refusesWrongArguments_data()
     QTest::newRow("two folders") << QStringList{"a", "b"};
     QTest::newRow("no shots") << QStringList{"a", "--shots", "0"};
     QTest::newRow("too many shots") << QStringList{"a", "--shots", "241"};
+    QTest::newRow("unknown option") << QStringList{"a", "--fast"};
     QTest::newRow("no number") << QStringList{"a", "--shots", "few"};
 }
 
@@ -285,6 +291,12 @@ void tst_DemoSurvey::failsWithAMessage()
     file.close();
     QCOMPARE(run({folder.filePath("taken/below"), "--shots", "1"}), 1);
     QVERIFY2(m_error.contains("taken"), m_error.constData());
+}
+
+void tst_DemoSurvey::speaksChinese()
+{
+    QCOMPARE(run({"--shots", "0"}, "zh_CN.UTF-8"), 2);
+    QVERIFY2(QString::fromUtf8(m_error).contains(QStringLiteral("初至")), m_error.constData());
 }
 
 QTEST_GUILESS_MAIN(tst_DemoSurvey)
