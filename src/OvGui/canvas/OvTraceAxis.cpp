@@ -30,6 +30,7 @@ OvTraceAxis::OvTraceAxis(std::shared_ptr<const OvGather> gather, int word)
         m_decimals = isWhole(value(row)) ? 0 : 1;
     m_known = hasValues();
     m_counting = isCounting();
+    m_longestLabel = longestLabel();
 }
 
 QString OvTraceAxis::title() const
@@ -92,12 +93,12 @@ bool OvTraceAxis::isCounting() const
     return counting;
 }
 
-double OvTraceAxis::widestLabel(const QFontMetrics& metrics) const
+int OvTraceAxis::longestLabel() const
 {
-    int widest = 1;
-    for (int row = 0; row < m_gather->traceCount(); ++row)
-        widest = std::max(widest, label(row).size());
-    return widest * OvTimeAxis::textWidth(metrics, QStringLiteral("0"));
+    int longest = 1;
+    for (int row = 0; m_gather && row < m_gather->traceCount(); ++row)
+        longest = std::max(longest, label(row).size());
+    return longest;
 }
 
 QVector<OvTraceAxis::Tick> OvTraceAxis::ticks(const OvViewState& state,
@@ -106,7 +107,8 @@ QVector<OvTraceAxis::Tick> OvTraceAxis::ticks(const OvViewState& state,
     QVector<Tick> result;
     if (!m_gather || m_gather->traceCount() == 0)
         return result;
-    const double room = widestLabel(metrics) + OvTimeAxis::textWidth(metrics, QStringLiteral("00"));
+    const QString widest(m_longestLabel + 2, QLatin1Char('0'));
+    const double room = OvTimeAxis::textWidth(metrics, widest);
     const auto step =
         static_cast<int>(std::max(1.0, OvTimeAxis::niceStep(state.traceSpacing(), room)));
     const int count = m_gather->traceCount();

@@ -44,11 +44,12 @@ private:
     double value(int row) const;
     bool hasValues() const;
     bool isCounting() const;
-    double widestLabel(const QFontMetrics& metrics) const;
+    int longestLabel() const;
 
     std::shared_ptr<const OvGather> m_gather;
     int m_word = 0;
     int m_decimals = 0;
     bool m_known = true;
     bool m_counting = false;
+    int m_longestLabel = 1; // characters
 };
