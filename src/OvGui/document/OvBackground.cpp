@@ -27,6 +27,8 @@ struct OvBackground::Mailbox
             QCoreApplication::postEvent(owner, new QEvent(QEvent::User));
     }
 
+    void settle() { const std::lock_guard<std::mutex> lock(mutex); }
+
     std::deque<Outcome> take()
     {
         std::deque<Outcome> taken;
@@ -97,10 +99,13 @@ OvBackground::Post OvBackground::poster() const
 
 bool OvBackground::event(QEvent* event)
 {
-    if (event->type() != QEvent::User)
-        return QObject::event(event);
     // An outcome may delete this object: everything it needs is local from here.
     const auto mailbox = m_mailbox;
+    // A worker made the event under this lock, so it is looked at only after that lock was held
+    // here.
+    mailbox->settle();
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
     for (Outcome& outcome : mailbox->take()) {
         outcome();
         if (mailbox->owner == nullptr)

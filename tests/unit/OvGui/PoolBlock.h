@@ -2,7 +2,6 @@
 
 #include "OvGui/document/OvBackground.h"
 
-#include <QRunnable>
 #include <QThreadPool>
 
 #include <condition_variable>
@@ -16,8 +15,12 @@ class PoolBlock
 public:
     explicit PoolBlock(QThreadPool* pool)
     {
+        OvBackground background(pool);
         for (int i = 0; i < pool->maxThreadCount(); ++i)
-            pool->start(new Wait(m_gate));
+            background.run([gate = m_gate](const OvBackground::Post&) {
+                std::unique_lock<std::mutex> lock(gate->mutex);
+                gate->changed.wait(lock, [&gate] { return gate->open; });
+            });
     }
     ~PoolBlock() { release(); }
     Q_DISABLE_COPY(PoolBlock)
@@ -35,23 +38,6 @@ private:
         std::mutex mutex;
         std::condition_variable changed;
         bool open = false;
-    };
-
-    class Wait : public QRunnable
-    {
-    public:
-        explicit Wait(std::shared_ptr<Gate> gate)
-            : m_gate(std::move(gate))
-        {
-        }
-        void run() override
-        {
-            std::unique_lock<std::mutex> lock(m_gate->mutex);
-            m_gate->changed.wait(lock, [this] { return m_gate->open; });
-        }
-
-    private:
-        std::shared_ptr<Gate> m_gate;
     };
 
     std::shared_ptr<Gate> m_gate = std::make_shared<Gate>();
