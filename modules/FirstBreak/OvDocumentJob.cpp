@@ -77,6 +77,8 @@ void OvDocumentJob::launch()
         return;
     }
     setMessage(tr("Waiting for the trace headers to be read..."));
+    // In case they were given up: nobody else would start again.
+    m_document->readIndex();
     connect(m_document.data(), &OvSegyDocument::indexComplete, this, &OvDocumentJob::begin);
     connect(m_document.data(), &OvSegyDocument::indexFailed, this, &OvDocumentJob::failBeforeWork);
 }

@@ -2,6 +2,7 @@
 #include "fixtures/MessageLog.h"
 #include "fixtures/ModalProbe.h"
 
+#include "OvBase/OvTaskManager.h"
 #include "OvBase/OvTranslator.h"
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
 
@@ -40,6 +41,7 @@ private slots:
     void worksWithoutAWindowAndWithASecondOne();
     void isUsableWithAViewOnly();
     void picksAllGathers();
+    void readsHeadersThatWereGivenUp();
     void picksOneGather();
     void keepsManualPicks();
     void overwritesManualPicksWhenTold();
@@ -217,6 +219,20 @@ void tst_FirstBreak::picksAllGathers()
     QVERIFY2(close >= 108, qPrintable(QStringLiteral("%1 of 120 near the truth").arg(close)));
     QVERIFY2(job->message().contains(QLatin1String("of 120 traces in 5 gathers")),
              qPrintable(job->message()));
+}
+
+void tst_FirstBreak::readsHeadersThatWereGivenUp()
+{
+    QVERIFY(openLine(3));
+    for (OvAbstractJob* task : OvTaskManager::instance().tasks())
+        task->requestCancel(); // only the reading of the headers runs
+    QSignalSpy failed(document().data(), &OvSegyDocument::indexFailed);
+    QVERIFY(failed.wait());
+    QVERIFY(!document()->isIndexComplete());
+    const QPointer<OvAbstractJob> job(startPicking());
+    QVERIFY(job);
+    QTRY_VERIFY_WITH_TIMEOUT(document()->isIndexComplete() && (!job || !job->isRunning()), 30000);
+    QVERIFY(storedBreaks(2).pickedCount() > 0);
 }
 
 void tst_FirstBreak::picksOneGather()
