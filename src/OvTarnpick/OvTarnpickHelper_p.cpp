@@ -104,13 +104,16 @@ void OvTarnpickHelperPrivate::bringForward(QMdiSubWindow* subWindow)
     // The area ignores activation then, and takes up its former sub-window with the focus. It is so
     // after each modal dialog, until the window system has handed the focus back.
     auto connection = std::make_shared<QMetaObject::Connection>();
-    const auto activate = [this, subWindow, connection] {
+    const QPointer<QMdiSubWindow> guard = subWindow;
+    const auto activate = [this, guard, connection] {
         if (!mainWindow->isActiveWindow())
             return;
         QObject::disconnect(*connection);
-        mdiArea->setActiveSubWindow(subWindow);
+        // One that was closed meanwhile has left the area.
+        if (guard && mdiArea->subWindowList().contains(guard.data()))
+            mdiArea->setActiveSubWindow(guard);
     };
-    *connection = QObject::connect(qApp, &QGuiApplication::focusWindowChanged, subWindow, activate);
+    *connection = QObject::connect(qApp, &QGuiApplication::focusWindowChanged, q, activate);
 }
 
 void OvTarnpickHelperPrivate::connectWorkspace(OvAbstractViewController* workspace,
