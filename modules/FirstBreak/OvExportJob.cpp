@@ -42,15 +42,15 @@ OvDocumentJob::Work OvExportJob::makeWork()
         // The document's own access to the first breaks belongs to the GUI thread.
         OvFirstBreakFile firstBreaks;
         if (QFileInfo::exists(path)) {
-            const OvStatus status = firstBreaks.open(path, file->info());
+            OvStatus status = firstBreaks.open(path, file->info());
             if (!status)
                 return status;
         }
         const auto breaksOf = [&](int gather, OvFirstBreaks* breaks) {
             if (!firstBreaks.isOpen())
                 return OvStatus::success();
-            const OvStatus status = firstBreaks.read(index->fieldRecord(gather),
-                                                     index->gatherTraceCount(gather), breaks);
+            OvStatus status = firstBreaks.read(index->fieldRecord(gather),
+                                               index->gatherTraceCount(gather), breaks);
             *picks += exportedPicks(*breaks);
             return status;
         };

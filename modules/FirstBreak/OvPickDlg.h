@@ -24,8 +24,6 @@ public:
     OvPickParameters parameters() const;
     OvPickJob::Options options() const;
     QString helpPage() const override;
-
-public slots:
     void accept() override;
 
 protected:

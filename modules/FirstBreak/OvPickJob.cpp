@@ -73,7 +73,7 @@ OvDocumentJob::Work OvPickJob::pickOne(const std::shared_ptr<const OvSegyIndex>&
     const OvSegyFile* file = &document()->file();
     return [file, index, options = m_options, shared = shared(), queue = m_queue] {
         OvGather gather;
-        const OvStatus status = index->readGather(*file, options.gather, &gather);
+        OvStatus status = index->readGather(*file, options.gather, &gather);
         if (!status || shared->cancel)
             return status;
         const OvPickResult result =

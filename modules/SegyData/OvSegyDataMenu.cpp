@@ -59,7 +59,8 @@ void OvSegyDataMenu::listFiles()
 {
     m_files->clear();
     const QStringList files = m_folder->files();
-    for (const QString& name : files.mid(0, mostFilesListed))
+    const QStringList listed = files.mid(0, mostFilesListed);
+    for (const QString& name : listed)
         addFile(name);
     if (files.isEmpty())
         addNote(m_folder->isScanning() ? tr("Reading the folder...")

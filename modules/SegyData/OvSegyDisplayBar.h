@@ -19,10 +19,8 @@ public:
     ~OvSegyDisplayBar() override;
 
     void retranslate();
-
-public slots:
     /// Shows the open project's settings, whatever the fields held.
-    void reset();
+    Q_INVOKABLE void reset();
 
 protected:
     void changeEvent(QEvent* event) override;

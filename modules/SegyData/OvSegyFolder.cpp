@@ -2,7 +2,7 @@
 
 #include <QCollator>
 #include <QDir>
-#include <QtConcurrent>
+#include <QThreadPool>
 
 #include <algorithm>
 
@@ -24,6 +24,7 @@ QStringList segyFilesIn(const QString& folder)
 
 OvSegyFolder::OvSegyFolder(QObject* parent)
     : QObject(parent)
+    , m_background(QThreadPool::globalInstance())
 {
     // A copy that is under way changes the folder many times.
     m_delay.setSingleShot(true);
@@ -31,7 +32,6 @@ OvSegyFolder::OvSegyFolder(QObject* parent)
     connect(&m_delay, &QTimer::timeout, this, &OvSegyFolder::scan);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_delay,
             static_cast<void (QTimer::*)()>(&QTimer::start));
-    connect(&m_scan, &QFutureWatcherBase::finished, this, &OvSegyFolder::takeResult);
 }
 
 OvSegyFolder::~OvSegyFolder() = default;
@@ -73,23 +73,21 @@ void OvSegyFolder::setFolder(const QString& folder)
 
 void OvSegyFolder::scan()
 {
-    if (m_folder.isEmpty()) {
-        m_scan.setFuture(QFuture<QStringList>());
+    const int scan = ++m_scan;
+    if (m_folder.isEmpty())
         return;
-    }
     // Watched before it is read, so that nothing slips between.
     if (m_watcher.directories().isEmpty())
         m_watcher.addPath(m_folder);
-    m_scan.setFuture(QtConcurrent::run(segyFilesIn, m_folder));
+    m_background.run([this, scan, folder = m_folder](const OvBackground::Post& post) {
+        post([this, scan, files = segyFilesIn(folder)] { take(scan, files); });
+    });
 }
 
-void OvSegyFolder::takeResult()
+void OvSegyFolder::take(int scan, const QStringList& files)
 {
-    if (m_folder.isEmpty() || m_scan.future().resultCount() == 0)
-        return;
-    const QStringList files = m_scan.result();
     // An open menu is not disturbed when another kind of file came or went.
-    if (m_known && files == m_files)
+    if (scan != m_scan || (m_known && files == m_files))
         return;
     m_known = true;
     m_files = files;

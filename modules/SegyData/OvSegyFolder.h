@@ -1,7 +1,8 @@
 #pragma once
 
+#include "OvGui/document/OvBackground.h"
+
 #include <QFileSystemWatcher>
-#include <QFutureWatcher>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -32,12 +33,13 @@ signals:
 
 private:
     void scan();
-    void takeResult();
+    void take(int scan, const QStringList& files);
 
     QString m_folder;
     QStringList m_files;
     bool m_known = false; ///< whether m_files tells of m_folder
     QFileSystemWatcher m_watcher;
     QTimer m_delay;
-    QFutureWatcher<QStringList> m_scan;
+    OvBackground m_background;
+    int m_scan = 0; ///< the latest; the outcome of an earlier one is dropped
 };

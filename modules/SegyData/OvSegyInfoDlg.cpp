@@ -22,6 +22,12 @@ QLabel* plainLabel(const QString& text)
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    return label;
+}
+
+QLabel* wrappedLabel(const QString& text)
+{
+    QLabel* label = plainLabel(text);
     label->setWordWrap(true);
     return label;
 }
@@ -113,8 +119,9 @@ void OvSegyInfoDlg::retranslate()
 void OvSegyInfoDlg::showFacts()
 {
     clearRows(m_facts);
-    for (const auto& fact : fileFacts() + traceFacts() + geometryFacts())
-        m_facts->addRow(plainLabel(fact.first), plainLabel(fact.second));
+    const QList<QPair<QString, QString>> facts = fileFacts() + traceFacts() + geometryFacts();
+    for (const auto& fact : facts)
+        m_facts->addRow(plainLabel(fact.first), wrappedLabel(fact.second));
     QStringList warnings = m_document->file().info().warnings;
     if (m_document->isIndexComplete())
         warnings += m_document->index()->warnings();

@@ -72,7 +72,8 @@ QStringList OvPluginLoader::searchFolders() const
         QDir::cleanPath(
             executable.filePath(QStringLiteral(TARNPICK_PLUGIN_DIR "/") + m_kind.folder)),
     };
-    for (const QString& folder : environmentFolders())
+    const QStringList named = environmentFolders();
+    for (const QString& folder : named)
         folders << folder + QLatin1Char('/') + m_kind.folder << folder;
     return folders;
 }
