@@ -26,11 +26,19 @@ constexpr int samples = 100;
 constexpr int smallFile = 1000;
 constexpr int largeFile = 1000000;
 
-template <typename T>
-void put(QByteArray* header, int byte, T value)
+/// A record of the file while its words are set; bytes count from 1.
+template <std::size_t Size>
+struct Record
 {
-    qToBigEndian<T>(value, header->data() + byte - 1);
-}
+    std::array<char, Size> bytes{};
+
+    template <typename T>
+    void put(int byte, T value)
+    {
+        qToBigEndian<T>(value, bytes.data() + byte - 1);
+    }
+    QByteArray toByteArray() const { return {bytes.data(), static_cast<int>(Size)}; }
+};
 
 QByteArray fileHeader()
 {
