@@ -11,6 +11,18 @@
 #include <QMainWindow>
 #include <QMessageBox>
 
+#include <cstdio>
+
+namespace {
+
+/// To the terminal itself: the log belongs to the console window.
+void print(const QString& message)
+{
+    std::fputs((message + QLatin1Char('\n')).toLocal8Bit().constData(), stderr);
+}
+
+} // namespace
+
 OvHostSession::OvHostSession(const OvHostOptions& chosen, OvLoginDlg* window)
     : options(chosen)
     , loginWindow(window)
@@ -32,7 +44,7 @@ QMainWindow* OvHostSession::mainWindow()
 
 void OvHostSession::start()
 {
-    const bool walks = !options.screenshots.isEmpty();
+    const bool walks = isWalk();
     const bool demo =
         options.demo || (walks && options.file.isEmpty() && options.project.isEmpty());
     if (demo) {
@@ -56,7 +68,7 @@ void OvHostSession::start()
 
 void OvHostSession::addLogin()
 {
-    if (!options.screenshots.isEmpty())
+    if (isWalk())
         OvScreenshotWalk::addLogin(&runner, loginWindow, options.screenshots);
     if (options.entersByItself())
         runner.add({QStringLiteral("login"), {}, [this] { return enter(); }});
@@ -65,7 +77,7 @@ void OvHostSession::addLogin()
                 [] { return mainWindow() != nullptr; },
                 {},
                 waitsForUser ? 0 : 60000});
-    if (!options.screenshots.isEmpty())
+    if (isWalk())
         OvScreenshotWalk::addEmptyWindow(&runner, options.screenshots);
 }
 
@@ -95,8 +107,7 @@ void OvHostSession::addFile(const QString& path)
 {
     runner.add({QStringLiteral("open project"),
                 [] { return OvProjectManager::instance().define().isValid(); },
-                [this, path] { return showFile(path); },
-                options.screenshots.isEmpty() ? 0 : 60000});
+                [this, path] { return showFile(path); }, isWalk() ? 60000 : 0});
 }
 
 bool OvHostSession::showFile(const QString& path)
@@ -116,14 +127,18 @@ void OvHostSession::addWalk()
 
 bool OvHostSession::refuse(const QString& message) const
 {
-    qWarning("%s", qPrintable(message));
-    if (options.screenshots.isEmpty())
+    if (isWalk())
+        print(message);
+    else
         QMessageBox::warning(mainWindow(), tr("Maravel"), message);
     return false;
 }
 
-void OvHostSession::finish(bool succeeded)
+void OvHostSession::finish(bool succeeded, const QString& message)
 {
-    if (!options.screenshots.isEmpty())
-        QCoreApplication::exit(succeeded ? 0 : 1);
+    if (!isWalk())
+        return;
+    if (!message.isEmpty())
+        print(message);
+    QCoreApplication::exit(succeeded ? 0 : 1);
 }

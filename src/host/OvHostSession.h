@@ -38,7 +38,9 @@ private:
     bool showFile(const QString& path);
     /// Tells the user, or the terminal in a walk; gives back false.
     bool refuse(const QString& message) const;
-    void finish(bool succeeded);
+    void finish(bool succeeded, const QString& message);
+    /// Whether nobody watches: messages go to the terminal, and the program ends by itself.
+    bool isWalk() const { return !options.screenshots.isEmpty(); }
 
     const OvHostOptions options;
     OvLoginDlg* const loginWindow;

@@ -25,14 +25,14 @@ void OvStepRunner::start()
 void OvStepRunner::poll()
 {
     if (steps.empty()) {
-        end(true);
+        end(true, {});
         return;
     }
     const Step& next = steps.front();
     if (!next.ready || next.ready())
         takeNext();
     else if (next.timeoutMs > 0 && waiting.hasExpired(next.timeoutMs))
-        fail(tr("The step \"%1\" was not reached in time.").arg(next.name));
+        end(false, tr("The step \"%1\" was not reached in time.").arg(next.name));
 }
 
 void OvStepRunner::takeNext()
@@ -50,18 +50,12 @@ void OvStepRunner::run(const Step& step)
 {
     start();
     if (step.act && !step.act())
-        fail(tr("The step \"%1\" failed.").arg(step.name));
+        end(false, tr("The step \"%1\" failed.").arg(step.name));
 }
 
-void OvStepRunner::fail(const QString& message)
-{
-    qWarning("%s", qPrintable(message));
-    end(false);
-}
-
-void OvStepRunner::end(bool succeeded)
+void OvStepRunner::end(bool succeeded, const QString& message)
 {
     timer.stop();
     steps.clear();
-    emit finished(succeeded);
+    emit finished(succeeded, message);
 }

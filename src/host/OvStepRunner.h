@@ -19,8 +19,8 @@ public:
     {
         QString name;                ///< for the message of a failure
         std::function<bool()> ready; ///< asked again and again; empty for at once
-        std::function<bool()> act; ///< false, after a warning, ends the run as failed; may be empty
-        int timeoutMs = 60000;     ///< for the condition; 0 waits for ever
+        std::function<bool()> act;   ///< false ends the run as failed; may be empty
+        int timeoutMs = 60000;       ///< for the condition; 0 waits for ever
     };
 
     explicit OvStepRunner(QObject* parent = nullptr);
@@ -29,15 +29,14 @@ public:
     void start();
 
 signals:
-    /// Once, after the last step or the first failure.
-    void finished(bool succeeded);
+    /// Once: after the last step, with an empty message, or after the first failure.
+    void finished(bool succeeded, const QString& message);
 
 private:
     void poll();
     void takeNext();
     void run(const Step& step);
-    void fail(const QString& message);
-    void end(bool succeeded);
+    void end(bool succeeded, const QString& message);
 
     std::deque<Step> steps;
     QTimer timer;

@@ -81,7 +81,7 @@ void tst_OvHostLook::formFamiliesHaveInstalledSubstitutes()
         const QStringList substitutes = QFont::substitutes(family);
         QVERIFY2(!substitutes.isEmpty(), family);
         for (const QString& substitute : substitutes)
-            QVERIFY2(installed.contains(substitute), qPrintable(substitute));
+            QVERIFY2(installed.contains(substitute, Qt::CaseInsensitive), qPrintable(substitute));
         QVERIFY2(QFontMetrics(QFont(family, 10)).inFont(QChar(0x7B80)) ||
                      QFontMetrics(QFont(family, 10)).horizontalAdvance(QChar(0x7B80)) > 0,
                  family);
