@@ -54,6 +54,8 @@ private slots:
     void exportsText();
     void exportsEmptyCellsWithoutPicks();
     void reportsAnExportThatFails();
+    void leavesNothingOfACancelledExport();
+    void reportsPicksThatCannotBeStored();
     void speaksChinese();
 
 private:
@@ -476,6 +478,41 @@ void tst_FirstBreak::reportsAnExportThatFails()
     QVERIFY2(probe.boxes().front().text.contains(QLatin1String("out.csv")),
              qPrintable(probe.boxes().front().text));
     QCOMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Failed);
+}
+
+void tst_FirstBreak::leavesNothingOfACancelledExport()
+{
+    QVERIFY(openLine(200, 48, 200));
+    const QString path = m_session->path(QStringLiteral("out.csv"));
+    OvAbstractJob* job = exportTo(path);
+    QVERIFY(job);
+    if (job->isRunning())
+        job->requestCancel();
+    QTRY_COMPARE(job->state(), OvAbstractJob::Cancelled);
+    QVERIFY(!QFileInfo::exists(path));
+    QCOMPARE(QDir(m_session->folder()).entryList({QStringLiteral("out.csv*")}, QDir::Files),
+             QStringList());
+}
+
+void tst_FirstBreak::reportsPicksThatCannotBeStored()
+{
+    QFile damaged(m_session->path(QStringLiteral("line.sgy.fb")));
+    QVERIFY(damaged.open(QIODevice::WriteOnly));
+    const QByteArray content(5000, 'x');
+    QCOMPARE(damaged.write(content), qint64(content.size()));
+    damaged.close();
+    QVERIFY(openLine(3));
+    QCOMPARE(document()->firstBreakPath(), damaged.fileName());
+    ModalProbe probe;
+    probe.next([this](QWidget* dialog) { accept(qobject_cast<QDialog*>(dialog)); });
+    probe.nextBox(QMessageBox::Ok);
+    openPickDialog();
+    QTRY_COMPARE(probe.boxes().size(), std::size_t(1));
+    QVERIFY2(probe.boxes().front().text.contains(QLatin1String("line.sgy.fb")),
+             qPrintable(probe.boxes().front().text));
+    QCOMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Failed);
+    QVERIFY(damaged.open(QIODevice::ReadOnly));
+    QCOMPARE(damaged.readAll(), content);
 }
 
 void tst_FirstBreak::speaksChinese()
