@@ -1,7 +1,7 @@
 #include "host/OvHostLook.h"
 
 #include <QApplication>
-#include <QFontDatabase>
+#include <QFont>
 #include <QStyleFactory>
 
 namespace {
@@ -36,16 +36,6 @@ bool isDark(const QPalette& palette)
            palette.color(QPalette::WindowText).lightness();
 }
 
-QStringList installedOf(const QStringList& wanted, const QStringList& families)
-{
-    QStringList found;
-    for (const QString& family : wanted) {
-        if (families.contains(family))
-            found << family;
-    }
-    return found;
-}
-
 } // namespace
 
 QPalette OvHostLook::lightPalette()
@@ -62,16 +52,15 @@ QPalette OvHostLook::darkPalette()
 
 void OvHostLook::substituteFonts()
 {
-    const QStringList families = QFontDatabase().families();
+    // Families that are not installed are passed over; asking which are would cost a good part of
+    // the start.
     const QStringList latin = {"Noto Sans", "Liberation Sans", "DejaVu Sans"};
     const QStringList chinese = {"Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC",
                                  "WenQuanYi Micro Hei", "Droid Sans Fallback"};
-    const QStringList latinFirst = installedOf(latin + chinese, families);
-    const QStringList chineseFirst = installedOf(chinese + latin, families);
     for (const char* family : {"Segoe UI", "Arial", "Calibri"})
-        QFont::insertSubstitutions(family, latinFirst);
+        QFont::insertSubstitutions(family, latin + chinese);
     for (const char* family : {"Microsoft YaHei UI", "simsun", "SimSun"})
-        QFont::insertSubstitutions(family, chineseFirst);
+        QFont::insertSubstitutions(family, chinese + latin);
 }
 
 void OvHostLook::apply(QApplication* application)

@@ -12,7 +12,7 @@ void apply(QApplication* application);
 
 QPalette lightPalette();
 QPalette darkPalette();
-/// Lets the families that the forms name fall back to installed ones that have Chinese glyphs.
+/// Lets the families that the forms name fall back to free ones, some of them with Chinese glyphs.
 void substituteFonts();
 
 } // namespace OvHostLook
