@@ -157,12 +157,13 @@ private:
 };
 
 // The sign that was asked for, unless the clear first swings of the gather mostly have the other.
-Sign preferredSign(Probe* probe, std::size_t links, OvPickParameters::Polarity polarity)
+Sign preferredSign(Probe* probe, std::size_t links, OvPickParameters::Polarity polarity,
+                   const std::atomic<bool>* cancel)
 {
     constexpr double mostly = 1.2;
     int positive = 0;
     int negative = 0;
-    for (std::size_t link = 0; link < links; ++link) {
+    for (std::size_t link = 0; link < links && !isSet(cancel); ++link) {
         probe->load(link);
         const Sign sign = probe->clearSign();
         positive += sign == Sign::Positive ? 1 : 0;
@@ -214,7 +215,7 @@ OvOnsetSearch::find(const OvGather& gather, const OvTraceChain& chain, const OvP
     constexpr int rounds = 3;
     const double allowed = 0.25 * plan.periodMs;
     Probe probe(gather, chain, plan, guide);
-    const Sign sign = preferredSign(&probe, guide.size(), parameters.polarity);
+    const Sign sign = preferredSign(&probe, guide.size(), parameters.polarity, cancel);
     std::vector<Candidates> candidates(guide.size());
     std::vector<double> distances(guide.size());
     for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {

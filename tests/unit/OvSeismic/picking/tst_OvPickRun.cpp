@@ -30,6 +30,7 @@ private slots:
     void keepsFewGathersInFlight();
     void cancelsBeforeTheFirst();
     void cancelsSoon();
+    void cancelsInsideALargeGather();
     void refusesBadParameters();
 
 private:
@@ -261,6 +262,35 @@ void tst_OvPickRun::cancelsSoon()
     QVERIFY(OvPickRun::run(request(2), count, {}, &cancel));
     QCOMPARE(calls, 3);
     QVERIFY2(sinceCancel.elapsed() < 200, qPrintable(QString::number(sinceCancel.elapsed())));
+}
+
+void tst_OvPickRun::cancelsInsideALargeGather()
+{
+    SegyWriter writer;
+    writer.sampleCount = 2000;
+    writer.addShot(1, 0.0, 1500, 1.0);
+    const QString path = m_folder.filePath("large.sgy");
+    QVERIFY(writer.write(path));
+    OvSegyFile file;
+    OvSegyIndex index;
+    QVERIFY(file.open(path));
+    QVERIFY(index.build(file));
+    OvPickRun::Request large;
+    large.file = &file;
+    large.index = &index;
+    std::atomic<bool> cancel{false};
+    QElapsedTimer sinceCancel;
+    std::thread canceller([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        sinceCancel.start();
+        cancel = true;
+    });
+    const auto accept = [](const OvGather&, const OvPickResult&) { return OvStatus::success(); };
+    const OvStatus status = OvPickRun::run(large, accept, {}, &cancel);
+    canceller.join();
+    const qint64 elapsed = sinceCancel.elapsed();
+    QVERIFY(status);
+    QVERIFY2(elapsed < 200, qPrintable(QString::number(elapsed)));
 }
 
 void tst_OvPickRun::refusesBadParameters()
