@@ -195,10 +195,11 @@ QByteArray DemoSegy::traces(const DemoLine& line, int shot)
         setIdentity(shot, channel, &words);
         setGeometry(line, DemoLine::shotPosition(shot), DemoLine::stationPosition(station), &words);
         setRecording(&words);
+        char* sampleBytes = trace.data() + traceHeaderSize;
         for (int i = 0; i < DemoShot::sampleCount; ++i) {
             quint32 bits = 0;
             std::memcpy(&bits, sample++, sizeof bits);
-            qToBigEndian(bits, trace.data() + traceHeaderSize + i * int(sizeof bits));
+            qToBigEndian(bits, sampleBytes + i * std::ptrdiff_t(sizeof bits));
         }
         bytes.append(trace.data(), traceSize);
     }

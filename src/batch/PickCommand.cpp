@@ -99,7 +99,8 @@ OvStatus Pick::configure(const QCommandLineParser& parser)
     const QString input = QFileInfo(m_input).canonicalFilePath();
     if (!input.isEmpty() && input == QFileInfo(m_output).canonicalFilePath())
         return OvStatus::failure(tr("--out names the SEG-Y file itself."));
-    for (const QString& assignment : parser.values(QStringLiteral("param"))) {
+    const QStringList assignments = parser.values(QStringLiteral("param"));
+    for (const QString& assignment : assignments) {
         OvStatus status = setParameter(assignment);
         if (!status)
             return status;

@@ -127,6 +127,7 @@ OvPickResult OvGuidedPicker::pick(const OvGather& gather, const OvPickParameters
     if (arrivals.empty())
         return {};
     std::vector<float> confidences;
+    confidences.reserve(arrivals.size());
     for (const auto& arrival : arrivals)
         confidences.push_back(confidence(arrival, plan.periodMs));
     if (isSilent(confidences))

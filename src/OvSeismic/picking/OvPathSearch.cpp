@@ -23,7 +23,7 @@ public:
 
     void advance(int row, const OvPathStep& step, const OvMoveGains& gains)
     {
-        const auto moves = static_cast<std::size_t>(2 * step.reach + 1);
+        const auto moves = 2 * static_cast<std::size_t>(step.reach) + 1;
         m_gains.assign(moves * m_points, 0.0F);
         if (gains)
             gains(row, step, &m_gains);

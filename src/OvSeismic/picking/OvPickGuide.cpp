@@ -145,6 +145,7 @@ std::vector<OvPathStep> pathSteps(const OvTraceChain& chain, const OvPickPlan& p
 std::vector<int> pointsOf(const std::vector<double>& timesMs, const OvPickPlan& plan)
 {
     std::vector<int> points;
+    points.reserve(timesMs.size());
     for (const double time : timesMs)
         points.push_back(plan.nearestPoint(time));
     return points;

@@ -178,7 +178,7 @@ OvStatus OvPickParameters::validate() const
 {
     if (polarity != Polarity::Negative && polarity != Polarity::Positive)
         return unknownPolarity(QString::number(static_cast<int>(polarity)));
-    const OvStatus ranges = validateRanges(*this);
+    OvStatus ranges = validateRanges(*this);
     if (!ranges)
         return ranges;
     if (maximumOffsetM > 0 && minimumOffsetM > maximumOffsetM)

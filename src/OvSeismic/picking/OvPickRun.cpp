@@ -179,7 +179,7 @@ std::vector<int> OvPickRun::chosenGathers(int gatherCount, const OvPickParameter
 OvStatus OvPickRun::run(const Request& request, const Deliver& deliver, const Progress& progress,
                         const std::atomic<bool>* cancel)
 {
-    const OvStatus valid = request.parameters.validate();
+    OvStatus valid = request.parameters.validate();
     if (!valid)
         return valid;
     const std::vector<int> gathers =
@@ -193,8 +193,7 @@ OvStatus OvPickRun::run(const Request& request, const Deliver& deliver, const Pr
         }
         if (isSet(cancel))
             return OvStatus::success();
-        const OvStatus status =
-            picked.status ? deliver(picked.gather, picked.result) : picked.status;
+        OvStatus status = picked.status ? deliver(picked.gather, picked.result) : picked.status;
         if (!status)
             return status;
         if (progress)

@@ -51,6 +51,7 @@ std::vector<double> sidesByCoordinates(const OvGather& gather, const std::vector
         }
     }
     std::vector<double> sides;
+    sides.reserve(rows.size());
     for (const int row : rows) {
         const OvTraceHeader& trace = header(gather, row);
         sides.push_back((trace.receiverX - trace.sourceX) * alongX +
@@ -82,6 +83,7 @@ std::vector<double> sidesByOrder(const OvGather& gather, const std::vector<int>&
 std::vector<double> signedOffsets(const OvGather& gather, const std::vector<int>& rows)
 {
     std::vector<double> offsets;
+    offsets.reserve(rows.size());
     for (const int row : rows)
         offsets.push_back(static_cast<double>(header(gather, row).offset));
     if (usesSigns(gather, rows))
