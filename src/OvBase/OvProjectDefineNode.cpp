@@ -9,15 +9,21 @@ const QString Columns = QStringLiteral(
 
 const QString InsertText =
     QStringLiteral("INSERT INTO projects (name, user_id, data_path, description, "
-                   "open_time, create_time) VALUES (?, ?, ?, ?, ?, ?)");
+                   "create_time, open_time) VALUES (?, ?, ?, ?, ?, ?)");
 
 const QString UpdateText =
     QStringLiteral("UPDATE projects SET name = ?, user_id = ?, data_path = ?, description = ?, "
-                   "open_time = ?, create_time = ? WHERE id = ?");
+                   "create_time = ? WHERE id = ?");
 
 OvDatabase* database()
 {
     return OvSession::instance().database.get();
+}
+
+/// The stored records as last read. Good while neither this program nor another has changed them.
+OvProjectList& lastRead()
+{
+    return OvSession::instance().projects;
 }
 
 QVariant fromTime(const QDateTime& time)
@@ -52,11 +58,7 @@ OvProjectDefine record(const OvStatement& row)
 
 QVariantList fields(const OvProjectDefine& define)
 {
-    return {define.name,
-            define.userId,
-            present(define.dataPath),
-            present(define.description),
-            fromTime(define.openTime),
+    return {define.name, define.userId, present(define.dataPath), present(define.description),
             fromTime(define.createTime)};
 }
 
@@ -71,6 +73,7 @@ bool succeeded(const OvStatus& status)
 bool change(const QString& sql, const QVariantList& values)
 {
     int rows = 0;
+    lastRead().forget();
     return succeeded(database()->change(sql, values, &rows)) && rows == 1;
 }
 
@@ -81,9 +84,21 @@ bool isTaken(const QString& name, int key)
     return owner.isValid() && owner.id != key;
 }
 
+/// What could not be read as a whole is not good for a second time.
+OvProjectList readAll(qint64 version)
+{
+    OvProjectList list;
+    const auto rows = database()->read(Columns + QStringLiteral("ORDER BY id"));
+    while (rows->next())
+        list.records.append(record(*rows));
+    if (rows->ok())
+        list.version = version;
+    return list;
+}
+
 OvStatus insertRecord(const OvProjectDefine& define, int* key)
 {
-    OvStatus status = database()->change(InsertText, fields(define));
+    OvStatus status = database()->change(InsertText, fields(define) << fromTime(define.openTime));
     const auto row = database()->run(QStringLiteral("SELECT last_insert_rowid()"));
     if (status && row->next())
         *key = row->value(0).toInt();
@@ -94,13 +109,13 @@ OvStatus insertRecord(const OvProjectDefine& define, int* key)
 
 QList<OvProjectDefine> OvProjectDefineNode::projects() const
 {
-    QList<OvProjectDefine> list;
     if (!database())
-        return list;
-    const auto rows = database()->read(Columns + QStringLiteral("ORDER BY id"));
-    while (rows->next())
-        list.append(record(*rows));
-    return list;
+        return {};
+    // Asked before the records are read: what another program adds in between is read again.
+    const qint64 version = database()->foreignVersion();
+    if (version < 0 || version != lastRead().version)
+        lastRead() = readAll(version);
+    return lastRead().records;
 }
 
 OvProjectDefine OvProjectDefineNode::projectByName(const QString& name) const
@@ -116,6 +131,7 @@ int OvProjectDefineNode::insertProject(const OvProjectDefine& define)
     if (!database() || define.name.isEmpty())
         return -1;
     int key = -1;
+    lastRead().forget();
     const OvStatus status = database()->write([&] {
         return isTaken(define.name, -1) ? OvStatus::success() : insertRecord(define, &key);
     });
@@ -127,6 +143,7 @@ bool OvProjectDefineNode::updateProject(const OvProjectDefine& define)
     if (!database() || !define.isValid())
         return false;
     int rows = 0;
+    lastRead().forget();
     const OvStatus status = database()->write([&] {
         return isTaken(define.name, define.id)
                    ? OvStatus::success()

@@ -11,7 +11,8 @@
 class OVBASE_EXPORT OvProjectDefineNode
 {
 public:
-    /// All records in table order (by key).
+    /// All records in table order (by key). They are read from the file only when somebody, in this
+    /// program or in another, has changed it since the last call.
     QList<OvProjectDefine> projects() const;
     /// The record of that exact name, or a default one. An indexed look-up with a kept statement:
     /// cheap enough for a delegate to call once a painted row.
@@ -19,7 +20,8 @@ public:
     /// Stores a new record; returns its key, or a negative number when the name is taken or empty
     /// or the table cannot be written.
     int insertProject(const OvProjectDefine& define);
-    /// Rewrites the record of define.id. False when there is none or the name clashes.
+    /// Rewrites the record of define.id, but for the opening time: another program may have noted a
+    /// later one. False when there is no such record or the name clashes.
     bool updateProject(const OvProjectDefine& define);
     /// Removes the record of define.id. False when there is none.
     bool removeProject(const OvProjectDefine& define);

@@ -50,7 +50,7 @@ OvProjectManager::~OvProjectManager() = default;
 
 void OvProjectManager::init()
 {
-    d->autoSave = std::make_unique<QTimer>();
+    d->autoSave = std::make_unique<QTimer>(this);
     connect(d->autoSave.get(), &QTimer::timeout, this, [this] {
         if (d->autoSave->interval() != intervalMs())
             d->autoSave->setInterval(intervalMs());

@@ -5,12 +5,17 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSqlError>
 #include <QThread>
 
 namespace {
 
-constexpr int BusyTimeoutMs = 20000;
+int patienceMs = 20000;
+
+// The engine's result codes; the upper bits of an error say more than is needed here.
+constexpr int ResultMask = 0xff;
+constexpr int ResultBusy = 5;
+constexpr int ResultLocked = 6;
+constexpr int ResultFull = 13;
 
 QString nextConnectionName()
 {
@@ -22,7 +27,28 @@ QString nextConnectionName()
 
 QString OvStatement::errorText() const
 {
-    return m_query->lastError().text();
+    return OvDatabase::reason(m_query->lastError());
+}
+
+QString OvDatabase::reason(const QSqlError& error)
+{
+    const int code = error.nativeErrorCode().toInt() & ResultMask;
+    if (code == ResultBusy || code == ResultLocked)
+        return tr("another program is working on it");
+    if (code == ResultFull)
+        return tr("the disk is full");
+    const QString text = error.databaseText().trimmed();
+    return text.isEmpty() ? error.text().trimmed() : text;
+}
+
+void OvDatabase::setPatience(int milliseconds)
+{
+    patienceMs = milliseconds;
+}
+
+int OvDatabase::patience()
+{
+    return patienceMs;
 }
 
 OvDatabase::OvDatabase()
@@ -44,16 +70,16 @@ OvStatus OvDatabase::cannotOpen() const
 {
     return OvStatus::failure(
         tr("The database %1 cannot be opened (%2). Check that its folder exists and can be "
-           "written.")
-            .arg(QDir::toNativeSeparators(m_path), m_connection.lastError().text().trimmed()));
+           "written, and that the disk has room.")
+            .arg(QDir::toNativeSeparators(m_path), reason(m_connection.lastError())));
 }
 
-OvStatus OvDatabase::cannotWrite(const QString& reason) const
+OvStatus OvDatabase::cannotWrite(const QString& why) const
 {
     return OvStatus::failure(tr("The database %1 cannot be written (%2). Check that the file can "
                                 "be written and that the "
                                 "disk has room.")
-                                 .arg(QDir::toNativeSeparators(m_path), reason.trimmed()));
+                                 .arg(QDir::toNativeSeparators(m_path), why));
 }
 
 OvStatus OvDatabase::open(const QString& path)
@@ -64,7 +90,7 @@ OvStatus OvDatabase::open(const QString& path)
         return status;
     m_connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     m_connection.setDatabaseName(m_path);
-    m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeoutMs));
+    m_connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(patienceMs));
     if (!m_connection.open())
         return cannotOpen();
     status = configure();
@@ -118,9 +144,9 @@ std::unique_ptr<OvStatement> OvDatabase::read(const QString& sql, const QVariant
 {
     auto statement = run(sql, values);
     if (!statement->ok())
-        qWarning("%s", qUtf8Printable(tr("The database %1 cannot be read (%2).")
-                                          .arg(QDir::toNativeSeparators(m_path),
-                                               statement->errorText().trimmed())));
+        qWarning("%s", qUtf8Printable(
+                           tr("The database %1 cannot be read (%2).")
+                               .arg(QDir::toNativeSeparators(m_path), statement->errorText())));
     return statement;
 }
 
@@ -140,14 +166,20 @@ OvStatus OvDatabase::write(const std::function<OvStatus()>& work)
         return work();
     QSqlQuery control(m_connection);
     if (!control.exec(QStringLiteral("BEGIN IMMEDIATE")))
-        return cannotWrite(control.lastError().text());
+        return cannotWrite(reason(control.lastError()));
     m_inTransaction = true;
     OvStatus status = work();
     m_inTransaction = false;
     if (status && control.exec(QStringLiteral("COMMIT")))
         return status;
     if (status)
-        status = cannotWrite(control.lastError().text());
+        status = cannotWrite(reason(control.lastError()));
     control.exec(QStringLiteral("ROLLBACK"));
     return status;
+}
+
+qint64 OvDatabase::foreignVersion()
+{
+    const auto row = read(QStringLiteral("PRAGMA data_version"));
+    return row->next() ? row->value(0).toLongLong() : -1;
 }

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QHash>
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QVariantList>
 
@@ -24,7 +25,8 @@ public:
     ~OvStatement() { m_query->finish(); }
     Q_DISABLE_COPY(OvStatement)
 
-    bool ok() const { return m_executed; }
+    /// False when it could not be run, or a row of it could not be read.
+    bool ok() const { return m_executed && !m_query->lastError().isValid(); }
     bool next() { return m_executed && m_query->next(); }
     QVariant value(int column) const { return m_query->value(column); }
     int affectedRows() const { return m_executed ? m_query->numRowsAffected() : 0; }
@@ -54,6 +56,13 @@ public:
     OvStatus open(const QString& path);
     QString path() const { return m_path; }
 
+    /// Why the engine refused, in words for a user.
+    static QString reason(const QSqlError& error);
+    /// How long a statement waits for another program's writing, for databases opened from now on;
+    /// ms, 20000 at first.
+    static void setPatience(int milliseconds);
+    static int patience();
+
     /// Runs the kept statement of that text with values for its placeholders.
     std::unique_ptr<OvStatement> run(const QString& sql, const QVariantList& values = {});
     /// run() for a query whose caller can only leave out what cannot be read: a failure is logged.
@@ -62,13 +71,16 @@ public:
     OvStatus write(const std::function<OvStatus()>& work);
     /// One changing statement as a write of its own; *rows tells how many it touched.
     OvStatus change(const QString& sql, const QVariantList& values, int* rows = nullptr);
+    /// A number that differs from call to call only when another connection, of this program or
+    /// another, has changed the file in between; -1 when it cannot be told.
+    qint64 foreignVersion();
 
 private:
     OvStatus configure();
     std::shared_ptr<QSqlQuery> prepared(const QString& sql);
     bool execute(const QString& sql);
     OvStatus cannotOpen() const;
-    OvStatus cannotWrite(const QString& reason) const;
+    OvStatus cannotWrite(const QString& why) const;
 
     QString m_path;
     QString m_connectionName;

@@ -23,6 +23,21 @@ OvStatus damaged(const QString& path, const QString& detail)
             .arg(QDir::toNativeSeparators(path), detail.trimmed()));
 }
 
+// What keeps the engine from reading, a full disk for instance, is no damage.
+OvStatus unreadable(const QString& path, const QSqlError& error)
+{
+    constexpr int ResultMask = 0xff;
+    constexpr int ResultCorrupt = 11;
+    constexpr int ResultNotADatabase = 26;
+    const int code = error.nativeErrorCode().toInt() & ResultMask;
+    if (code == ResultCorrupt || code == ResultNotADatabase)
+        return damaged(path, OvDatabase::reason(error));
+    return OvStatus::failure(
+        OvDatabase::tr("The database %1 cannot be opened (%2). Check that its folder exists and "
+                       "can be written, and that the disk has room.")
+            .arg(QDir::toNativeSeparators(path), OvDatabase::reason(error)));
+}
+
 OvStatus foreign(const QString& path)
 {
     return OvStatus::failure(
@@ -67,44 +82,46 @@ QString openMode(const QString& path)
                                                          : QStringLiteral("QSQLITE_OPEN_READONLY;");
 }
 
-/// The first column of the first row; the error text goes to *error.
-QVariant single(const QSqlDatabase& connection, const QString& sql, QString* error)
+/// The first column of the first row; a failure goes to *error.
+QVariant single(const QSqlDatabase& connection, const QString& sql, QSqlError* error)
 {
     QSqlQuery query(connection);
     query.setForwardOnly(true);
     if (query.exec(sql) && query.next())
         return query.value(0);
-    *error = query.lastError().text();
+    *error = query.lastError();
     return {};
 }
 
 OvStatus checkContents(const QSqlDatabase& connection, const QString& path)
 {
-    QString error;
+    QSqlError error;
     const int version = single(connection, QStringLiteral("PRAGMA user_version"), &error).toInt();
     const int tables =
         single(connection, QStringLiteral("SELECT count(*) FROM sqlite_master"), &error).toInt();
     const int owner = single(connection, QStringLiteral("PRAGMA application_id"), &error).toInt();
-    if (!error.isEmpty())
-        return damaged(path, error);
+    if (error.isValid())
+        return unreadable(path, error);
     if (owner != OvSchema::ApplicationId && (version != 0 || tables != 0))
         return foreign(path);
     if (version > OvSchema::latestVersion())
         return newer(path, version);
     const QString verdict =
         single(connection, QStringLiteral("PRAGMA integrity_check(1)"), &error).toString();
-    if (verdict != QLatin1String("ok"))
-        return damaged(path, error.isEmpty() ? verdict.simplified() : error);
-    return OvStatus::success();
+    if (error.isValid())
+        return unreadable(path, error);
+    return verdict == QLatin1String("ok") ? OvStatus::success()
+                                          : damaged(path, verdict.simplified());
 }
 
 OvStatus checkWithConnection(const QString& path)
 {
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), CheckConnection);
     connection.setDatabaseName(path);
-    connection.setConnectOptions(openMode(path) + QStringLiteral("QSQLITE_BUSY_TIMEOUT=20000"));
+    connection.setConnectOptions(
+        openMode(path) + QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(OvDatabase::patience()));
     if (!connection.open())
-        return damaged(path, connection.lastError().text());
+        return unreadable(path, connection.lastError());
     return checkContents(connection, path);
 }
 

@@ -11,6 +11,7 @@ void OvSession::close()
     database.reset();
     userId = -1;
     userName.clear();
+    projects = {};
     memoryValues.clear();
     projectValues.clear();
 }

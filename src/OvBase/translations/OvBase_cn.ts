@@ -19,8 +19,16 @@
         <translation>无法从数据库 %2 中读取用户 %1。</translation>
     </message>
     <message>
-        <source>The database %1 cannot be opened (%2). Check that its folder exists and can be written.</source>
-        <translation>无法打开数据库 %1（%2）。请检查其所在文件夹是否存在且可写。</translation>
+        <source>another program is working on it</source>
+        <translation>另一个程序正在使用它</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>磁盘已满</translation>
+    </message>
+    <message>
+        <source>The database %1 cannot be opened (%2). Check that its folder exists and can be written, and that the disk has room.</source>
+        <translation>无法打开数据库 %1（%2）。请检查其所在文件夹是否存在且可写，以及磁盘空间是否充足。</translation>
     </message>
     <message>
         <source>The database %1 cannot be written (%2). Check that the file can be written and that the disk has room.</source>

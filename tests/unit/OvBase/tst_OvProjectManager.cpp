@@ -4,6 +4,7 @@
 #include "unit/OvBase/LoginFixture.h"
 
 #include <QSignalSpy>
+#include <QTimer>
 
 namespace {
 
@@ -36,8 +37,8 @@ private slots:
     void aRecordThatIsNotInTheTableOpens();
     void theAutoSaveClockTicks();
     void theClockStopsAndStarts();
-    void aStrangeIntervalIsTheDefault_data();
-    void aStrangeIntervalIsTheDefault();
+    void theIntervalIsSixtySecondsOrChosen_data();
+    void theIntervalIsSixtySecondsOrChosen();
     void viewsAreAnnounced();
     void theCurrentViewNeverDangles();
 
@@ -218,25 +219,30 @@ void tst_OvProjectManager::theClockStopsAndStarts()
     m_manager.finish();
 }
 
-void tst_OvProjectManager::aStrangeIntervalIsTheDefault_data()
+void tst_OvProjectManager::theIntervalIsSixtySecondsOrChosen_data()
 {
     QTest::addColumn<QVariant>("interval");
-    QTest::newRow("none") << QVariant();
-    QTest::newRow("text") << QVariant(QStringLiteral("soon"));
-    QTest::newRow("zero") << QVariant(0);
-    QTest::newRow("negative") << QVariant(-1);
-    QTest::newRow("huge") << QVariant(std::numeric_limits<int>::max());
+    QTest::addColumn<int>("milliseconds");
+    QTest::newRow("none") << QVariant() << 60000;
+    QTest::newRow("text") << QVariant(QStringLiteral("soon")) << 60000;
+    QTest::newRow("zero") << QVariant(0) << 60000;
+    QTest::newRow("negative") << QVariant(-1) << 60000;
+    QTest::newRow("huge") << QVariant(std::numeric_limits<int>::max()) << 24 * 3600 * 1000;
+    QTest::newRow("ten minutes") << QVariant(600) << 600000;
 }
 
-void tst_OvProjectManager::aStrangeIntervalIsTheDefault()
+void tst_OvProjectManager::theIntervalIsSixtySecondsOrChosen()
 {
     QFETCH(QVariant, interval);
     QVERIFY(OvBaseUtil::setGlobalValue(QStringLiteral("autoSaveInterval"), interval));
     QSignalSpy ticks(&m_manager, &OvProjectManager::timeout);
     m_manager.init();
-    QTest::qWait(100);
+    const auto* clock = m_manager.findChild<QTimer*>();
+    QVERIFY(clock && clock->isActive() && !clock->isSingleShot());
+    QTEST(clock->interval(), "milliseconds");
     QCOMPARE(ticks.size(), 0);
     m_manager.finish();
+    QVERIFY(!m_manager.findChild<QTimer*>());
 }
 
 void tst_OvProjectManager::viewsAreAnnounced()
