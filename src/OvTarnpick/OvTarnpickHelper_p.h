@@ -53,6 +53,10 @@ public:
     void pruneRecentList();
     void rebuildRecentMenu();
     void clearRecentProjects();
+    /// The recent list is one text: the names, latest first, joined with '|'. A '|' inside a name
+    /// is stored as the control character U+001F, so that such a name neither falls apart nor
+    /// brings others into the list; the menu shows it as it is. A name without any letter, digit or
+    /// underscore is dropped when the list is read.
     void addRecentProject(const OvProjectDefine& define);
     void openRecentProject(const QString& name);
 

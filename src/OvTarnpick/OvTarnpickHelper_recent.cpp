@@ -19,12 +19,13 @@ namespace {
 
 constexpr int recentLimit = 5;
 constexpr QLatin1Char separator('|');
+constexpr QLatin1Char standIn('\x1f'); // nobody can type it
 constexpr QLatin1String recentKey("recentFileList");
 
 QStringList storedNames()
 {
     const QString stored = OvBaseUtil::globalValue(recentKey, QString()).toString();
-    return stored.split(separator);
+    return stored.split(separator).replaceInStrings(QString(standIn), QString(separator));
 }
 
 /// The stored names that have at least one letter, digit or underscore, of any script.
@@ -43,8 +44,9 @@ void storeValue(const QVariant& value)
 }
 
 /// An empty list is stored as no value at all.
-void storeNames(const QStringList& names)
+void storeNames(QStringList names)
 {
+    names.replaceInStrings(QString(separator), QString(standIn));
     storeValue(names.isEmpty() ? QVariant() : QVariant(names.join(separator)));
 }
 
@@ -127,7 +129,7 @@ void OvTarnpickHelperPrivate::addRecentProject(const OvProjectDefine& define)
     while (names.size() > recentLimit)
         names.removeLast();
     clearRecentProjects();
-    storeValue(names.join(separator));
+    storeNames(names);
     rebuildRecentMenu();
 }
 

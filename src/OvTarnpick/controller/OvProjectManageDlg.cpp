@@ -11,7 +11,10 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QSet>
 #include <QStringListModel>
+
+#include <algorithm>
 
 class OvProjectManageDlgPrivate
 {
@@ -130,14 +133,20 @@ void OvProjectManageDlgPrivate::markForDeletion(const QString& name)
         return;
     }
     const QString text = OvProjectManageDlg::tr("Cannot delete %1, it is being opened!");
-    QMessageBox::warning(q, OvProjectManageDlg::tr("Delete Project"), text.arg(openName),
-                         QMessageBox::Ok);
+    QMessageBox box(QMessageBox::Warning, OvProjectManageDlg::tr("Delete Project"),
+                    text.arg(openName), QMessageBox::Ok, q);
+    // A name can look like markup.
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 void OvProjectManageDlgPrivate::hideMarked(QStringList names)
 {
+    QSet<QString> marked;
     for (const QString& name : qAsConst(pendingDeletions))
-        names.removeAll(name);
+        marked.insert(name);
+    const auto isMarked = [&marked](const QString& name) { return marked.contains(name); };
+    names.erase(std::remove_if(names.begin(), names.end(), isMarked), names.end());
     setNames(names);
 }
 

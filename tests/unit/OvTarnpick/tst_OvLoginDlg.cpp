@@ -7,6 +7,7 @@
 #include "OvTarnpick/OvWindowPlacement.h"
 #include "OvTarnpick/utility/OvConsole.h"
 #include "fixtures/ModalProbe.h"
+#include "fixtures/ProtectedFolder.h"
 #include "fixtures/WarningTrap.h"
 
 #include <QDesktopWidget>
@@ -16,6 +17,8 @@
 #include <QLineEdit>
 #include <QMetaMethod>
 #include <QPushButton>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -36,6 +39,10 @@ private slots:
     void missingTemplateIsReported();
     void withoutALocalFolder();
     void refusedDatabaseIsExplained();
+    void everyRefusalIsExplainedInTheWindow_data();
+    void everyRefusalIsExplainedInTheWindow();
+    void unwritableFolderWithADatabaseIsExplained();
+    void unwritableFolderTakesNoCopy();
     void errorGoesWithTheNextTry();
     void returnKeyPressesLogin_data();
     void returnKeyPressesLogin();
@@ -53,6 +60,9 @@ private:
     {
         return QCoreApplication::applicationDirPath() + QStringLiteral("/Tarnpick.db");
     }
+    /// Changes the database file: to one that ends too early, one that is protected, or by a
+    /// statement.
+    bool spoil(const QString& change) const;
     QString database() const { return m_folder->filePath(QStringLiteral("Tarnpick.db")); }
     static QByteArray contentOf(const QString& path);
     static bool write(const QString& path, const QByteArray& content);
@@ -231,6 +241,91 @@ void tst_OvLoginDlg::refusedDatabaseIsExplained()
     QVERIFY(m_dialog->rect().contains(
         QRect(error()->mapTo(m_dialog.get(), QPoint()), error()->size())));
     QVERIFY(mainWindows().isEmpty());
+}
+
+void tst_OvLoginDlg::everyRefusalIsExplainedInTheWindow_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("cut off") << "cut off"
+                             << "damaged";
+    QTest::newRow("newer") << "PRAGMA user_version = 99"
+                           << "newer version";
+    QTest::newRow("another program's") << "PRAGMA application_id = 7"
+                                       << "another program";
+    QTest::newRow("read-only") << "read-only"
+                               << "read-only";
+}
+
+void tst_OvLoginDlg::everyRefusalIsExplainedInTheWindow()
+{
+    QFETCH(QString, change);
+    QFETCH(QString, reason);
+    QVERIFY(OvUserDefineNode::instance().login(database()));
+    QVERIFY(OvBaseUtil::setGlobalValue(QStringLiteral("mark"), 7).ok());
+    OvUserDefineNode::instance().logout();
+    QVERIFY(spoil(change));
+    const QByteArray before = contentOf(database());
+    m_dialog->show();
+    ModalProbe probe;
+    QVERIFY(!m_dialog->login());
+    QVERIFY(probe.isDone());
+    QVERIFY(mainWindows().isEmpty());
+    const QString shown = error()->text().remove(QChar(0x200b));
+    QVERIFY(error()->isVisible());
+    QVERIFY2(shown.contains(database()) && shown.contains(reason), qPrintable(shown));
+    QVERIFY(contentOf(database()) == before);
+    QCOMPARE(WarningTrap::take(), QStringList{shown});
+}
+
+bool tst_OvLoginDlg::spoil(const QString& change) const
+{
+    if (change == QLatin1String("read-only"))
+        return QFile::setPermissions(database(), QFile::ReadOwner);
+    if (change == QLatin1String("cut off"))
+        return QFile::resize(database(), QFileInfo(database()).size() - 4096);
+    bool done = false;
+    {
+        QSqlDatabase other =
+            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("spoil"));
+        other.setDatabaseName(database());
+        done = other.open() && QSqlQuery(other).exec(change) &&
+               QSqlQuery(other).exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("spoil"));
+    return done;
+}
+
+void tst_OvLoginDlg::unwritableFolderWithADatabaseIsExplained()
+{
+    QVERIFY(OvUserDefineNode::instance().login(database()));
+    OvUserDefineNode::instance().logout();
+    m_dialog->show();
+    const ProtectedFolder folder(m_folder->path());
+    if (!folder.isProtected())
+        QSKIP("this account can write to every folder");
+    ModalProbe probe;
+    QVERIFY(!m_dialog->login());
+    QVERIFY(probe.isDone());
+    const QString shown = error()->text().remove(QChar(0x200b));
+    QVERIFY2(shown.contains(database()) && shown.contains(QStringLiteral("its folder")),
+             qPrintable(shown));
+    QCOMPARE(WarningTrap::take(), QStringList{shown});
+}
+
+void tst_OvLoginDlg::unwritableFolderTakesNoCopy()
+{
+    m_dialog->show();
+    const ProtectedFolder folder(m_folder->path());
+    if (!folder.isProtected())
+        QSKIP("this account can write to every folder");
+    ModalProbe probe;
+    probe.nextBox(QMessageBox::Ok);
+    QVERIFY(!m_dialog->login());
+    QVERIFY(probe.isDone());
+    QCOMPARE(probe.boxes().front().text, templatePath() + QStringLiteral(" -> ") + database());
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+    QVERIFY(m_dialog->isVisible());
 }
 
 void tst_OvLoginDlg::errorGoesWithTheNextTry()

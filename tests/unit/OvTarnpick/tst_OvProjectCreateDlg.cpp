@@ -2,6 +2,7 @@
 
 #include "OvBase/OvTranslator.h"
 #include "fixtures/ModalProbe.h"
+#include "fixtures/OddNames.h"
 #include "fixtures/ShellSession.h"
 #include "fixtures/WarningTrap.h"
 
@@ -32,6 +33,10 @@ private slots:
     void missingFolderIsRed();
     void descriptionRunsTheFullCheck();
     void acceptedProjectIsStored();
+    void oddNamesAreStoredAsTyped();
+    void oddFolders_data();
+    void oddFolders();
+    void everyKeyIsQuickAmongManyProjects();
     void refusedProjectKeepsTheDialogOpen();
     void chooserSetsTheFolder();
     void cancelledChooserKeepsTheFolder();
@@ -222,6 +227,57 @@ void tst_OvProjectCreateDlg::acceptedProjectIsStored()
     QVERIFY(OvUserDefineNode::instance().userID() >= 0);
     QVERIFY(made.createTime >= before && made.createTime <= QDateTime::currentDateTime());
     QVERIFY(!made.openTime.isValid());
+}
+
+void tst_OvProjectCreateDlg::oddNamesAreStoredAsTyped()
+{
+    const QStringList names = oddNames();
+    for (const QString& text : names) {
+        m_dialog = std::make_unique<OvProjectCreateDlg>();
+        name()->setText(text);
+        QVERIFY2(canAccept(), qPrintable(text.left(40)));
+        button("btnOk")->click();
+        QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
+        QCOMPARE(m_dialog->projectDefine().name, text);
+        QCOMPARE(OvProjectDefineNode().projectByName(text).id, m_dialog->projectDefine().id);
+        m_dialog = std::make_unique<OvProjectCreateDlg>();
+        name()->setText(text);
+        QVERIFY(!canAccept());
+        QCOMPARE(colorOf(name()), QColor(Qt::red));
+    }
+    QCOMPARE(ShellSession::projectNames(), names);
+}
+
+void tst_OvProjectCreateDlg::oddFolders_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("blanks") << QStringLiteral("my  line 7");
+    QTest::newRow("chinese") << QStringLiteral("测线 七/初至");
+    QTest::newRow("signs") << QStringLiteral("100%1 'a' \"b\" #c ?d & <e>");
+}
+
+void tst_OvProjectCreateDlg::oddFolders()
+{
+    QFETCH(QString, folder);
+    const QString made = m_session->makeFolder(folder);
+    name()->setText(QStringLiteral("Line 7"));
+    path()->setText(made);
+    QCOMPARE(colorOf(path()), QColor(Qt::black));
+    QVERIFY(canAccept());
+    m_dialog->accept();
+    QCOMPARE(OvProjectDefineNode().projectByName(QStringLiteral("Line 7")).dataPath, made);
+    QVERIFY(QDir(m_dialog->projectDefine().dataPath).exists());
+}
+
+// Each key reads all records; that is to stay far below what a user feels.
+void tst_OvProjectCreateDlg::everyKeyIsQuickAmongManyProjects()
+{
+    for (int i = 0; i < 300; ++i)
+        QVERIFY(ShellSession::addProject(QString::number(i), {}).isValid());
+    const QList<OvProjectDefine> before = OvProjectDefineNode().projects();
+    QTest::keyClicks(name(), QStringLiteral("Line 7"));
+    QVERIFY(canAccept());
+    QVERIFY(OvProjectDefineNode().projects().isSharedWith(before));
 }
 
 // Another program takes the name after the check.

@@ -3,6 +3,7 @@
 #include "OvBase/OvTranslator.h"
 #include "OvTarnpick/controller/ProjectNameDelegate.h"
 #include "fixtures/ModalProbe.h"
+#include "fixtures/OddNames.h"
 #include "fixtures/ShellSession.h"
 #include "fixtures/WarningTrap.h"
 
@@ -42,6 +43,11 @@ private slots:
     void updateIsWrittenAtOnce();
     void removalClearsTheProjectsValues();
     void deletingWhileTheOpenProjectIsShown();
+    void warningShowsANameAsItIs();
+    void oddNamesAreListedAndOpened();
+    void oddNamesAreEditedAndDeleted();
+    void allOfManyAreDeletedAtOnce();
+    void projectsOfAnotherProgramAreLeftAlone();
     void detailsStayAfterADeletion();
     void chooserStartsAtTheOpenProject();
     void cancelledChooserEmptiesTheFolder();
@@ -358,6 +364,103 @@ void tst_OvProjectManageDlg::deletingWhileTheOpenProjectIsShown()
     QVERIFY(!list()->selectionModel()->hasSelection());
     m_dialog->accept();
     QCOMPARE(ShellSession::projectNames().size(), 3);
+}
+
+void tst_OvProjectManageDlg::warningShowsANameAsItIs()
+{
+    const QString name = QStringLiteral("<b>%1</b> & more");
+    const OvProjectDefine define = ShellSession::addProject(name, m_folder);
+    open(OvProjectManageDlg::ManageProjects);
+    choose(3);
+    QVERIFY(OvProjectManager::instance().openProject(define));
+    ModalProbe probe;
+    Qt::TextFormat format = Qt::AutoText;
+    QString text;
+    probe.next([&](QWidget* window) {
+        auto* box = qobject_cast<QMessageBox*>(window);
+        format = box->textFormat();
+        text = box->text();
+        box->accept();
+    });
+    button("btnDelete")->click();
+    QVERIFY(probe.isDone());
+    QCOMPARE(format, Qt::PlainText);
+    QCOMPARE(text, QStringLiteral("Cannot delete <b>%1</b> & more, it is being opened!"));
+}
+
+void tst_OvProjectManageDlg::oddNamesAreListedAndOpened()
+{
+    const QStringList names = oddNames();
+    for (const QString& name : names)
+        QVERIFY(ShellSession::addProject(name, m_folder, name).isValid());
+    open(OvProjectManageDlg::OpenProject);
+    QCOMPARE(shownNames().mid(3), names);
+    QVERIFY(!m_dialog->grab().isNull());
+    for (int i = 0; i < names.size(); ++i) {
+        open(OvProjectManageDlg::OpenProject);
+        choose(3 + i);
+        QCOMPARE(description()->toPlainText(), names.at(i));
+        button("btnOk")->click();
+        QCOMPARE(m_dialog->projectDefine().name, names.at(i));
+    }
+}
+
+void tst_OvProjectManageDlg::oddNamesAreEditedAndDeleted()
+{
+    const QStringList names = oddNames();
+    for (const QString& name : names)
+        QVERIFY(ShellSession::addProject(name, m_folder).isValid());
+    open(OvProjectManageDlg::ManageProjects);
+    for (int i = 0; i < names.size(); ++i) {
+        choose(3 + i);
+        description()->setPlainText(names.at(i));
+        button("btnUpdate")->click();
+        QCOMPARE(OvProjectDefineNode().projectByName(names.at(i)).description, names.at(i));
+    }
+    for (int i = 0; i < names.size(); ++i) {
+        open(OvProjectManageDlg::ManageProjects);
+        choose(3);
+        button("btnDelete")->click();
+        button("btnOk")->click();
+        QCOMPARE(ShellSession::projectNames().mid(3), names.mid(i + 1));
+    }
+}
+
+void tst_OvProjectManageDlg::allOfManyAreDeletedAtOnce()
+{
+    for (int i = 0; i < 60; ++i)
+        QVERIFY(ShellSession::addProject(QString::number(i), m_folder).isValid());
+    open(OvProjectManageDlg::ManageProjects);
+    choose(0);
+    QTest::keyClick(list(), Qt::Key_A, Qt::ControlModifier);
+    button("btnDelete")->click();
+    QCOMPARE(shownNames(), QStringList());
+    QCOMPARE(ShellSession::projectNames().size(), 63);
+    button("btnOk")->click();
+    QCOMPARE(ShellSession::projectNames(), QStringList());
+}
+
+// What another program has deleted, and made anew under the same name, meanwhile.
+void tst_OvProjectManageDlg::projectsOfAnotherProgramAreLeftAlone()
+{
+    open(OvProjectManageDlg::ManageProjects);
+    choose(0);
+    OvProjectDefineNode node;
+    QVERIFY(node.removeProject(node.projectByName(QStringLiteral("A"))));
+    QVERIFY(node.removeProject(node.projectByName(QStringLiteral("B"))));
+    QVERIFY(
+        ShellSession::addProject(QStringLiteral("A"), m_folder, QStringLiteral("new")).isValid());
+    description()->setPlainText(QStringLiteral("edited"));
+    button("btnUpdate")->click();
+    QCOMPARE(node.projectByName(QStringLiteral("A")).description, QStringLiteral("new"));
+    choose(1);
+    QVERIFY(!m_dialog->projectDefine().isValid());
+    QVERIFY(dataPath()->text().isEmpty());
+    choose(2);
+    list()->selectionModel()->select(row(1), QItemSelectionModel::Select);
+    button("btnDelete")->click();
+    m_dialog->accept();
+    QCOMPARE(ShellSession::projectNames(), QStringList{QStringLiteral("A")});
 }
 
 void tst_OvProjectManageDlg::detailsStayAfterADeletion()

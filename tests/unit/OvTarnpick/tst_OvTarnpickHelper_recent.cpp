@@ -3,10 +3,12 @@
 #include "HelperWindow.h"
 #include "TestSession.h"
 #include "fixtures/ModalProbe.h"
+#include "fixtures/OddNames.h"
 #include "fixtures/WarningTrap.h"
 #include "ui_OvTarnpick.h"
 
 #include <QMenuBar>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -25,6 +27,8 @@ private slots:
     void keepsFiveNames();
     void dropsEmptyParts();
     void keepsNamesOfAnyScript();
+    void aBarInANameCorruptsNothing();
+    void oddNamesAreOpenedFromTheMenu();
     void openingWritesNothing();
     void invalidOrNamelessRecordChangesNothing();
     void closingClearsTheBillBoard();
@@ -160,6 +164,52 @@ void tst_OvTarnpickHelper_recent::keepsNamesOfAnyScript()
     m_session->visitProject(QStringLiteral("--"));
     QCOMPARE(stored().toString(), QStringLiteral("塔里木"));
     QCOMPARE(shown(), QStringList{QStringLiteral("塔里木")});
+}
+
+void tst_OvTarnpickHelper_recent::aBarInANameCorruptsNothing()
+{
+    // The parts of the name are projects, too, and none of them has been visited last.
+    addProjects({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
+    store(QStringLiteral("A|B|C"));
+    const QString name = QStringLiteral("B|D|A");
+    addProjects({QStringLiteral("D")});
+    m_session->visitProject(name);
+    QCOMPARE(shown(),
+             (QStringList{name, QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+    QCOMPARE(stored().toString(), QStringLiteral("B\x1f"
+                                                 "D\x1f"
+                                                 "A|A|B|C"));
+    m_session->visitProject(QStringLiteral("C"));
+    m_session->visitProject(name);
+    QCOMPARE(shown(),
+             (QStringList{name, QStringLiteral("C"), QStringLiteral("A"), QStringLiteral("B")}));
+    choose(name);
+    QCOMPARE(OvProjectManager::instance().define().name, name);
+    // Deleted, it leaves the others.
+    OvProjectManager::instance().closeProject();
+    QVERIFY(OvProjectDefineNode().removeProject(OvProjectDefineNode().projectByName(name)));
+    m_session->visitProject(QStringLiteral("D"));
+    QCOMPARE(stored().toString(), QStringLiteral("D|C|A|B"));
+}
+
+void tst_OvTarnpickHelper_recent::oddNamesAreOpenedFromTheMenu()
+{
+    const QStringList names = oddNames();
+    for (const QString& name : names) {
+        const OvProjectDefine define =
+            ShellSession::addProject(name, m_session->makeFolder(QStringLiteral("测线 7")));
+        QVERIFY(OvProjectManager::instance().openProject(define));
+        OvProjectManager::instance().closeProject();
+        QCOMPARE(shown().first(), name);
+        menu()->actions().first()->trigger();
+        QCOMPARE(OvProjectManager::instance().define().name, name);
+        OvProjectManager::instance().closeProject();
+    }
+    QCOMPARE(shown().size(), 5);
+    // However long a name is, the menu stays on the screen.
+    menu()->popup(QPoint(10, 10));
+    QVERIFY(menu()->width() <= QGuiApplication::primaryScreen()->size().width());
+    menu()->hide();
 }
 
 void tst_OvTarnpickHelper_recent::openingWritesNothing()
