@@ -1,5 +1,13 @@
 #include "OvBase/private/OvSession.h"
 
+void OvProjectList::noteOpened(int id, const QDateTime& time)
+{
+    for (OvProjectDefine& project : records) {
+        if (project.id == id)
+            project.openTime = time;
+    }
+}
+
 OvSession& OvSession::instance()
 {
     static OvSession session;

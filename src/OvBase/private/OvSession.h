@@ -12,6 +12,7 @@ struct OvProjectList
     QList<OvProjectDefine> records;
 
     void forget() { version = -1; }
+    void noteOpened(int id, const QDateTime& time);
 };
 
 /// What a login opens and a logout closes. GUI thread.

@@ -47,8 +47,8 @@ qint64 lookUpNs(const QStringList& wanted)
     return best;
 }
 
-/// Adds records behind the library's back, in one transaction.
-bool addMany(const QString& path, int count)
+/// Runs a statement behind the library's back.
+bool runElsewhere(const QString& path, const QString& sql)
 {
     bool done = false;
     {
@@ -56,14 +56,26 @@ bool addMany(const QString& path, int count)
             QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other"));
         other.setDatabaseName(path);
         QSqlQuery query(other.open() ? other : QSqlDatabase());
-        done = query.exec(
-            QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i "
-                           "< %1) INSERT INTO projects (name, user_id, data_path, description) "
-                           "SELECT 'many ' || i, 1, '', '' FROM n")
-                .arg(count));
+        done = query.exec(sql);
     }
     QSqlDatabase::removeDatabase(QStringLiteral("other"));
     return done;
+}
+
+bool addMany(const QString& path, int count)
+{
+    return runElsewhere(
+        path, QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE "
+                             "i < %1) INSERT INTO projects (name, user_id, data_path, description) "
+                             "SELECT 'many ' || i, 1, '', '' FROM n")
+                  .arg(count));
+}
+
+bool setTime(const QString& path, int id, const QString& text)
+{
+    return runElsewhere(
+        path,
+        QStringLiteral("UPDATE projects SET create_time = '%1' WHERE id = %2").arg(text).arg(id));
 }
 
 } // namespace
@@ -78,6 +90,7 @@ private slots:
 
     void everyFieldIsKept();
     void missingFieldsAreKept();
+    void timesInOtherLayoutsAreRead();
     void namesAreUnique();
     void namesAreComparedExactly();
     void oddNames_data();
@@ -141,6 +154,23 @@ void tst_OvProjectDefineNode::missingFieldsAreKept()
     QCOMPARE(found.dataPath, QString(QLatin1String("")));
     QVERIFY(!found.openTime.isValid());
     QVERIFY(!found.createTime.isValid());
+}
+
+// As written by hand or by another tool.
+void tst_OvProjectDefineNode::timesInOtherLayoutsAreRead()
+{
+    QVERIFY(addMany(m_fixture->path(), 5));
+    const QStringList texts{"2026-03-01T10:20:30.456Z", "2026-03-01T12:20:30.456+02:00",
+                            "2026-03-01T10:20:30Z", "2026-03-01T10:20:61.456Z", "yesterday"};
+    const QDateTime time(QDate(2026, 3, 1), QTime(10, 20, 30, 456), Qt::UTC);
+    const QList<QDateTime> expected{time, time, time.addMSecs(-456), {}, {}};
+    for (int i = 0; i < texts.size(); ++i)
+        QVERIFY(setTime(m_fixture->path(), i + 1, texts.at(i)));
+    const QList<OvProjectDefine> projects = OvProjectDefineNode().projects();
+    for (int i = 0; i < texts.size(); ++i) {
+        QCOMPARE(projects.at(i).createTime, expected.at(i));
+        QCOMPARE(projects.at(i).createTime.timeSpec(), Qt::LocalTime);
+    }
 }
 
 void tst_OvProjectDefineNode::namesAreUnique()
