@@ -201,6 +201,8 @@ OvGatherViewController::OvGatherViewController(const QSharedPointer<OvSegyDocume
     delegateJob()->setEnabled(false);
     delegateJob()->setTaskName(description());
     d->setProperties();
+    if (d->scale == OvFitDisplayDefine()) // the project's scale was never chosen
+        d->canvas->openFitted();
     d->updateBar();
     d->retranslate();
 }

@@ -254,6 +254,13 @@ QList<OvPlaneViewController*> OvMultiPlaneViewController::usedViewControllers() 
     return views;
 }
 
+bool OvMultiPlaneViewController::isShowingData() const
+{
+    return !d->panels.isEmpty() &&
+           std::all_of(d->panels.begin(), d->panels.end(),
+                       [](const OvMirrorPanel* panel) { return panel->isShowing(); });
+}
+
 QString OvMultiPlaneViewController::description() const
 {
     return tr("Parallel View");

@@ -21,6 +21,8 @@ public:
     void setUsedViewControllers(const QList<OvPlaneViewController*>& views);
     /// In the order shown.
     QList<OvPlaneViewController*> usedViewControllers() const;
+    /// Whether every linked view stands on the screen with the gather it shows; false without any.
+    bool isShowingData() const;
     QString description() const override;
     void handleKeyEvent(QKeyEvent* event) override;
 

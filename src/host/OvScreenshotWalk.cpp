@@ -4,7 +4,6 @@
 #include "OvBase/OvTaskManager.h"
 #include "OvGui/OvGatherViewController.h"
 #include "OvGui/OvMultiPlaneViewController.h"
-#include "OvGui/canvas/OvGatherCanvas.h"
 #include "host/OvHostSession.h"
 
 #include <QAbstractButton>
@@ -116,10 +115,7 @@ bool parallelViewShown()
     auto* view = window ? window->findChild<OvMultiPlaneViewController*>() : nullptr;
     if (!view || !view->isVisible() || openDialog())
         return false;
-    const auto mirrors = view->findChildren<OvGatherCanvas*>();
-    return !mirrors.isEmpty() &&
-           std::all_of(mirrors.begin(), mirrors.end(),
-                       [](OvGatherCanvas* mirror) { return mirror->isComplete(); });
+    return view->isShowingData();
 }
 
 bool pictureOfMain(const QString& folder, const QString& name)

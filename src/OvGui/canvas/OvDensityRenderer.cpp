@@ -100,14 +100,23 @@ void OvDensityRenderer::fill(int x, const Rows& rows)
         std::transform(sums.begin(), sums.end(), values.begin(), sums.begin(), std::plus<>());
     }
     m_lastWasDead = alive == 0;
+    if (m_lastWasDead) {
+        hatch(x, rows.first);
+        return;
+    }
     for (int y = 0; y < m_geometry.height; ++y) {
         const float sum = sums[static_cast<std::size_t>(y)];
-        auto* line = reinterpret_cast<QRgb*>(m_image.scanLine(y));
-        if (alive == 0)
-            line[x] = OvPaper::deadColor(x, y);
-        else if (!std::isnan(sum))
-            line[x] = m_colors.color(sum / static_cast<float>(alive));
+        if (!std::isnan(sum))
+            reinterpret_cast<QRgb*>(m_image.scanLine(y))[x] =
+                m_colors.color(sum / static_cast<float>(alive));
     }
+}
+
+void OvDensityRenderer::hatch(int x, int row)
+{
+    const OvTileGeometry::Lines lines = m_geometry.linesOf(m_gather.gather(), row);
+    for (int y = lines.first; y < lines.end; ++y)
+        reinterpret_cast<QRgb*>(m_image.scanLine(y))[x] = OvPaper::deadColor(x, y);
 }
 
 void OvDensityRenderer::copyColumn(int from, int to)

@@ -28,6 +28,7 @@ private:
     const std::vector<float>& column(int row);
     float amplitude(int row, double sample, double samplesPerPixel) const;
     void fill(int x, const Rows& rows);
+    void hatch(int x, int row);
     void copyColumn(int from, int to);
 
     const OvDrawnGather& m_gather;

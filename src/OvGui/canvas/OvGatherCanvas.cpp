@@ -229,6 +229,11 @@ void OvGatherCanvas::fit()
     emit scaleChosen();
 }
 
+void OvGatherCanvas::openFitted()
+{
+    d->changeView([this] { d->scene.state.open(); });
+}
+
 void OvGatherCanvas::zoomAt(const QPointF& widgetPoint, double traceFactor, double timeFactor)
 {
     const QPointF point = widgetPoint - d->scene.layout.data.topLeft();

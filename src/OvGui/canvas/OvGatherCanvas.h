@@ -49,6 +49,8 @@ public:
     void followView(const OvViewState& other);
     void setScale(double traceSpacing, double pixelsPerMs);
     void fit();
+    /// The scale for a view that nobody has chosen one for; see OvViewState::open().
+    void openFitted();
     void zoomAt(const QPointF& widgetPoint, double traceFactor, double timeFactor);
     /// Zooms about the middle.
     void zoomBy(double factor);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "OvGui/canvas/OvViewState.h"
+#include "OvSeismic/segy/OvGather.h"
 
 #include <QRectF>
 
+#include <algorithm>
 #include <cmath>
 
 /// Which piece of a gather a picture shows, in physical pixels.
@@ -29,6 +31,21 @@ struct OvTileGeometry
         geometry.pixelsPerMs = state.pixelsPerMs() * ratio;
         geometry.penWidth = ratio;
         return geometry;
+    }
+
+    struct Lines
+    {
+        int first;
+        int end; ///< one behind
+    };
+    /// The pixel rows in which a trace has samples.
+    Lines linesOf(const OvGather& gather, int row) const
+    {
+        const double start =
+            static_cast<double>(gather.headers[static_cast<std::size_t>(row)].delayMs);
+        const double last = start + (gather.sampleCount - 1) * gather.intervalMs;
+        return {static_cast<int>(std::clamp(std::floor(yOf(start)), 0.0, double(height))),
+                static_cast<int>(std::clamp(std::ceil(yOf(last)), 0.0, double(height)))};
     }
 
     double traceAt(double x) const { return left + x / spacing; }

@@ -10,6 +10,7 @@ namespace {
 constexpr double sideMargin = 0.5;           // traces
 constexpr double largestSpacing = 400.0;     // pixels a trace
 constexpr double largestSamplePixels = 60.0; // pixels a sample
+constexpr double readableSpacing = 4.0;      // pixels a trace; closer ones are drawn in part
 constexpr double smallestShare = 0.25;       // of the scale that shows everything
 
 bool isSame(double a, double b)
@@ -60,8 +61,7 @@ void OvViewState::setExtent(const OvGatherExtent& extent)
         m_left = minimumLeft();
         m_topMs = extent.startMs;
     }
-    if (m_fitted)
-        fit();
+    refit();
     clampScale();
     clampScroll();
 }
@@ -69,8 +69,7 @@ void OvViewState::setExtent(const OvGatherExtent& extent)
 void OvViewState::setViewSize(const QSizeF& size)
 {
     m_size = size.expandedTo(QSizeF(1.0, 1.0));
-    if (m_fitted)
-        fit();
+    refit();
     clampScale();
     clampScroll();
 }
@@ -88,6 +87,7 @@ double OvViewState::fitPixelsPerMs() const
 void OvViewState::fit()
 {
     m_fitted = true;
+    m_opening = false;
     if (m_extent.isEmpty())
         return;
     m_traceSpacing = fitSpacing();
@@ -96,9 +96,34 @@ void OvViewState::fit()
     m_topMs = m_extent.startMs;
 }
 
+void OvViewState::open()
+{
+    m_opening = true;
+    if (m_extent.isEmpty())
+        return;
+    m_fitted = fitSpacing() >= readableSpacing;
+    if (m_fitted) {
+        fit();
+        m_opening = true;
+        return;
+    }
+    m_traceSpacing = readableSpacing;
+    m_pixelsPerMs = fitPixelsPerMs();
+    m_left = minimumLeft();
+    m_topMs = m_extent.startMs;
+}
+
+void OvViewState::refit()
+{
+    if (m_opening)
+        open();
+    else if (m_fitted)
+        fit();
+}
+
 void OvViewState::setScale(double traceSpacing, double pixelsPerMs)
 {
-    m_fitted = false;
+    m_fitted = m_opening = false;
     m_traceSpacing = traceSpacing;
     m_pixelsPerMs = pixelsPerMs;
     clampScale();
@@ -111,7 +136,7 @@ void OvViewState::zoomAt(const QPointF& point, double traceFactor, double timeFa
         return;
     const double trace = traceAt(point.x());
     const double time = timeAt(point.y());
-    m_fitted = false;
+    m_fitted = m_opening = false;
     m_traceSpacing *= traceFactor;
     m_pixelsPerMs *= timeFactor;
     clampScale();
@@ -127,7 +152,7 @@ void OvViewState::zoomTo(const QRectF& rect)
         return;
     const double left = traceAt(area.left());
     const double top = timeAt(area.top());
-    m_fitted = false;
+    m_fitted = m_opening = false;
     m_traceSpacing *= m_size.width() / area.width();
     m_pixelsPerMs *= m_size.height() / area.height();
     clampScale();
@@ -141,6 +166,7 @@ void OvViewState::panBy(const QPointF& pixels)
 
 void OvViewState::scrollTo(double left, double topMs)
 {
+    m_opening = false;
     m_left = left;
     m_topMs = topMs;
     clampScroll();

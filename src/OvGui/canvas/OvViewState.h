@@ -44,6 +44,9 @@ public:
     /// A fitted view shows the whole gather and follows the size of its window.
     bool isFitted() const { return m_fitted; }
     void fit();
+    /// The scale of a view that nobody has chosen one for: fitted, but never narrower than traces
+    /// can be told apart. Follows window and gather until scale or scroll are set.
+    void open();
     /// Sets the scale and leaves the fitted state; the upper left corner stays.
     void setScale(double traceSpacing, double pixelsPerMs);
     /// Zooms by factors; what lies under point stays there.
@@ -76,6 +79,7 @@ public:
 private:
     double fitSpacing() const;
     double fitPixelsPerMs() const;
+    void refit();
     void clampScale();
     void clampScroll();
 
@@ -86,4 +90,5 @@ private:
     double m_left = -0.5;
     double m_topMs = 0.0;
     bool m_fitted = false;
+    bool m_opening = false;
 };

@@ -58,7 +58,8 @@ void OvWiggleRenderer::drawDead(int row)
     const double width = m_geometry.width;
     const auto begin = static_cast<int>(std::clamp(std::round(m_geometry.xOf(row)), 0.0, width));
     const auto end = static_cast<int>(std::clamp(std::round(m_geometry.xOf(row + 1)), 0.0, width));
-    for (int y = 0; y < m_geometry.height; ++y)
+    const OvTileGeometry::Lines lines = m_geometry.linesOf(m_gather.gather(), row);
+    for (int y = lines.first; y < lines.end; ++y)
         for (int x = begin; x < end; ++x)
             m_paper[static_cast<std::size_t>(y * m_geometry.width + x)] =
                 static_cast<quint8>(qRed(OvPaper::deadColor(x, y)));

@@ -104,6 +104,13 @@ void OvMirrorPanel::resizeEvent(QResizeEvent* event)
         m_refresh->start();
 }
 
+bool OvMirrorPanel::isShowing() const
+{
+    if (m_pane != nullptr)
+        return m_pane->isShowing() && m_canvas->isComplete();
+    return m_picture->pixmap() != nullptr && !m_refresh->isActive();
+}
+
 void OvMirrorPanel::retranslate()
 {
     if (m_pane != nullptr)

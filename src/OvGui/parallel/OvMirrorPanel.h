@@ -27,6 +27,8 @@ public:
     OvGatherViewController* gatherSource() const;
     /// Null for views that are mirrored as pictures.
     OvGatherCanvas* canvas() const { return m_canvas; }
+    /// Whether what the source shows stands complete on the screen.
+    bool isShowing() const;
     void retranslate();
 
 signals:

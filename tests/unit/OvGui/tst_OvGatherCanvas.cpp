@@ -189,6 +189,20 @@ private slots:
         QVERIFY(qAbs(m_canvas->viewState().topMs() - m_canvas->viewState().maximumTopMs()) < 1.0);
     }
 
+    void theHorizontalBarShowsWhereTheViewStands()
+    {
+        auto* bar = m_canvas->findChild<QScrollBar*>("horizontalBar");
+        m_canvas->setScale(4.0 * m_canvas->dataRect().width() / 60.0, 1.0);
+        m_canvas->panBy({1e6, 0.0});
+        QVERIFY(bar->isVisible());
+        QCOMPARE(bar->value(), bar->minimum());
+        // A handle is as long as the page is of the whole: a quarter.
+        const double whole = bar->maximum() - bar->minimum() + bar->pageStep();
+        QVERIFY2(qAbs(bar->pageStep() / whole - 0.25) < 0.01, qPrintable(QString::number(whole)));
+        m_canvas->panBy({-1e6, 0.0});
+        QCOMPARE(bar->value(), bar->maximum());
+    }
+
     void picksAreDrawnWhereTheyAre_data()
     {
         QTest::addColumn<int>("state");

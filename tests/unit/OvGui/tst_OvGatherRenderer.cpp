@@ -234,6 +234,25 @@ private slots:
         QVERIFY(hatched >= 2);
     }
 
+    void deadTracesEndWithTheirSamples_data() { deadTracesAreHatchedNotDrawn_data(); }
+
+    void deadTracesEndWithTheirSamples()
+    {
+        QFETCH(int, mode);
+        OvGather gather = Gathers::silent(traces, samples / 2, 1.0);
+        gather.headers[spikeRow].traceId = 2;
+        gather.headers[spikeRow].delayMs = 10.0F;
+        const QImage image = draw(gather, defineOf(static_cast<OvDisplayDefine::Mode>(mode)));
+        const auto isHatched = [&image](int y) {
+            return qGray(image.pixel(spikeRow * 20 + 10, y)) < 0xf0;
+        };
+        const int last = (10 + samples / 2 - 1) * 2;
+        QVERIFY(!isHatched(10 * 2 - 1));
+        QVERIFY(isHatched(10 * 2));
+        QVERIFY(isHatched(last - 1));
+        QVERIFY(!isHatched(last));
+    }
+
     void delaysMoveTraces()
     {
         OvGather gather = Gathers::spike(traces, samples, spikeRow, spikeSample, 5.0F);

@@ -220,6 +220,31 @@ private slots:
         QVERIFY(m_view->picture() != channelAxis);
     }
 
+    void aScaleThatNobodyChoseFitsTheWindow()
+    {
+        OvFitDisplayDefineNode().setDefine(OvFitDisplayDefine());
+        OvGatherViewController view(m_document);
+        view.setProperty("FitDisplayDefine", QVariant::fromValue(OvFitDisplayDefine()));
+        view.resize(700, 500);
+        view.show();
+        QTRY_VERIFY(view.isShowingData());
+        QVERIFY(Views::canvasOf(view)->viewState().isFitted());
+        QCOMPARE(qvariant_cast<OvFitDisplayDefine>(view.property("FitDisplayDefine")),
+                 OvFitDisplayDefine());
+    }
+
+    void aScaleThatWasChosenIsKept()
+    {
+        OvFitDisplayDefine chosen;
+        chosen.traceSpacing = 20.0;
+        OvGatherViewController view(m_document);
+        view.setProperty("FitDisplayDefine", QVariant::fromValue(chosen));
+        view.resize(700, 500);
+        view.show();
+        QTRY_VERIFY(view.isShowingData());
+        QCOMPARE(Views::canvasOf(view)->viewState().traceSpacing(), 20.0);
+    }
+
     void aZoomIsStoredOnTheViewAndReachesTheProject()
     {
         emit OvProjectManager::instance().activeWorkspace(m_view.get());

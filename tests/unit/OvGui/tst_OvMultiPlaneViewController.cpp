@@ -81,6 +81,16 @@ private slots:
         QTRY_VERIFY(panels().size() == 2 && isPainted());
     }
 
+    void saysWhetherItsPicturesAreThere()
+    {
+        QTRY_VERIFY(m_parallel->isShowingData());
+        m_first->setCurrentGather(3);
+        QVERIFY(!m_parallel->isShowingData());
+        QTRY_VERIFY(m_parallel->isShowingData());
+        m_parallel->setUsedViewControllers({});
+        QVERIFY(!m_parallel->isShowingData());
+    }
+
     void cleanup()
     {
         m_parallel.reset();

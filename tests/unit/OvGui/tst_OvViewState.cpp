@@ -59,6 +59,32 @@ private slots:
         QCOMPARE(state.pixelsPerMs(), 0.5);
     }
 
+    void anOpeningViewFitsWhereTracesCanBeToldApart()
+    {
+        OvViewState few = stateOf(49, 600.0);
+        few.open();
+        QVERIFY(few.isFitted());
+        QCOMPARE(few.traceSpacing(), 8.0);
+        OvViewState many = stateOf(999, 600.0);
+        many.open();
+        QVERIFY(!many.isFitted());
+        QCOMPARE(many.traceSpacing(), 4.0);
+        QCOMPARE(many.pixelsPerMs(), 0.5);
+        QCOMPARE(many.left(), -0.5);
+    }
+
+    void anOpeningViewFollowsItsWindowUntilItIsMoved()
+    {
+        OvViewState state = stateOf(999, 600.0);
+        state.open();
+        state.setViewSize({400.0, 600.0});
+        QCOMPARE(state.pixelsPerMs(), 1.0);
+        state.scrollTo(100.0, 0.0);
+        state.setViewSize({400.0, 300.0});
+        QCOMPARE(state.pixelsPerMs(), 1.0);
+        QCOMPARE(state.left(), 100.0);
+    }
+
     void zoomKeepsThePointUnderTheMouse_data()
     {
         QTest::addColumn<double>("traceFactor");
