@@ -66,7 +66,7 @@ void OvPickDlg::connectButtons()
 
 QString OvPickDlg::helpPage() const
 {
-    return QStringLiteral("w_cover.html");
+    return QStringLiteral("picking.html");
 }
 
 void OvPickDlg::changeEvent(QEvent* event)

@@ -66,7 +66,7 @@ OvSegyInfoDlg::~OvSegyInfoDlg() = default;
 
 QString OvSegyInfoDlg::helpPage() const
 {
-    return QStringLiteral("w_cover.html");
+    return QStringLiteral("segy.html");
 }
 
 QPlainTextEdit* OvSegyInfoDlg::makeTextView(const QString& objectName)

@@ -11,6 +11,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QListView>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -118,6 +119,27 @@ bool parallelViewShown()
     return view->isShowingData();
 }
 
+// The open dialog with its first project shown, if it lists any.
+bool pictureOfProjects(const QString& folder)
+{
+    QDialog* dialog = openDialog();
+    auto* list = dialog->findChild<QListView*>(QStringLiteral("projectList"));
+    if (!list)
+        return false;
+    list->setCurrentIndex(list->model()->index(0, 0));
+    const bool written = writePicture(dialog, folder, QStringLiteral("9-manage-projects"));
+    dialog->reject();
+    return written;
+}
+
+bool pictureOfNewProject(const QString& folder)
+{
+    QDialog* dialog = openDialog();
+    const bool written = writePicture(dialog, folder, QStringLiteral("8-new-project"));
+    dialog->reject();
+    return written;
+}
+
 bool pictureOfMain(const QString& folder, const QString& name)
 {
     return writePicture(OvHostSession::mainWindow(), folder, name);
@@ -148,6 +170,20 @@ void addParallelView(OvStepRunner* runner, const QString& folder)
                  [folder] { return pictureOfMain(folder, QStringLiteral("7-parallel-view")); }});
 }
 
+void addProjectDialogs(OvStepRunner* runner, const QString& folder)
+{
+    const auto isOpen = [] { return openDialog() != nullptr; };
+    const auto isClosed = [] { return openDialog() == nullptr; };
+    runner->add({QStringLiteral("New Project"), {}, [] { return trigger("action_New_Project"); }});
+    runner->add({QStringLiteral("new-project dialog"), isOpen,
+                 [folder] { return pictureOfNewProject(folder); }});
+    runner->add({QStringLiteral("Manage Project"), isClosed,
+                 [] { return trigger("action_Manage_Project"); }});
+    runner->add(
+        {QStringLiteral("project dialog"), isOpen, [folder] { return pictureOfProjects(folder); }});
+    runner->add({QStringLiteral("closed project dialog"), isClosed, {}});
+}
+
 } // namespace
 
 void OvScreenshotWalk::addLogin(OvStepRunner* runner, QWidget* loginWindow, const QString& folder)
@@ -176,4 +212,5 @@ void OvScreenshotWalk::addWork(OvStepRunner* runner, const QString& folder)
                  longWaitMs});
     addPicking(runner, folder);
     addParallelView(runner, folder);
+    addProjectDialogs(runner, folder);
 }

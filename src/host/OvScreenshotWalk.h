@@ -14,7 +14,8 @@ namespace OvScreenshotWalk {
 void addLogin(OvStepRunner* runner, QWidget* loginWindow, const QString& folder);
 /// The main window as it stands after login.
 void addEmptyWindow(OvStepRunner* runner, const QString& folder);
-/// Gather, automatic picking, picks, parallel view; needs a file that is being shown.
+/// Gather, automatic picking, picks, parallel view, project dialogs; needs a file that is being
+/// shown.
 void addWork(OvStepRunner* runner, const QString& folder);
 
 } // namespace OvScreenshotWalk

@@ -126,6 +126,11 @@ QList<OvPlaneViewController*> OvLinkWindowDlg::chosenViewControllers() const
     return views;
 }
 
+QString OvLinkWindowDlg::helpPage() const
+{
+    return QStringLiteral("parallel.html");
+}
+
 void OvLinkWindowDlg::on_selAllBtn_clicked()
 {
     OvLinkWindowDlgPrivate::moveAllRows(&d->available, &d->chosen);

@@ -23,6 +23,7 @@ public:
 
     /// The chosen views in the order in which to show them.
     QList<OvPlaneViewController*> chosenViewControllers() const;
+    QString helpPage() const override;
 
 private slots:
     void on_selAllBtn_clicked();

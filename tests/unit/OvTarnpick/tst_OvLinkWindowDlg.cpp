@@ -39,6 +39,7 @@ private slots:
     void acceptsNone();
     void cancelRejects();
     void retranslatesItsHeaders();
+    void leadsToItsPageOfTheManual();
 
 private:
     void make(const QString& available, const QString& linked);
@@ -344,6 +345,12 @@ void tst_OvLinkWindowDlg::retranslatesItsHeaders()
     QCOMPARE(available(), QStringLiteral("A"));
     QCoreApplication::removeTranslator(&chinese);
     QTRY_COMPARE(m_dialog->windowTitle(), QStringLiteral("Parallel View"));
+}
+
+void tst_OvLinkWindowDlg::leadsToItsPageOfTheManual()
+{
+    make(QStringLiteral("A"), {});
+    QCOMPARE(m_dialog->helpPage(), QStringLiteral("parallel.html"));
 }
 
 QTEST_MAIN(tst_OvLinkWindowDlg)

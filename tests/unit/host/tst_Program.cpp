@@ -62,8 +62,9 @@ void tst_Program::screenshotsShowEveryWindow()
     const Run run = tst_Program::run(
         {"--home", folder.filePath("home"), "--screenshots", folder.filePath("shots")});
     QVERIFY2(run.code == 0, qPrintable(run.errors));
-    for (const char* name : {"1-login", "2-main", "3-gather", "4-picking", "5-picks",
-                             "6-link-windows", "7-parallel-view"}) {
+    for (const char* name :
+         {"1-login", "2-main", "3-gather", "4-picking", "5-picks", "6-link-windows",
+          "7-parallel-view", "8-new-project", "9-manage-projects"}) {
         const QImage picture(folder.filePath(QString("shots/%1.png").arg(name)));
         QVERIFY2(picture.width() > 100 && picture.height() > 100, name);
     }
