@@ -20,7 +20,7 @@ namespace {
 constexpr int recentLimit = 5;
 constexpr QLatin1Char separator('|');
 constexpr QLatin1Char standIn('\x1f'); // nobody can type it
-constexpr QLatin1String recentKey("recentFileList");
+const QLatin1String recentKey("recentFileList");
 
 QStringList storedNames()
 {
