@@ -1,6 +1,7 @@
 #include "OvFirstBreakMenu.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMainWindow>
 
 namespace {
@@ -11,6 +12,17 @@ constexpr int exportOrder = 100;
 QAction* actionOf(const QMainWindow* window, const char* name)
 {
     return window->findChild<QAction*>(QLatin1String(name));
+}
+
+QIcon iconOf(const QString& name)
+{
+    const QString file = QStringLiteral(":/firstbreak/images/%1_%2.png");
+    QIcon icon;
+    icon.addFile(file.arg(name).arg(1), {}, QIcon::Normal);
+    icon.addFile(file.arg(name).arg(0), {}, QIcon::Disabled);
+    icon.addFile(file.arg(name).arg(2), {}, QIcon::Active);
+    icon.addFile(file.arg(name).arg(2), {}, QIcon::Normal, QIcon::On);
+    return icon;
 }
 
 QAction* exportActionOf(const QMainWindow* window)
@@ -28,14 +40,75 @@ OvFirstBreakMenu::OvFirstBreakMenu(QWidget* parent)
                        QKeySequence(QStringLiteral("Ctrl+P")));
     m_pick->setObjectName(QStringLiteral("actionAuto_Pick"));
     addSeparator();
+    makeEditActions();
+    addSeparator();
     setUsable(false);
     retranslate();
 }
 
 OvFirstBreakMenu::~OvFirstBreakMenu() = default;
 
+QAction* OvFirstBreakMenu::makeAction(const char* name, const QList<QKeySequence>& keys)
+{
+    QAction* action = addAction(QString());
+    action->setObjectName(QLatin1String(name));
+    action->setShortcuts(keys);
+    return action;
+}
+
+void OvFirstBreakMenu::makeEditActions()
+{
+    setToolTipsVisible(true);
+    m_edit = makeAction("actionEdit_Picks", {QKeySequence(Qt::CTRL + Qt::Key_E)});
+    m_edit->setCheckable(true);
+    m_edit->setIcon(iconOf(QStringLiteral("edit_picks")));
+    m_undo = makeAction("actionUndo_Pick_Edit", {QKeySequence(Qt::CTRL + Qt::Key_Z)});
+    m_undo->setIcon(iconOf(QStringLiteral("undo")));
+    m_redo = makeAction("actionRedo_Pick_Edit", {QKeySequence(Qt::CTRL + Qt::Key_Y),
+                                                 QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z)});
+    m_redo->setIcon(iconOf(QStringLiteral("redo")));
+    m_reject = makeAction("actionReject_Pick", {QKeySequence(Qt::CTRL + Qt::Key_R)});
+    m_classify = makeAction("actionClassify_Error_Picks", {QKeySequence(Qt::CTRL + Qt::Key_K)});
+    m_undo->setEnabled(false);
+    m_redo->setEnabled(false);
+    connect(m_reject, &QAction::triggered, this, &OvFirstBreakMenu::rejectRequested);
+    connect(m_classify, &QAction::triggered, this, &OvFirstBreakMenu::classifyRequested);
+}
+
+void OvFirstBreakMenu::relabel(QAction* action, const QString& text, const QString& toolTip)
+{
+    action->setText(text);
+    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+    // Reasons name files: never read as rich text.
+    action->setToolTip(QStringLiteral("<qt>%1 (%2)</qt>").arg(toolTip.toHtmlEscaped(), keys));
+}
+
+void OvFirstBreakMenu::retranslateEdit()
+{
+    relabel(m_edit, tr("&Edit Picks"),
+            m_obstacle.isEmpty()
+                ? tr("Set picks by click or drag, remove them with Shift, reject them with Ctrl")
+                : m_obstacle);
+    relabel(m_undo, tr("&Undo Pick Edit"), tr("Undo the last edit of picks"));
+    relabel(m_redo, tr("&Redo Pick Edit"), tr("Redo the edit of picks that was undone"));
+    relabel(m_reject, tr("Re&ject or Restore Pick"),
+            tr("Reject the pick of the marked trace, or restore a rejected one"));
+    relabel(m_classify, tr("&Classify Error Picks"),
+            tr("Reject the automatic picks of this gather that are probably wrong"));
+}
+
+void OvFirstBreakMenu::setEditObstacle(const QString& obstacle)
+{
+    m_obstacle = obstacle;
+    const bool possible = m_usable && obstacle.isEmpty();
+    for (QAction* action : {m_edit, m_reject, m_classify})
+        action->setEnabled(possible);
+    retranslateEdit();
+}
+
 void OvFirstBreakMenu::retranslate()
 {
+    retranslateEdit();
     setTitle(tr("First &Break"));
     m_pick->setText(tr("&Automatic Picking..."));
     if (m_headerExport)
@@ -47,6 +120,7 @@ void OvFirstBreakMenu::setUsable(bool usable)
 {
     m_usable = usable;
     m_pick->setEnabled(usable);
+    setEditObstacle(m_obstacle);
     if (m_export)
         m_export->setEnabled(usable);
 }

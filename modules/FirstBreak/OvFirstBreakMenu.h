@@ -24,10 +24,19 @@ public:
     void adoptWindowActions();
     /// Whether the active view shows something to pick and to export.
     void setUsable(bool usable);
+    /// Why the picks of the active view cannot be edited; empty when they can.
+    void setEditObstacle(const QString& obstacle);
+
+    /// For the tool bar. Checkable; toggled() is the user's wish or the state of the active view.
+    QAction* editAction() const { return m_edit; }
+    QAction* undoAction() const { return m_undo; }
+    QAction* redoAction() const { return m_redo; }
 
 signals:
     void pickRequested();
     void exportRequested();
+    void rejectRequested();
+    void classifyRequested();
 
 private:
     QMainWindow* windowToAdopt() const;
@@ -35,7 +44,18 @@ private:
     void adoptHeaderExport(QAction* action);
     void dropActions();
 
+    void makeEditActions();
+    QAction* makeAction(const char* name, const QList<QKeySequence>& keys);
+    void retranslateEdit();
+    void relabel(QAction* action, const QString& text, const QString& toolTip);
+
     QAction* m_pick = nullptr;
+    QAction* m_edit = nullptr;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
+    QAction* m_reject = nullptr;
+    QAction* m_classify = nullptr;
+    QString m_obstacle;
     QPointer<QAction> m_export;
     QPointer<QAction> m_headerExport;
     bool m_usable = false;

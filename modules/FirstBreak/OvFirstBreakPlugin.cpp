@@ -1,6 +1,7 @@
 #include "OvFirstBreakPlugin.h"
 
 #include "OvExportJob.h"
+#include "OvFirstBreakBar.h"
 #include "OvFirstBreakMenu.h"
 #include "OvPickDlg.h"
 #include "OvPickJob.h"
@@ -37,6 +38,7 @@ OvFirstBreakPlugin::OvFirstBreakPlugin()
 
 OvFirstBreakPlugin::~OvFirstBreakPlugin()
 {
+    delete m_bar.data();
     delete m_menu.data();
 }
 
@@ -49,24 +51,75 @@ QMenu* OvFirstBreakPlugin::menu()
 {
     if (!m_menu) {
         m_menu = new OvFirstBreakMenu;
-        connect(m_menu, &OvFirstBreakMenu::pickRequested, this, &OvFirstBreakPlugin::askForPicking);
-        connect(m_menu, &OvFirstBreakMenu::exportRequested, this,
-                &OvFirstBreakPlugin::askForExport);
+        connectMenu();
+        connectEditing();
         followWorkspace();
     }
     m_menu->adoptWindowActions();
     return m_menu;
 }
 
+void OvFirstBreakPlugin::connectMenu()
+{
+    connect(m_menu, &OvFirstBreakMenu::pickRequested, this, &OvFirstBreakPlugin::askForPicking);
+    connect(m_menu, &OvFirstBreakMenu::exportRequested, this, &OvFirstBreakPlugin::askForExport);
+    connect(m_menu, &QMenu::aboutToShow, this, &OvFirstBreakPlugin::followWorkspace);
+    connect(m_menu, &OvFirstBreakMenu::rejectRequested, this, [this] {
+        if (activeView())
+            activeView()->toggleRejectedPick();
+    });
+    connect(m_menu, &OvFirstBreakMenu::classifyRequested, this, [this] {
+        if (activeView())
+            activeView()->classifyFB();
+    });
+}
+
+void OvFirstBreakPlugin::connectEditing()
+{
+    connect(m_menu->editAction(), &QAction::triggered, this, &OvFirstBreakPlugin::setEditing);
+    connect(&m_undo, &QUndoGroup::canUndoChanged, m_menu->undoAction(), &QAction::setEnabled);
+    connect(&m_undo, &QUndoGroup::canRedoChanged, m_menu->redoAction(), &QAction::setEnabled);
+    connect(m_menu->undoAction(), &QAction::triggered, this, [this] {
+        if (activeView())
+            activeView()->undoPickEdit();
+    });
+    connect(m_menu->redoAction(), &QAction::triggered, this, [this] {
+        if (activeView())
+            activeView()->redoPickEdit();
+    });
+}
+
 QWidget* OvFirstBreakPlugin::toolBarWidget()
 {
-    return nullptr;
+    if (!m_bar) {
+        menu(); // has the actions
+        m_bar =
+            new OvFirstBreakBar(m_menu->editAction(), m_menu->undoAction(), m_menu->redoAction());
+        connect(m_bar, &OvFirstBreakBar::snapWindowChanged, this,
+                &OvFirstBreakPlugin::setSnapWindow);
+        connect(m_bar, &OvFirstBreakBar::resetRequested, this,
+                &OvFirstBreakPlugin::followWorkspace);
+    }
+    return m_bar;
+}
+
+void OvFirstBreakPlugin::setEditing(bool editing)
+{
+    m_editing = editing;
+    followWorkspace();
+}
+
+void OvFirstBreakPlugin::setSnapWindow(int windowMs)
+{
+    if (activeView())
+        activeView()->setSnapWindow(windowMs);
 }
 
 void OvFirstBreakPlugin::changeLanguage()
 {
     if (m_menu)
         m_menu->retranslate();
+    followWorkspace(); // an obstacle is told in the present language
     const QList<OvDocumentJob*> jobs = findChildren<OvDocumentJob*>();
     for (OvDocumentJob* job : jobs)
         job->retranslate();
@@ -79,8 +132,35 @@ OvGatherViewController* OvFirstBreakPlugin::activeView() const
 
 void OvFirstBreakPlugin::followWorkspace()
 {
+    OvGatherViewController* view = activeView();
+    const QString obstacle = view ? view->editObstacle() : QString();
+    if (m_menu) {
+        m_menu->setUsable(view);
+        m_menu->setEditObstacle(obstacle);
+    }
+    followView(view);
+    if (view && m_bar)
+        view->setSnapWindow(m_bar->snapWindow());
+    if (view && obstacle.isEmpty())
+        view->setEditing(m_editing);
     if (m_menu)
-        m_menu->setUsable(activeView());
+        m_menu->editAction()->setChecked(view && view->isEditing());
+}
+
+void OvFirstBreakPlugin::followView(OvGatherViewController* view)
+{
+    if (view == m_followed)
+        return;
+    if (m_followed)
+        disconnect(m_followed, &OvGatherViewController::editingChanged, this, nullptr);
+    m_followed = view;
+    QUndoStack* stack = view ? view->undoStack() : nullptr;
+    if (stack)
+        m_undo.addStack(stack);
+    m_undo.setActiveStack(stack);
+    if (view)
+        connect(view, &OvGatherViewController::editingChanged, this,
+                &OvFirstBreakPlugin::setEditing);
 }
 
 // Tells the user when a job of the kind runs on the document already; forgets those that have

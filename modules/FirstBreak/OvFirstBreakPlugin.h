@@ -5,8 +5,10 @@
 #include <QObject>
 #include <QPointer>
 #include <QSharedPointer>
+#include <QUndoGroup>
 
 class OvDocumentJob;
+class OvFirstBreakBar;
 class OvFirstBreakMenu;
 class OvGatherViewController;
 class OvPickDlg;
@@ -32,6 +34,11 @@ public:
 
 private:
     void followWorkspace();
+    void connectMenu();
+    void connectEditing();
+    void followView(OvGatherViewController* view);
+    void setEditing(bool editing);
+    void setSnapWindow(int windowMs);
     void askForPicking();
     void pick(const OvPickDlg* dialog, const QSharedPointer<OvSegyDocument>& document);
     void askForExport();
@@ -43,4 +50,8 @@ private:
     OvGatherViewController* activeView() const;
 
     QPointer<OvFirstBreakMenu> m_menu;
+    QPointer<OvFirstBreakBar> m_bar;
+    QPointer<OvGatherViewController> m_followed;
+    QUndoGroup m_undo; // of the active view
+    bool m_editing = false;
 };

@@ -4,11 +4,14 @@
 #include "OvBase/OvDisplayDefineNode.h"
 #include "OvBase/OvProjectManager.h"
 #include "OvGui/canvas/OvGatherCanvas.h"
+#include "OvGui/document/OvPickHistory.h"
 #include "OvGui/tools/OvPanTool.h"
+#include "OvGui/tools/OvPickTool.h"
 #include "OvGui/tools/OvReadoutTool.h"
 #include "OvGui/tools/OvZoomTool.h"
 #include "OvGui/view/OvGatherPane.h"
 #include "OvGui/view/OvPagingBar.h"
+#include "OvGui/view/OvPickDesk.h"
 #include "OvGui/view/OvPictureFile.h"
 
 #include <QDynamicPropertyChangeEvent>
@@ -39,6 +42,7 @@ struct OvGatherViewController::Private
     OvGatherCanvas* canvas;
     OvGatherPane* pane;
     OvPagingBar* bar;
+    OvPickDesk* desk;         // a child of the canvas
     OvFitDisplayDefine scale; // as applied
     QTimer shareScale;        // the project learns of a new scale when the wheel has come to rest
 
@@ -75,6 +79,9 @@ OvGatherViewController::Private::Private(OvGatherViewController* view,
     auto* readout = new OvReadoutTool(canvas);
     connect(readout, &OvReadoutTool::textChanged, bar, &OvPagingBar::setReadout);
     connect(readout, &OvReadoutTool::textChanged, q, &OvAbstractViewController::outputInfo);
+    desk = new OvPickDesk(pane, canvas);
+    connect(desk, &OvPickDesk::info, q, &OvAbstractViewController::outputInfo);
+    connect(desk, &OvPickDesk::editingChanged, q, &OvGatherViewController::editingChanged);
     shareScale.setSingleShot(true);
     shareScale.setInterval(shareScaleAfterMs);
     connect(&shareScale, &QTimer::timeout, q, [this] {
@@ -313,6 +320,9 @@ bool OvGatherViewController::Private::handleKey(int key, Qt::KeyboardModifiers m
     case Qt::Key_0:
         q->zoomToFit();
         return true;
+    case Qt::Key_E:
+        q->setEditing(!q->isEditing());
+        return true;
     default:
         return handlePageKey(key);
     }
@@ -320,7 +330,8 @@ bool OvGatherViewController::Private::handleKey(int key, Qt::KeyboardModifiers m
 
 void OvGatherViewController::handleKeyEvent(QKeyEvent* event)
 {
-    event->setAccepted(d->handleKey(event->key(), event->modifiers()));
+    event->setAccepted(d->desk->tool()->keyPress(event) ||
+                       d->handleKey(event->key(), event->modifiers()));
 }
 
 void OvGatherViewController::keyPressEvent(QKeyEvent* event)
@@ -362,18 +373,69 @@ void OvGatherViewController::zoomToFit()
     d->canvas->fit();
 }
 
+QString OvGatherViewController::editObstacle() const
+{
+    return d->desk->obstacle();
+}
+
+bool OvGatherViewController::isEditing() const
+{
+    return d->desk->isEditing();
+}
+
+QUndoStack* OvGatherViewController::undoStack() const
+{
+    return document() ? document()->pickHistory()->stack() : nullptr;
+}
+
+void OvGatherViewController::setEditing(bool editing)
+{
+    d->desk->setEditing(editing);
+}
+
+void OvGatherViewController::setSnapWindow(int windowMs)
+{
+    d->desk->tool()->setSnapWindow(windowMs);
+}
+
+void OvGatherViewController::undoPickEdit()
+{
+    d->desk->undo();
+}
+
+void OvGatherViewController::redoPickEdit()
+{
+    d->desk->redo();
+}
+
+void OvGatherViewController::toggleRejectedPick()
+{
+    d->desk->tool()->toggleRejected();
+}
+
+void OvGatherViewController::classifyFB()
+{
+    d->desk->classify();
+}
+
 void OvGatherViewController::Private::retranslate()
 {
     bar->retranslate();
     pane->retranslate();
-    canvas->setWhatsThis(
-        OvGatherViewController::tr("The wheel zooms at the mouse, with Ctrl the time only, with "
-                                   "Shift the traces only. Drag to "
-                                   "move; drag with the right button, or with Shift, to zoom to a "
-                                   "rectangle; double-click to see "
-                                   "the whole gather. Left and Right, Page Up and Page Down leaf "
-                                   "through the gathers, Up and Down "
-                                   "scroll, + - and 0 zoom."));
+    canvas->setWhatsThis(OvGatherViewController::tr(
+        "The wheel zooms at the mouse, with Ctrl the time only, with "
+        "Shift the traces only. Drag to "
+        "move; drag with the right button, or with Shift, to zoom to a "
+        "rectangle; double-click to see "
+        "the whole gather. Left and Right, Page Up and Page Down leaf "
+        "through the gathers, Up and Down "
+        "scroll, + - and 0 zoom. E turns the editing of picks on and "
+        "off: then click or drag "
+        "to set picks, with Shift or the right button to remove, with "
+        "Ctrl to reject them; Ctrl+Left "
+        "and Ctrl+Right choose a trace, Up and Down move its pick, Space "
+        "sets, Delete removes, R rejects "
+        "it."));
     q->delegateJob()->setTaskName(q->description());
 }
 

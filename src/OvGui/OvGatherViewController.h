@@ -3,6 +3,8 @@
 #include "OvGui/OvPlaneViewController.h"
 #include "OvGui/document/OvSegyDocument.h"
 
+class QUndoStack;
+
 /// The view of a SEG-Y file gather by gather, with its first breaks.
 ///
 /// A slider and keys page through the gathers; the mouse zooms, pans and reads time, trace and
@@ -34,12 +36,32 @@ public:
     /// Whether the gather last asked for is on the screen.
     bool isShowingData() const;
 
+    /// Why first breaks cannot be edited, for the user; empty when they can.
+    QString editObstacle() const;
+    /// Whether the mouse and the keys edit picks, see OvPickTool.
+    bool isEditing() const;
+    /// The edits by hand, for actions that follow them; null without a document.
+    QUndoStack* undoStack() const;
+
 public slots:
+    /// Says why when editing is not possible, and stays off.
+    void setEditing(bool editing);
+    /// Milliseconds within which a pick made by hand snaps to an arrival; 0 exactly where clicked.
+    void setSnapWindow(int windowMs);
+    /// Both go to the gather that they change.
+    void undoPickEdit();
+    void redoPickEdit();
+    /// Rejects the pick of the marked trace, or restores it as a manual one.
+    void toggleRejectedPick();
+    /// Rejects the automatic picks of this gather that are probably wrong, and says how many; can
+    /// be undone.
+    void classifyFB();
     void zoomIn();
     void zoomOut();
     void zoomToFit();
 
 signals:
+    void editingChanged(bool editing);
     /// The first time the current gather stands on the screen after a change of gather.
     void gatherShown(int gather);
 

@@ -40,6 +40,17 @@
     </message>
 </context>
 <context>
+    <name>OvFirstBreakBar</name>
+    <message>
+        <source>Snap</source>
+        <translation>捕捉</translation>
+    </message>
+    <message>
+        <source>A pick set by hand snaps to an arrival within this time of the click, in milliseconds; at 0 ms it stands exactly where you click</source>
+        <translation>手工拾取时，在点击位置前后此时间（毫秒）内捕捉到波至；为 0 ms 时拾取恰好位于点击处</translation>
+    </message>
+</context>
+<context>
     <name>OvFirstBreakMenu</name>
     <message>
         <source>First &amp;Break</source>
@@ -52,6 +63,46 @@
     <message>
         <source>Writing first breaks to trace headers is not available yet.</source>
         <translation>目前尚不能将初至写入道头。</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Picks</source>
+        <translation>编辑拾取(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Set picks by click or drag, remove them with Shift, reject them with Ctrl</source>
+        <translation>单击或拖动设置拾取，按住 Shift 删除，按住 Ctrl 剔除</translation>
+    </message>
+    <message>
+        <source>&amp;Undo Pick Edit</source>
+        <translation>撤销拾取编辑(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Undo the last edit of picks</source>
+        <translation>撤销上一次拾取编辑</translation>
+    </message>
+    <message>
+        <source>&amp;Redo Pick Edit</source>
+        <translation>重做拾取编辑(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Redo the edit of picks that was undone</source>
+        <translation>重做已撤销的拾取编辑</translation>
+    </message>
+    <message>
+        <source>Re&amp;ject or Restore Pick</source>
+        <translation>剔除或恢复拾取(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Reject the pick of the marked trace, or restore a rejected one</source>
+        <translation>剔除所标记道的拾取，或恢复已剔除的拾取</translation>
+    </message>
+    <message>
+        <source>&amp;Classify Error Picks</source>
+        <translation>判别错误初至(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Reject the automatic picks of this gather that are probably wrong</source>
+        <translation>剔除本道集中可能有误的自动拾取</translation>
     </message>
 </context>
 <context>

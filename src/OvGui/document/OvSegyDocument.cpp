@@ -3,6 +3,7 @@
 #include "OvGui/document/OvFirstBreakStore.h"
 #include "OvGui/document/OvGatherReader.h"
 #include "OvGui/document/OvIndexLoader.h"
+#include "OvGui/document/OvPickHistory.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -34,6 +35,7 @@ struct OvSegyDocument::Private
     std::unique_ptr<OvFirstBreakStore> store;
     std::unique_ptr<OvIndexLoader> loader;
     std::unique_ptr<OvGatherReader> reader;
+    std::unique_ptr<OvPickHistory> history;
 
     QSharedPointer<OvSegyDocument> self() const { return registry().value(key).toStrongRef(); }
     void start(OvSegyDocument* q);
@@ -45,6 +47,7 @@ void OvSegyDocument::Private::start(OvSegyDocument* q)
     store = std::make_unique<OvFirstBreakStore>(file->info());
     loader = std::make_unique<OvIndexLoader>(file);
     reader = std::make_unique<OvGatherReader>(file);
+    history = std::make_unique<OvPickHistory>(q);
     connectLoader(q);
     // Whoever hears a signal may give up the last reference to the document in it.
     QObject::connect(
@@ -193,4 +196,9 @@ OvStatus OvSegyDocument::setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>
     for (const auto& row : breaks)
         emit firstBreaksChanged(row.first);
     return status;
+}
+
+OvPickHistory* OvSegyDocument::pickHistory() const
+{
+    return d->history.get();
 }

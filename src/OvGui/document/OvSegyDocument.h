@@ -13,6 +13,8 @@
 
 #include <memory>
 
+class OvPickHistory;
+
 /// One SEG-Y file with its index and its first breaks, shared by the views and jobs that work on
 /// it.
 ///
@@ -63,6 +65,8 @@ public:
     OvStatus setFirstBreaks(int gather, const OvFirstBreaks& breaks);
     /// Several gathers in one transaction.
     OvStatus setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>& breaks);
+    /// The edits by hand; belongs to the document.
+    OvPickHistory* pickHistory() const;
 
 signals:
     /// The headers of the first gather are known: gatherCount() is 1.

@@ -36,6 +36,18 @@ QString OvReadoutTool::amplitudeAt(int row, double timeMs) const
                            4);
 }
 
+QString OvReadoutTool::pickOf(int row) const
+{
+    const OvFirstBreaks& breaks = canvas()->firstBreaks();
+    if (row >= breaks.size() || !breaks.hasPick(row))
+        return {};
+    const auto i = static_cast<std::size_t>(row);
+    const auto time = static_cast<double>(breaks.timesMs[i]);
+    const bool rejected = breaks.states[i] == OvPickState::Rejected;
+    return (rejected ? tr("First break %1 ms, rejected") : tr("First break %1 ms"))
+        .arg(time, 0, 'f', 1);
+}
+
 QString OvReadoutTool::textAt(const QPointF& widgetPoint) const
 {
     const int row = canvas()->rowAt(widgetPoint);
@@ -52,5 +64,8 @@ QString OvReadoutTool::textAt(const QPointF& widgetPoint) const
         parts.append(tr("Dead trace"));
     else if (!amplitude.isEmpty())
         parts.append(tr("Amplitude %1").arg(amplitude));
+    const QString pick = pickOf(row);
+    if (!pick.isEmpty())
+        parts.append(pick);
     return parts.join(QStringLiteral("   "));
 }

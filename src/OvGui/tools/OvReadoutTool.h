@@ -21,6 +21,7 @@ signals:
     void textChanged(const QString& text);
 
 private:
+    QString pickOf(int row) const;
     QString amplitudeAt(int row, double timeMs) const;
     void setText(const QString& text);
     QString m_text;

@@ -80,8 +80,8 @@
         <translation>图片已写入 %1。</translation>
     </message>
     <message>
-        <source>The wheel zooms at the mouse, with Ctrl the time only, with Shift the traces only. Drag to move; drag with the right button, or with Shift, to zoom to a rectangle; double-click to see the whole gather. Left and Right, Page Up and Page Down leaf through the gathers, Up and Down scroll, + - and 0 zoom.</source>
-        <translation>滚轮以鼠标位置为中心缩放，按住 Ctrl 只缩放时间，按住 Shift 只缩放道。拖动可移动；用右键拖动，或按住 Shift 拖动，可放大到矩形区域；双击显示整个道集。左右方向键及 Page Up、Page Down 翻阅道集，上下方向键滚动，+、- 和 0 缩放。</translation>
+        <source>The wheel zooms at the mouse, with Ctrl the time only, with Shift the traces only. Drag to move; drag with the right button, or with Shift, to zoom to a rectangle; double-click to see the whole gather. Left and Right, Page Up and Page Down leaf through the gathers, Up and Down scroll, + - and 0 zoom. E turns the editing of picks on and off: then click or drag to set picks, with Shift or the right button to remove, with Ctrl to reject them; Ctrl+Left and Ctrl+Right choose a trace, Up and Down move its pick, Space sets, Delete removes, R rejects it.</source>
+        <translation>滚轮以鼠标位置为中心缩放，按住 Ctrl 只缩放时间，按住 Shift 只缩放道。拖动可移动数据；用右键拖动，或按住 Shift 拖动，可放大到所选矩形；双击显示整个道集。左右方向键和 Page Up、Page Down 翻阅道集，上下方向键滚动，+、- 和 0 缩放。E 键开启或关闭拾取编辑：开启后单击或拖动设置拾取，按住 Shift 或用右键删除，按住 Ctrl 剔除；Ctrl+左、Ctrl+右选择道，上下方向键移动该道的拾取，空格键设置，Delete 键删除，R 键剔除。</translation>
     </message>
 </context>
 <context>
@@ -174,6 +174,52 @@
     </message>
 </context>
 <context>
+    <name>OvPickDesk</name>
+    <message>
+        <source>There is nothing to pick.</source>
+        <translation>没有可拾取的数据。</translation>
+    </message>
+    <message>
+        <source>Field record %1 has no picks to classify.</source>
+        <translation>野外文件号 %1 没有可判别的拾取。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 picks of field record %3 look wrong and are rejected.</source>
+        <translation>野外文件号 %3 的 %2 个拾取中有 %1 个可能有误，已剔除。</translation>
+    </message>
+    <message>
+        <source>The gather is not there yet.</source>
+        <translation>道集尚未就绪。</translation>
+    </message>
+    <message>
+        <source>Classify Error Picks</source>
+        <translation>判别错误初至</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickTool</name>
+    <message>
+        <source>Remove Picks</source>
+        <translation>删除拾取</translation>
+    </message>
+    <message>
+        <source>Restore Picks</source>
+        <translation>恢复拾取</translation>
+    </message>
+    <message>
+        <source>Reject Picks</source>
+        <translation>剔除拾取</translation>
+    </message>
+    <message>
+        <source>Set Picks</source>
+        <translation>设置拾取</translation>
+    </message>
+    <message>
+        <source>Move Pick</source>
+        <translation>移动拾取</translation>
+    </message>
+</context>
+<context>
     <name>OvPictureFile</name>
     <message>
         <source>The picture could not be written to %1: %2. Choose another folder or free some space.</source>
@@ -217,6 +263,14 @@
     <message>
         <source>Amplitude %1</source>
         <translation>振幅 %1</translation>
+    </message>
+    <message>
+        <source>First break %1 ms, rejected</source>
+        <translation>初至 %1 ms，已剔除</translation>
+    </message>
+    <message>
+        <source>First break %1 ms</source>
+        <translation>初至 %1 ms</translation>
     </message>
 </context>
 <context>

@@ -77,9 +77,14 @@ void OvGatherPane::setCurrentGather(int gather)
     emit showingChanged();
 }
 
+bool OvGatherPane::isOnCanvas() const
+{
+    return m_onCanvas == m_current && m_canvas->gather();
+}
+
 bool OvGatherPane::isShowing() const
 {
-    return m_painted && m_onCanvas == m_current && m_canvas->gather();
+    return m_painted && isOnCanvas();
 }
 
 void OvGatherPane::load()

@@ -24,6 +24,8 @@ public:
     qint32 fieldRecord() const;
     /// Bounded to the gathers there are.
     void setCurrentGather(int gather);
+    /// Whether the canvas has the current gather, painted or not.
+    bool isOnCanvas() const;
     /// Whether the current gather stands on the screen.
     bool isShowing() const;
     void retranslate();

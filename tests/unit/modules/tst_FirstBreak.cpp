@@ -4,6 +4,7 @@
 
 #include "OvBase/OvTaskManager.h"
 #include "OvBase/OvTranslator.h"
+#include "OvGui/canvas/OvGatherCanvas.h"
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
 
 #include <QCheckBox>
@@ -12,6 +13,7 @@
 #include <QFileDialog>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QSpinBox>
 #include <QtTest>
 
@@ -25,6 +27,7 @@ constexpr qint64 longestCancelMs = 4000;
 #else
 constexpr qint64 longestCancelMs = 600;
 #endif
+constexpr int ownActions = 8; // of the menu, separators included
 
 } // namespace
 
@@ -56,10 +59,18 @@ private slots:
     void reportsAnExportThatFails();
     void leavesNothingOfACancelledExport();
     void reportsPicksThatCannotBeStored();
+    void theBarSetsTheSnapWindowAndKeepsIt();
+    void editsByHandThroughActionsAndBar();
+    void editingFollowsTheActiveView();
+    void whereNothingCanBeWrittenTheActionSaysWhy();
+    void aJobKeepsPicksMadeByHand();
+    void classifiesErrorPicks();
     void speaksChinese();
 
 private:
     bool openLine(int shots, int channels = 24, int samples = 500);
+    bool showView();
+    void clickOn(int row, double timeMs);
     QDialog* pickDialog() const
     {
         return m_session->window()->findChild<QDialog*>(QStringLiteral("OvPickDlg"));
@@ -176,8 +187,7 @@ void tst_FirstBreak::worksWithoutAWindowAndWithASecondOne()
     m_session.reset();
     QCOMPARE(m_module->menu(), m_menu);
     QVERIFY(PluginSession::action(m_menu, "actionAuto_Pick"));
-    QCOMPARE(m_menu->actions().size(), 2);
-    QVERIFY(!m_module->toolBarWidget());
+    QCOMPARE(m_menu->actions().size(), ownActions);
 }
 
 void tst_FirstBreak::isUsableWithAViewOnly()
@@ -513,6 +523,137 @@ void tst_FirstBreak::reportsPicksThatCannotBeStored()
     QCOMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Failed);
     QVERIFY(damaged.open(QIODevice::ReadOnly));
     QCOMPARE(damaged.readAll(), content);
+}
+
+void tst_FirstBreak::clickOn(int row, double timeMs)
+{
+    const auto* canvas = qobject_cast<OvGatherCanvas*>(m_session->lastView()->canvas());
+    QTest::mouseClick(m_session->lastView()->canvas(), Qt::LeftButton, {},
+                      canvas->pointOf(row, timeMs).toPoint());
+}
+
+bool tst_FirstBreak::showView()
+{
+    OvGatherViewController* view = m_session->lastView();
+    view->resize(800, 600);
+    view->show();
+    return QTest::qWaitFor(
+        [view] { return view->isShowingData() && view->document()->isIndexComplete(); });
+}
+
+void tst_FirstBreak::theBarSetsTheSnapWindowAndKeepsIt()
+{
+    QSettings().remove(QStringLiteral("Sensitivity"));
+    QWidget* bar = m_module->toolBarWidget();
+    QVERIFY(bar);
+    QCOMPARE(m_module->toolBarWidget(), bar);
+    auto* editor = bar->findChild<QSpinBox*>(QStringLiteral("sensitivity"));
+    QCOMPARE(editor->value(), 0);
+    QVERIFY(bar->sizeHint().height() <= 64);
+    QVERIFY(openLine(1));
+    QVERIFY(showView());
+    m_session->lastView()->setEditing(true);
+    const double onset = SegyWriter::firstBreakMs(100.0);
+    clickOn(10, onset - 10.0);
+    const float exact = document()->firstBreaks(0).timesMs[10];
+    QVERIFY(std::abs(exact - (onset - 10.0)) < 2.0);
+    editor->setValue(24);
+    clickOn(10, onset - 10.0);
+    const float snapped = document()->firstBreaks(0).timesMs[10];
+    QVERIFY2(std::abs(snapped - onset) < 5.0, qPrintable(QString::number(snapped)));
+    delete bar;
+    QCOMPARE(QSettings().value(QStringLiteral("Sensitivity")).toInt(), 24);
+    auto* next = m_module->toolBarWidget()->findChild<QSpinBox*>(QStringLiteral("sensitivity"));
+    QCOMPARE(next->value(), 24);
+    next->setValue(0);
+    m_session->lastView()->setEditing(false);
+}
+
+void tst_FirstBreak::editsByHandThroughActionsAndBar()
+{
+    QAction* edit = PluginSession::action(m_menu, "actionEdit_Picks");
+    QAction* undo = PluginSession::action(m_menu, "actionUndo_Pick_Edit");
+    QAction* redo = PluginSession::action(m_menu, "actionRedo_Pick_Edit");
+    QVERIFY(!edit->isEnabled() && !undo->isEnabled() && !redo->isEnabled());
+    QVERIFY(openLine(1));
+    QVERIFY(showView());
+    QVERIFY(edit->isEnabled());
+    edit->trigger();
+    QVERIFY(m_session->lastView()->isEditing());
+    clickOn(5, 90.0);
+    QVERIFY(document()->firstBreaks(0).hasPick(5));
+    QVERIFY(undo->isEnabled());
+    PluginSession::action(m_menu, "actionReject_Pick")->trigger();
+    QCOMPARE(document()->firstBreaks(0).states[5], OvPickState::Rejected);
+    undo->trigger();
+    undo->trigger();
+    QVERIFY(!document()->firstBreaks(0).hasPick(5));
+    QVERIFY(!undo->isEnabled() && redo->isEnabled());
+    redo->trigger();
+    QVERIFY(document()->firstBreaks(0).hasPick(5));
+    edit->trigger();
+    QVERIFY(!m_session->lastView()->isEditing());
+}
+
+void tst_FirstBreak::editingFollowsTheActiveView()
+{
+    QVERIFY(openLine(1));
+    QVERIFY(showView());
+    QPointer<OvGatherViewController> first = m_session->lastView();
+    QAction* edit = PluginSession::action(m_menu, "actionEdit_Picks");
+    first->setEditing(true); // as its key does
+    QVERIFY(edit->isChecked());
+    OvProjectManager::instance().addWorkspace(new OvGatherViewController(document()));
+    QVERIFY(m_session->lastView() != first && m_session->lastView()->isEditing());
+    edit->trigger();
+    QVERIFY(!m_session->lastView()->isEditing());
+    m_session->activate(first);
+    QVERIFY(!first->isEditing() && !edit->isChecked());
+}
+
+void tst_FirstBreak::whereNothingCanBeWrittenTheActionSaysWhy()
+{
+    const QString name = QStringLiteral("line.sgy.fb");
+    QVERIFY(SegyWriter::writeBytes(m_session->path(name), QByteArray(200, 'x')));
+    QVERIFY(openLine(1));
+    QAction* edit = PluginSession::action(m_menu, "actionEdit_Picks");
+    QVERIFY(!edit->isEnabled());
+    QVERIFY2(edit->toolTip().contains(name), qPrintable(edit->toolTip()));
+    m_log->takeAll();
+}
+
+void tst_FirstBreak::aJobKeepsPicksMadeByHand()
+{
+    QVERIFY(openLine(1));
+    QVERIFY(showView());
+    m_session->lastView()->setEditing(true);
+    clickOn(5, 300.0);
+    const float time = document()->firstBreaks(0).timesMs[5];
+    OvAbstractJob* job = startPicking();
+    QVERIFY(job);
+    QTRY_COMPARE(job->state(), OvAbstractJob::Finished);
+    QCOMPARE(document()->firstBreaks(0).timesMs[5], time);
+    QVERIFY(document()->firstBreaks(0).pickedCount() > 20);
+    m_session->lastView()->setEditing(false);
+}
+
+void tst_FirstBreak::classifiesErrorPicks()
+{
+    QVERIFY(openLine(1));
+    QVERIFY(showView());
+    OvFirstBreaks breaks;
+    breaks.resize(24);
+    for (int row = 0; row < 24; ++row) {
+        const auto i = static_cast<std::size_t>(row);
+        breaks.timesMs[i] = 20.0F + 4.0F * static_cast<float>(row) + (row == 9 ? 60.0F : 0.0F);
+        breaks.states[i] = OvPickState::Automatic;
+        breaks.confidences[i] = 0.9F;
+    }
+    QVERIFY(document()->setFirstBreaks(0, breaks));
+    PluginSession::action(m_menu, "actionClassify_Error_Picks")->trigger();
+    for (std::size_t row = 0; row < 24; ++row)
+        QCOMPARE(document()->firstBreaks(0).states[row],
+                 row == 9 ? OvPickState::Rejected : OvPickState::Automatic);
 }
 
 void tst_FirstBreak::speaksChinese()

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "OvGui/OvGuiExport.h"
+#include "OvGui/document/OvTracePick.h"
+#include "OvSeismic/OvStatus.h"
+
+#include <QObject>
+#include <QUndoStack>
+
+class OvSegyDocument;
+
+/// The edits by hand of one document's first breaks, to be undone and redone. Every step is stored
+/// durably when it is made.
+///
+/// A step remembers only the traces that it changed, so that undoing it leaves alone what a job has
+/// picked elsewhere since. Lives in the document; GUI thread.
+class OVGUI_EXPORT OvPickHistory : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit OvPickHistory(OvSegyDocument* document);
+    ~OvPickHistory() override;
+
+    /// Stores picks of a gather as one step. Nothing happens when all are as they were. text names
+    /// the step.
+    OvStatus edit(int gather, const QVector<OvTracePick>& picks, const QString& text);
+    /// *gather receives the gather that was changed, -1 when there was nothing to undo. After a
+    /// failure the picks are as they were.
+    OvStatus undo(int* gather);
+    OvStatus redo(int* gather);
+    /// For actions that follow it; step back and forth with undo() and redo() above.
+    QUndoStack* stack() { return &m_stack; }
+
+private:
+    class Step;
+    OvStatus store(int gather, const QVector<OvTracePick>& picks);
+    template <typename Move>
+    OvStatus move(bool possible, Move how, int* gather);
+
+    OvSegyDocument* m_document;
+    QUndoStack m_stack;
+    int m_gather = -1; // that was stored last
+    OvStatus m_outcome;
+};

@@ -1,0 +1,111 @@
+#include "OvGui/view/OvPickDesk.h"
+
+#include "OvGui/canvas/OvGatherCanvas.h"
+#include "OvGui/document/OvPickHistory.h"
+#include "OvGui/tools/OvPickTool.h"
+#include "OvGui/view/OvGatherPane.h"
+#include "OvSeismic/picking/OvErrorPicks.h"
+
+OvPickDesk::OvPickDesk(OvGatherPane* pane, OvGatherCanvas* canvas)
+    : QObject(canvas)
+    , m_pane(pane)
+    , m_canvas(canvas)
+    , m_tool(new OvPickTool(canvas))
+{
+    connect(m_tool, &OvPickTool::edited, this, &OvPickDesk::store);
+}
+
+QString OvPickDesk::obstacle() const
+{
+    if (!m_pane->document())
+        return tr("There is nothing to pick.");
+    const OvStatus status = m_pane->document()->firstBreakStatus();
+    return status ? QString() : status.message();
+}
+
+bool OvPickDesk::isEditing() const
+{
+    return m_tool->isActive();
+}
+
+void OvPickDesk::setEditing(bool editing)
+{
+    const QString reason = editing ? obstacle() : QString();
+    if (!reason.isEmpty())
+        emit info(reason);
+    const bool possible = editing && reason.isEmpty();
+    if (possible == m_tool->isActive())
+        return;
+    m_tool->setActive(possible);
+    emit editingChanged(possible);
+}
+
+void OvPickDesk::store(const QVector<OvTracePick>& picks, const QString& text)
+{
+    // Whoever hears of the change may close the view.
+    const auto document = m_pane->document();
+    if (!document || !m_pane->isOnCanvas())
+        return;
+    const OvStatus status = document->pickHistory()->edit(m_pane->currentGather(), picks, text);
+    if (!status)
+        emit info(status.message());
+}
+
+void OvPickDesk::showOutcome(const OvStatus& status, int gather)
+{
+    if (!status)
+        emit info(status.message());
+    else if (gather >= 0)
+        m_pane->setCurrentGather(gather);
+}
+
+void OvPickDesk::undo()
+{
+    const auto document = m_pane->document();
+    if (!document)
+        return;
+    int gather = -1;
+    const OvStatus status = document->pickHistory()->undo(&gather);
+    showOutcome(status, gather);
+}
+
+void OvPickDesk::redo()
+{
+    const auto document = m_pane->document();
+    if (!document)
+        return;
+    int gather = -1;
+    const OvStatus status = document->pickHistory()->redo(&gather);
+    showOutcome(status, gather);
+}
+
+QString OvPickDesk::summary(int wrong, int picked) const
+{
+    const QString record = QString::number(m_pane->fieldRecord());
+    if (picked == 0)
+        return tr("Field record %1 has no picks to classify.").arg(record);
+    return tr("%1 of %2 picks of field record %3 look wrong and are rejected.")
+        .arg(wrong)
+        .arg(picked)
+        .arg(record);
+}
+
+void OvPickDesk::classify()
+{
+    const QString reason = obstacle();
+    if (!reason.isEmpty() || !m_pane->isOnCanvas()) {
+        emit info(reason.isEmpty() ? tr("The gather is not there yet.") : reason);
+        return;
+    }
+    const OvFirstBreaks breaks = m_canvas->firstBreaks();
+    QVector<OvTracePick> picks;
+    for (const int row : OvErrorPicks::find(*m_canvas->gather(), breaks)) {
+        OvTracePick pick = OvTracePick::of(breaks, row);
+        pick.state = OvPickState::Rejected;
+        picks.append(pick);
+    }
+    const auto document = m_pane->document();
+    const OvStatus status =
+        document->pickHistory()->edit(m_pane->currentGather(), picks, tr("Classify Error Picks"));
+    emit info(status ? summary(picks.size(), breaks.pickedCount()) : status.message());
+}
