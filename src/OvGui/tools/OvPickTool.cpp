@@ -120,6 +120,8 @@ bool OvPickTool::mouseRelease(QMouseEvent* event)
     setCursorRow(row);
     if (!picks.isEmpty())
         emit edited(picks, text);
+    if (m_active) // whoever stores may have closed the editing
+        hover(event->localPos());
     return true;
 }
 
