@@ -1,13 +1,13 @@
 #include "OvTarnpick/utility/OvConsole.h"
 
 #include "OvBase/OvBaseUtil.h"
+#include "OvTarnpick/utility/OvLogPace.h"
 
 #include "ui_OvConsole.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QPointer>
-#include <QRegExp>
 #include <QTextFrame>
 #include <QTextTable>
 
@@ -32,8 +32,10 @@ OvConsole* theConsole = nullptr;
 void handleMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
 {
     const QByteArray bytes = text.toLatin1();
-    QMetaObject::invokeMethod(&OvConsole::instance(), "qOutput", Qt::DirectConnection,
-                              Q_ARG(QtMsgType, type), Q_ARG(const char*, bytes.constData()));
+    OvConsole& console = OvConsole::instance();
+    QMetaObject::invokeMethod(&console, "qOutput", Qt::DirectConnection, Q_ARG(QtMsgType, type),
+                              Q_ARG(const char*, bytes.constData()));
+    OvLogPace::keep(&console);
 }
 
 void insertCell(QTextTable* table, int row, int column, Qt::Alignment alignment,
@@ -61,6 +63,8 @@ void OvConsolePrivate::createTextArea()
     QObject::connect(q, &OvConsole::output, textArea, &QTextEdit::append);
     textArea->setFont(QFont(QStringLiteral("simsun"), 9));
     textArea->setReadOnly(true);
+    // Nobody can undo in it, and remembering each line takes time and memory.
+    textArea->setUndoRedoEnabled(false);
 }
 
 void OvConsolePrivate::insertPairs(QTextTable* table, const QStringList& infos)
@@ -107,7 +111,7 @@ void OvConsole::qOutput(QtMsgType type, const char* msg)
     line += QString::fromUtf8(msg);
     // One or two characters keep their line breaks.
     if (line.size() > 2)
-        line.remove(QRegExp(QStringLiteral("[\n\r]")));
+        line.remove(QLatin1Char('\n')).remove(QLatin1Char('\r'));
     emit output(line);
 }
 
