@@ -83,6 +83,15 @@ void OvDocumentJob::launch()
     connect(m_document.data(), &OvSegyDocument::indexFailed, this, &OvDocumentJob::failBeforeWork);
 }
 
+void OvDocumentJob::retranslate()
+{
+    setTaskName(title());
+    if (state() == Finished)
+        setMessage(summary());
+    else if (state() == Cancelled)
+        setMessage(cancelledMessage());
+}
+
 void OvDocumentJob::begin()
 {
     if (m_begun || !isRunning())
@@ -115,7 +124,7 @@ void OvDocumentJob::stop()
 {
     m_shared->cancel = true;
     if (!m_begun)
-        finish(Cancelled, tr("Cancelled"));
+        finish(Cancelled, cancelledMessage());
 }
 
 void OvDocumentJob::fail(const QString& message)
@@ -164,7 +173,12 @@ void OvDocumentJob::conclude(const OvStatus& outcome)
     if (!m_failure.isEmpty())
         finish(Failed, m_failure);
     else if (isCancelRequested())
-        finish(Cancelled, tr("Cancelled. %1").arg(summary()));
+        finish(Cancelled, cancelledMessage());
     else
         finish(Finished, summary());
+}
+
+QString OvDocumentJob::cancelledMessage() const
+{
+    return m_begun ? tr("Cancelled. %1").arg(summary()) : tr("Cancelled");
 }

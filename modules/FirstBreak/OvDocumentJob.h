@@ -28,8 +28,9 @@ public:
     QSharedPointer<OvSegyDocument> document() const { return m_document; }
     /// Starts the job and enters it in the task list.
     void launch();
-    /// Sets the name in the task list anew, in the present language.
-    virtual void retranslate() = 0;
+    /// Sets the name in the task list, and the last message of a job that has ended, anew in the
+    /// present language. Why a job failed stays as it was said.
+    void retranslate();
 
 protected:
     /// What the worker and the job share: nothing else of a job is touched by both.
@@ -59,6 +60,8 @@ protected:
     virtual Work makeWork() = 0;
     /// Takes over a part of what the worker has delivered. False when nothing is left.
     virtual bool takeResults() { return false; }
+    /// The name in the task list.
+    virtual QString title() const = 0;
     /// The last message of a job that ended well or was cancelled.
     virtual QString summary() const = 0;
 
@@ -73,6 +76,7 @@ private:
     void poll();
     void showProgress();
     void conclude(const OvStatus& outcome);
+    QString cancelledMessage() const;
     static OvStatus guarded(const Work& work);
 
     QSharedPointer<OvSegyDocument> m_document;

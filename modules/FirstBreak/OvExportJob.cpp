@@ -29,9 +29,9 @@ OvExportJob::OvExportJob(const QSharedPointer<OvSegyDocument>& document, const Q
 
 OvExportJob::~OvExportJob() = default;
 
-void OvExportJob::retranslate()
+QString OvExportJob::title() const
 {
-    setTaskName(tr("Exporting first breaks to %1").arg(QFileInfo(m_outPath).fileName()));
+    return tr("Exporting first breaks to %1").arg(QFileInfo(m_outPath).fileName());
 }
 
 OvDocumentJob::Work OvExportJob::makeWork()

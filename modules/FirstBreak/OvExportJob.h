@@ -12,10 +12,9 @@ public:
                 QObject* parent);
     ~OvExportJob() override;
 
-    void retranslate() override;
-
 protected:
     Work makeWork() override;
+    QString title() const override;
     QString summary() const override;
 
 private:

@@ -38,9 +38,9 @@ OvPickJob::OvPickJob(const QSharedPointer<OvSegyDocument>& document, const Optio
 
 OvPickJob::~OvPickJob() = default;
 
-void OvPickJob::retranslate()
+QString OvPickJob::title() const
 {
-    setTaskName(tr("Picking %1").arg(QFileInfo(document()->segyPath()).fileName()));
+    return tr("Picking %1").arg(QFileInfo(document()->segyPath()).fileName());
 }
 
 OvDocumentJob::Work OvPickJob::makeWork()

@@ -24,7 +24,6 @@ public:
               QObject* parent);
     ~OvPickJob() override;
 
-    void retranslate() override;
     /// New picks over old ones: a manual pick stays when keepManualPicks says so.
     static OvFirstBreaks merged(OvFirstBreaks present, const OvPickResult& result,
                                 bool keepManualPicks);
@@ -32,6 +31,7 @@ public:
 protected:
     Work makeWork() override;
     bool takeResults() override;
+    QString title() const override;
     QString summary() const override;
 
 private:

@@ -44,15 +44,15 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>Warning: </source>
-        <translation>警告: </translation>
+        <translation>警告：</translation>
     </message>
     <message>
         <source>Critical: </source>
-        <translation>严重: </translation>
+        <translation>严重错误：</translation>
     </message>
     <message>
         <source>Fatal: </source>
-        <translation>致命: </translation>
+        <translation>致命错误：</translation>
     </message>
 </context>
 <context>
@@ -194,7 +194,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>(Pos./Neg.)</source>
-        <translation>(正/负)</translation>
+        <translation>（正/负）</translation>
     </message>
     <message>
         <source>Processing Length</source>
@@ -242,7 +242,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>Shot Incresement</source>
-        <translation>炮增量</translation>
+        <translation>炮间隔</translation>
     </message>
     <message>
         <source>Default</source>
@@ -277,7 +277,7 @@ p, li { white-space: pre-wrap; }
     </message>
     <message>
         <source>Description: </source>
-        <translation>描述： </translation>
+        <translation>描述：</translation>
     </message>
     <message>
         <source>OK</source>

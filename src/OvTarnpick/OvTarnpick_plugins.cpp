@@ -9,6 +9,9 @@
 #include "OvPlugins/OvModuleFactory.h"
 #include "OvPlugins/OvModulePlugin.h"
 
+#include <QAbstractButton>
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
@@ -23,6 +26,26 @@ void resetWidget(QWidget* widget)
     // Having "reset" is the widget's choice; asking for a missing one would log a warning.
     if (widget && widget->metaObject()->indexOfMethod("reset()") >= 0)
         QMetaObject::invokeMethod(widget, "reset", Qt::AutoConnection);
+}
+
+// The toolkit names the title buttons of a dock for screen readers once, when it makes them.
+void retranslateDockButtons(const QWidget* window)
+{
+    static const struct
+    {
+        const char *button, *name, *description;
+    } texts[] = {
+        {"qt_dockwidget_floatbutton", "Float", "Undocks and re-attaches the dock widget"},
+        {"qt_dockwidget_closebutton", "Close", "Closes the dock widget"},
+    };
+    for (const auto& text : texts) {
+        const auto buttons = window->findChildren<QAbstractButton*>(QLatin1String(text.button));
+        for (QAbstractButton* button : buttons) {
+            button->setAccessibleName(QCoreApplication::translate("QDockWidget", text.name));
+            button->setAccessibleDescription(
+                QCoreApplication::translate("QDockWidget", text.description));
+        }
+    }
 }
 
 } // namespace
@@ -61,6 +84,7 @@ void OvTarnpickPrivate::retranslate()
     for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins())
         plugin->changeLanguage();
     refreshPlugins();
+    retranslateDockButtons(q);
 }
 
 void OvTarnpickPrivate::initExtension()

@@ -128,7 +128,7 @@
     </message>
     <message>
         <source>The display settings could not be stored with the project.</source>
-        <translation>无法将显示设置保存到工程中。</translation>
+        <translation>无法将显示设置保存到项目中。</translation>
     </message>
 </context>
 <context>
@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Text Header</source>
-        <translation>文本头</translation>
+        <translation>文本卷头</translation>
     </message>
     <message>
         <source>Nothing to remark.</source>
@@ -151,7 +151,7 @@
     </message>
     <message>
         <source>Remarks (%1)</source>
-        <translation>说明 (%1)</translation>
+        <translation>说明（%1）</translation>
     </message>
     <message>
         <source>File:</source>
@@ -167,7 +167,7 @@
     </message>
     <message>
         <source>Revision:</source>
-        <translation>版本：</translation>
+        <translation>修订版本：</translation>
     </message>
     <message>
         <source>Byte order:</source>
@@ -183,7 +183,7 @@
     </message>
     <message>
         <source>Text header:</source>
-        <translation>文本头：</translation>
+        <translation>文本卷头：</translation>
     </message>
     <message>
         <source>EBCDIC</source>
@@ -195,7 +195,7 @@
     </message>
     <message>
         <source>Extended text headers:</source>
-        <translation>扩展文本头：</translation>
+        <translation>扩展文本卷头：</translation>
     </message>
     <message>
         <source>Data format:</source>
@@ -219,7 +219,7 @@
     </message>
     <message>
         <source>Trace length:</source>
-        <translation>道长度：</translation>
+        <translation>记录长度：</translation>
     </message>
     <message>
         <source>%1 ms</source>

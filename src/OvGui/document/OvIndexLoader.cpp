@@ -35,6 +35,7 @@ void OvIndexLoader::start()
         return;
     m_running = true;
     m_percent = 0;
+    m_cancelled = false;
     m_message.clear();
     m_cancel = std::make_shared<std::atomic<bool>>(false);
     makeJob();
@@ -53,7 +54,7 @@ void OvIndexLoader::makeJob()
 {
     delete m_job;
     m_job = new OvAbstractJob(this);
-    m_job->setTaskName(tr("Indexing %1").arg(QFileInfo(m_file->info().path).fileName()));
+    retranslate();
     m_job->setCancellable(true);
     connect(m_job, &OvAbstractJob::cancelRequested, this, [this] { m_cancel->store(true); });
     OvTaskManager::instance().addTask(m_job);
@@ -101,25 +102,38 @@ void OvIndexLoader::takeAll(const OvStatus& status, const std::shared_ptr<OvSegy
         m_index = index;
         m_percent = 100;
     } else {
-        m_message = cancelled
-                        ? tr("Reading the headers of %1 was cancelled; only the first gather is "
-                             "shown. Read the headers to see all gathers.")
-                              .arg(QFileInfo(m_file->info().path).fileName())
-                        : status.message();
+        m_cancelled = cancelled;
+        m_message = status.message();
     }
-    finishJob(cancelled);
+    finishJob();
     if (m_complete)
         emit completed();
     else
-        emit failed(m_message);
+        emit failed(message());
 }
 
-void OvIndexLoader::finishJob(bool cancelled)
+QString OvIndexLoader::cancelledMessage() const
+{
+    return tr("Reading the headers of %1 was cancelled; only the first gather is "
+              "shown. Read the headers to see all gathers.")
+        .arg(QFileInfo(m_file->info().path).fileName());
+}
+
+void OvIndexLoader::retranslate()
+{
+    if (!m_job)
+        return;
+    m_job->setTaskName(tr("Indexing %1").arg(QFileInfo(m_file->info().path).fileName()));
+    if (m_cancelled)
+        m_job->setMessage(cancelledMessage());
+}
+
+void OvIndexLoader::finishJob()
 {
     if (!m_job)
         return;
     if (!m_complete) {
-        m_job->finish(cancelled ? OvAbstractJob::Cancelled : OvAbstractJob::Failed, m_message);
+        m_job->finish(m_cancelled ? OvAbstractJob::Cancelled : OvAbstractJob::Failed, message());
         return;
     }
     m_job->finish(OvAbstractJob::Finished);

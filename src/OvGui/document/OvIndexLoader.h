@@ -28,8 +28,11 @@ public:
     bool isRunning() const { return m_running; }
     bool isComplete() const { return m_complete; }
     int percent() const { return m_percent; }
-    QString message() const { return m_message; }
+    /// Why there is no complete index.
+    QString message() const { return m_cancelled ? cancelledMessage() : m_message; }
     std::shared_ptr<const OvSegyIndex> index() const { return m_index; }
+    /// Names the job, and says why it ended, anew in the present language.
+    void retranslate();
 
 signals:
     void firstGatherReady();
@@ -43,7 +46,8 @@ private:
     void takeFirst(const OvStatus& status, const std::shared_ptr<OvSegyIndex>& index);
     void takeProgress(int percent);
     void takeAll(const OvStatus& status, const std::shared_ptr<OvSegyIndex>& index, bool cancelled);
-    void finishJob(bool cancelled);
+    void finishJob();
+    QString cancelledMessage() const;
 
     std::shared_ptr<const OvSegyFile> m_file;
     std::shared_ptr<const OvSegyIndex> m_index;
@@ -51,6 +55,7 @@ private:
     QPointer<OvAbstractJob> m_job;
     bool m_running = false;
     bool m_complete = false;
+    bool m_cancelled = false;
     int m_percent = 0;
     QString m_message;
     OvBackground m_reads;

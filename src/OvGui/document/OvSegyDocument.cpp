@@ -143,6 +143,11 @@ QString OvSegyDocument::indexMessage() const
     return d->loader->message();
 }
 
+void OvSegyDocument::retranslate()
+{
+    d->loader->retranslate();
+}
+
 void OvSegyDocument::readIndex()
 {
     d->loader->start();

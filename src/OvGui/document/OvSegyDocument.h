@@ -42,6 +42,8 @@ public:
     int indexPercent() const;
     /// Why the index is not complete although nobody reads it: a failure or a cancel; else empty.
     QString indexMessage() const;
+    /// The job that reads the headers speaks the present language from now on.
+    void retranslate();
     /// Reads the headers again after a failure or a cancel. Nothing happens otherwise.
     void readIndex();
     /// The index as known now: of the first gather only until indexComplete(). May be held and read

@@ -258,7 +258,7 @@
     </message>
     <message>
         <source>Dead trace</source>
-        <translation>坏道</translation>
+        <translation>死道</translation>
     </message>
     <message>
         <source>Amplitude %1</source>

@@ -225,6 +225,8 @@ QString OvGatherPane::indexingMessage() const
 
 void OvGatherPane::retranslate()
 {
+    if (m_document)
+        m_document->retranslate();
     updateTitle();
     m_lastInfo = message();
     m_canvas->setMessage(m_lastInfo);

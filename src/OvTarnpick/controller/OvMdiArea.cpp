@@ -3,9 +3,33 @@
 #include "OvGui/OvAbstractViewController.h"
 #include "OvGui/OvMultiPlaneViewController.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPainter>
 #include <QPointer>
+
+#include <array>
+
+namespace {
+
+// The toolkit makes the window menu of a sub-window once and keeps its language.
+void retranslateWindowMenu(const QMdiSubWindow* subWindow)
+{
+    static const std::array<const char*, 8> entries = {
+        "&Restore", "&Move", "&Size", "Mi&nimize", "Ma&ximize", "Stay on &Top", "", "&Close"};
+    const auto actions = subWindow->systemMenu()->actions();
+    if (actions.size() != static_cast<int>(entries.size()))
+        return;
+    for (int i = 0; i < actions.size(); ++i) {
+        if (!actions.at(i)->isSeparator())
+            actions.at(i)->setText(
+                QCoreApplication::translate("QMdiSubWindow", entries[static_cast<std::size_t>(i)]));
+    }
+}
+
+} // namespace
 
 class OvMdiAreaPrivate
 {
@@ -119,6 +143,16 @@ void OvMdiArea::slotActiveSubWindowChanged(QMdiSubWindow* subWindow)
     d->active = candidate;
     d->alive = candidate;
     emit workspaceActivated(candidate);
+}
+
+void OvMdiArea::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        const auto subWindows = subWindowList();
+        for (const QMdiSubWindow* subWindow : subWindows)
+            retranslateWindowMenu(subWindow);
+    }
+    QMdiArea::changeEvent(event);
 }
 
 void OvMdiArea::paintEvent(QPaintEvent* event)

@@ -33,6 +33,7 @@ private slots:
     void slotActiveSubWindowChanged(QMdiSubWindow* subWindow);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
