@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvErrorPicks.h"
 
+#include "OvSeismic/dsp/OvDominantPeriod.h"
 #include "OvSeismic/firstbreak/OvFirstBreaks.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/segy/OvGather.h"
@@ -14,7 +15,8 @@ constexpr std::size_t neighbours = 7;     // on either side
 constexpr std::size_t nearNeighbours = 4; // where the arrival bends often
 constexpr std::size_t leastPicks = 3;     // that make a line
 constexpr double spreadsAllowed = 5.0;
-constexpr double leastToleranceMs = 5.0;
+constexpr double leastTolerancePeriods = 0.5; // what a cycle skip exceeds
+constexpr double waveMs = 100.0;              // enough of an arrival to tell its period
 constexpr double leastToleranceSamples = 2.0;
 constexpr double lowConfidence = 0.3;
 
@@ -99,6 +101,20 @@ double spreadOf(const std::vector<double>& distances)
     return toDeviation * median(distances);
 }
 
+double periodMs(const OvGather& gather, const std::vector<Pick>& picks)
+{
+    std::vector<double> periods;
+    for (const Pick& pick : picks) {
+        const double first = std::clamp(gather.sampleAt(pick.row, pick.timeMs), 0.0,
+                                        static_cast<double>(gather.sampleCount));
+        const int from = static_cast<int>(first);
+        const int to =
+            std::min(gather.sampleCount, from + static_cast<int>(waveMs / gather.intervalMs));
+        periods.push_back(ovDominantPeriod(gather.trace(pick.row), from, to));
+    }
+    return median(periods) * gather.intervalMs;
+}
+
 bool isWrong(double distanceMs, double toleranceMs, float confidence)
 {
     const double trust = std::min(1.0, static_cast<double>(confidence) / lowConfidence);
@@ -115,7 +131,8 @@ std::vector<int> OvErrorPicks::find(const OvGather& gather, const OvFirstBreaks&
     std::vector<double> distances;
     for (std::size_t i = 0; i < picks.size(); ++i)
         distances.push_back(distanceAt(picks, i));
-    const double tolerance = std::max({spreadsAllowed * spreadOf(distances), leastToleranceMs,
+    const double tolerance = std::max({spreadsAllowed * spreadOf(distances),
+                                       leastTolerancePeriods * periodMs(gather, picks),
                                        leastToleranceSamples * gather.intervalMs});
     std::vector<int> rows;
     for (std::size_t i = 0; i < picks.size(); ++i) {

@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvErrorPicks.h"
 
+#include "OvSeismic/dsp/OvDominantPeriod.h"
 #include "OvSeismic/firstbreak/OvFirstBreaks.h"
 #include "SyntheticGather.h"
 
@@ -22,6 +23,12 @@ private:
             breaks.confidences[row] = 0.9F;
         }
         return breaks;
+    }
+
+    static double periodAfterOnset(const SyntheticGather& line)
+    {
+        const auto onset = static_cast<int>(line.gather.sampleAt(20, line.onsetsMs[20]));
+        return 2.0 * ovDominantPeriod(line.gather.trace(20), onset, onset + 50);
     }
 
 private slots:
@@ -61,7 +68,7 @@ private slots:
     {
         const SyntheticGather line(48);
         OvFirstBreaks breaks = goodPicks(line);
-        const double tolerance = 5.0;
+        const double tolerance = periodAfterOnset(line) / 2.0;
         breaks.timesMs[20] = static_cast<float>(line.onsetsMs[20] + 0.8 * tolerance);
         QCOMPARE(OvErrorPicks::find(line.gather, breaks), std::vector<int>());
         breaks.confidences[20] = 0.02F;
