@@ -138,6 +138,8 @@ function(ov_add_test name)
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/run-test $<TARGET_FILE:${name}>)
   if(${name} IN_LIST OV_TSAN_TESTS)
     list(APPEND arg_LABELS tsan)
+  endif()
+  if(tsan IN_LIST arg_LABELS)
     add_dependencies(tsan_tests ${name})
   endif()
   set_tests_properties(${name} PROPERTIES
