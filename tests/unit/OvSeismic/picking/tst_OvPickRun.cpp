@@ -285,8 +285,8 @@ void tst_OvPickRun::cancelsInsideALargeGather()
     QCOMPARE(delivered, 1);
     const qint64 wholeMs = clock.elapsed();
 
-    // The same run, cancelled early: it stops inside the gather, not behind it. Both are timed here,
-    // so a slow machine slows both.
+    // The same run, cancelled early: it stops inside the gather, not behind it. Both are timed
+    // here, so a slow machine slows both.
     std::atomic<bool> cancel{false};
     std::thread canceller([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(wholeMs / 10));
