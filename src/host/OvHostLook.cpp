@@ -1,8 +1,9 @@
 #include "host/OvHostLook.h"
 
+#include "host/OvHostStyle.h"
+
 #include <QApplication>
 #include <QFont>
-#include <QStyleFactory>
 
 namespace {
 
@@ -66,7 +67,7 @@ void OvHostLook::substituteFonts()
 void OvHostLook::apply(QApplication* application)
 {
     const bool dark = isDark(QApplication::palette());
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new OvHostStyle);
     QApplication::setPalette(dark ? darkPalette() : lightPalette());
     substituteFonts();
     application->setFont(QFont("Segoe UI", 10));

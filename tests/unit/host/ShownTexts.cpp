@@ -251,10 +251,10 @@ QStringList ShownTexts::withEnglish(const std::vector<Text>& texts, const QStrin
 {
     // Names, formats, units and keys that Chinese geophysicists write in Latin letters, too.
     static const QSet<QString> allowed = {
-        "Maravel", "Tarnpick", "SEGY",  "SEG",  "FB",  "AGC",  "CDP",   "dB",       "ms",
-        "MiB",     "EBCDIC",   "ASCII", "IEEE", "IBM", "Ctrl", "Shift", "Alt",      "Home",
-        "End",     "Page",     "Up",    "Down", "PNG", "png",  "sgy",   "segy",     "SGY",
-        "csv",     "txt",      "SNR",   "kHz",  "Hz",  "Esc",  "Del",   "Copyright"};
+        "Maravel", "Tarnpick", "SEGY",  "SEG",  "FB",  "AGC",  "CDP",    "dB",       "ms",
+        "MiB",     "EBCDIC",   "ASCII", "IEEE", "IBM", "Ctrl", "Shift",  "Alt",      "Home",
+        "End",     "Page",     "Up",    "Down", "PNG", "png",  "sgy",    "segy",     "SGY",
+        "csv",     "txt",      "SNR",   "kHz",  "Hz",  "Esc",  "Delete", "Copyright"};
     static const QRegularExpression word(QStringLiteral("[A-Za-z][A-Za-z]+"));
     QStringList found;
     for (const Text& shown : texts) {

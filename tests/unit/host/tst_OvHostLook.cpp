@@ -1,11 +1,14 @@
 #include "host/OvHostLook.h"
 
+#include <QCheckBox>
 #include <QFontInfo>
 #include <QImage>
 #include <QPainter>
+#include <QRadioButton>
 #include <QtTest>
 
 #include <cmath>
+#include <memory>
 
 class tst_OvHostLook : public QObject
 {
@@ -17,6 +20,8 @@ private slots:
     void disabledTextIsFainter();
     void formFamiliesHaveInstalledSubstitutes();
     void darkDesktopStaysDark();
+    void boxesStandOutOfADarkWindow_data();
+    void boxesStandOutOfADarkWindow();
 };
 
 namespace {
@@ -114,6 +119,33 @@ void tst_OvHostLook::darkDesktopStaysDark()
     OvHostLook::apply(qApp);
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              OvHostLook::lightPalette().color(QPalette::Window));
+}
+
+void tst_OvHostLook::boxesStandOutOfADarkWindow_data()
+{
+    QTest::addColumn<bool>("isBox");
+    QTest::newRow("check box") << true;
+    QTest::newRow("radio button") << false;
+}
+
+void tst_OvHostLook::boxesStandOutOfADarkWindow()
+{
+    QFETCH(bool, isBox);
+    QApplication::setPalette(QPalette(Qt::white, Qt::black));
+    QPalette desktop(QColor(60, 60, 60), QColor(30, 30, 30));
+    desktop.setColor(QPalette::WindowText, Qt::white);
+    QApplication::setPalette(desktop);
+    OvHostLook::apply(qApp);
+    const std::unique_ptr<QAbstractButton> button(
+        isBox ? static_cast<QAbstractButton*>(new QCheckBox) : new QRadioButton);
+    const QImage picture = button->grab().toImage();
+    double best = 1.0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            best = std::max(best, contrast(picture.pixelColor(x, y),
+                                           OvHostLook::darkPalette().color(QPalette::Window)));
+    // What the accessibility guidelines ask of the edge of a control.
+    QVERIFY2(best >= 3.0, qPrintable(QString::number(best)));
 }
 
 QTEST_MAIN(tst_OvHostLook)
