@@ -6,7 +6,8 @@
 #include <QTemporaryDir>
 
 // Start of the program up to its main window on the screen, against a bare window of the toolkit.
-// Both leave as soon as they have painted, the program by a plug-in that is there for nothing else.
+// Both leave as soon as they have painted, without tidying up: what is measured is the start. The
+// program leaves by a plug-in that is there for nothing else.
 
 namespace {
 

@@ -40,7 +40,7 @@ endfunction()
 
 function(ov_render_window_icon out)
   set(sizes "")
-  foreach(size 16 24 32 48 64 128 256)
+  foreach(size 16 24 32 48 64)
     ov_render(sizes logo_${size}.png logo.svg ${size}x${size})
   endforeach()
   set(script ${PROJECT_SOURCE_DIR}/resource/make-ico.py)

@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <cstdlib>
+
 LeavePlugin::LeavePlugin()
 {
     qApp->installEventFilter(this);
@@ -30,6 +32,6 @@ bool LeavePlugin::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Paint && watched->inherits("OvTarnpick"))
         QMetaObject::invokeMethod(
-            qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+            qApp, [] { std::_Exit(0); }, Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);
 }

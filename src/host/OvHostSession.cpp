@@ -62,7 +62,8 @@ void OvHostSession::start()
         addFile(options.file.isEmpty() ? OvDemoSurvey::file() : options.file);
     if (walks)
         addWalk();
-    loginWindow->show();
+    if (walks || !options.entersByItself())
+        loginWindow->show();
     runner.start();
 }
 
@@ -83,7 +84,11 @@ void OvHostSession::addLogin()
 
 bool OvHostSession::enter()
 {
-    return loginWindow->login() || refuse(tr("The login failed."));
+    if (loginWindow->login())
+        return true;
+    // It says why, and offers another try.
+    loginWindow->show();
+    return refuse(tr("The login failed."));
 }
 
 void OvHostSession::addProject(const QString& name)
