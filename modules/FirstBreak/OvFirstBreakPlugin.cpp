@@ -152,7 +152,7 @@ void OvFirstBreakPlugin::followView(OvGatherViewController* view)
     if (view == m_followed)
         return;
     if (m_followed)
-        disconnect(m_followed, &OvGatherViewController::editingChanged, this, nullptr);
+        disconnect(m_followed, nullptr, this, nullptr);
     m_followed = view;
     QUndoStack* stack = view ? view->undoStack() : nullptr;
     if (stack)

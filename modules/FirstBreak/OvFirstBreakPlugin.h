@@ -51,7 +51,8 @@ private:
 
     QPointer<OvFirstBreakMenu> m_menu;
     QPointer<OvFirstBreakBar> m_bar;
-    QPointer<OvGatherViewController> m_followed;
+    // Plain on purpose: a view that is being destroyed is no gather view any more.
+    QPointer<QObject> m_followed;
     QUndoGroup m_undo; // of the active view
     bool m_editing = false;
 };
