@@ -18,6 +18,16 @@ void OvStepRunner::add(Step step)
 
 void OvStepRunner::start()
 {
+    proceed();
+    // The first step is often ready at once: the start of the program does not wait a tick for it.
+    QTimer::singleShot(0, this, [this] {
+        if (timer.isActive())
+            poll();
+    });
+}
+
+void OvStepRunner::proceed()
+{
     waiting.start();
     timer.start();
 }
@@ -42,13 +52,12 @@ void OvStepRunner::takeNext()
     // A timer does not fire again inside its own slot, and the action may run a dialog's event
     // loop.
     timer.stop();
-    QMetaObject::invokeMethod(
-        this, [this, step] { run(step); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this, step] { run(step); });
 }
 
 void OvStepRunner::run(const Step& step)
 {
-    start();
+    proceed();
     if (step.act && !step.act())
         end(false, tr("The step \"%1\" failed.").arg(step.name));
 }

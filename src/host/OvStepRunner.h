@@ -33,6 +33,7 @@ signals:
     void finished(bool succeeded, const QString& message);
 
 private:
+    void proceed();
     void poll();
     void takeNext();
     void run(const Step& step);

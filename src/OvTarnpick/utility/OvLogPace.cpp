@@ -1,6 +1,7 @@
 #include "OvTarnpick/utility/OvLogPace.h"
 
-#include <QObject>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QThread>
 
 #include <chrono>
@@ -33,6 +34,21 @@ struct Marker
     }
 };
 
+/// Frees its marker when it has been delivered, or dropped with its receiver.
+class Passing : public QEvent
+{
+public:
+    explicit Passing(std::shared_ptr<Marker> marker)
+        : QEvent(QEvent::User)
+        , m_marker(std::move(marker))
+    {
+    }
+    ~Passing() override { m_marker->setQueued(false); }
+
+private:
+    std::shared_ptr<Marker> m_marker;
+};
+
 /// Of one logging thread.
 struct Pace
 {
@@ -56,6 +72,5 @@ void OvLogPace::keep(QObject* reader)
     if (pace.hasGivenUp)
         return;
     pace.marker->setQueued(true);
-    QMetaObject::invokeMethod(
-        reader, [marker = pace.marker] { marker->setQueued(false); }, Qt::QueuedConnection);
+    QCoreApplication::postEvent(reader, new Passing(pace.marker));
 }
