@@ -306,4 +306,187 @@
         <translation>未知格式 %1</translation>
     </message>
 </context>
+<context>
+    <name>OvTraceHeaderMapping</name>
+    <message>
+        <source>SEG-Y revision 0 or 1</source>
+        <translation>SEG-Y 修订版 0 或 1</translation>
+    </message>
+    <message>
+        <source>SEG-Y revision 2 with extension header</source>
+        <translation>SEG-Y 修订版 2（含扩展道头）</translation>
+    </message>
+    <message>
+        <source>Inline and crossline (189, 193)</source>
+        <translation>主测线与联络测线（189、193）</translation>
+    </message>
+    <message>
+        <source>Source point (17) and receiver station (25)</source>
+        <translation>炮点号（17）与检波点号（25）</translation>
+    </message>
+    <message>
+        <source>Offset in floating point</source>
+        <translation>炮检距为浮点数</translation>
+    </message>
+    <message>
+        <source>Geometry in floating point, no scalars</source>
+        <translation>观测系统为浮点数，无比例因子</translation>
+    </message>
+    <message>
+        <source>%1 at bytes %2 to %3 lies behind the trace header, which has %4 bytes.</source>
+        <translation>%1（第 %2 至 %3 字节）超出了道头，道头只有 %4 字节。</translation>
+    </message>
+    <message>
+        <source>%1 is a code; it cannot be a %2.</source>
+        <translation>%1是代码，不能是%2。</translation>
+    </message>
+    <message>
+        <source>%1 is read as a %2 and rounded to whole numbers.</source>
+        <translation>%1按%2读取，并四舍五入为整数。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are read from the same bytes, %3 to %4.</source>
+        <translation>%1和%2读自相同的字节（第 %3 至 %4 字节）。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 overlap at bytes %3 to %4.</source>
+        <translation>%1和%2在第 %3 至 %4 字节处重叠。</translation>
+    </message>
+    <message>
+        <source>There is no field record; all traces form one gather.</source>
+        <translation>没有野外文件号；所有道组成一个道集。</translation>
+    </message>
+    <message>
+        <source>Coordinates are incomplete: source and receiver need X and Y each.</source>
+        <translation>坐标不完整：炮点和检波点都需要 X 和 Y 坐标。</translation>
+    </message>
+    <message>
+        <source>Field record</source>
+        <translation>野外文件号</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>道号</translation>
+    </message>
+    <message>
+        <source>Source point</source>
+        <translation>炮点号</translation>
+    </message>
+    <message>
+        <source>Receiver station</source>
+        <translation>检波点号</translation>
+    </message>
+    <message>
+        <source>CDP</source>
+        <translation>CDP</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>炮检距</translation>
+    </message>
+    <message>
+        <source>Source X</source>
+        <translation>炮点 X 坐标</translation>
+    </message>
+    <message>
+        <source>Source Y</source>
+        <translation>炮点 Y 坐标</translation>
+    </message>
+    <message>
+        <source>Receiver X</source>
+        <translation>检波点 X 坐标</translation>
+    </message>
+    <message>
+        <source>Receiver Y</source>
+        <translation>检波点 Y 坐标</translation>
+    </message>
+    <message>
+        <source>Coordinate scalar</source>
+        <translation>坐标比例因子</translation>
+    </message>
+    <message>
+        <source>Coordinate units</source>
+        <translation>坐标单位</translation>
+    </message>
+    <message>
+        <source>Source elevation</source>
+        <translation>炮点高程</translation>
+    </message>
+    <message>
+        <source>Receiver elevation</source>
+        <translation>检波点高程</translation>
+    </message>
+    <message>
+        <source>Source depth</source>
+        <translation>炮点深度</translation>
+    </message>
+    <message>
+        <source>Source datum</source>
+        <translation>炮点基准面高程</translation>
+    </message>
+    <message>
+        <source>Receiver datum</source>
+        <translation>检波点基准面高程</translation>
+    </message>
+    <message>
+        <source>Elevation scalar</source>
+        <translation>高程比例因子</translation>
+    </message>
+    <message>
+        <source>Delay</source>
+        <translation>延迟时间</translation>
+    </message>
+    <message>
+        <source>Time scalar</source>
+        <translation>时间比例因子</translation>
+    </message>
+    <message>
+        <source>Trace identification</source>
+        <translation>道识别码</translation>
+    </message>
+    <message>
+        <source>1-byte integer</source>
+        <translation>1 字节整数</translation>
+    </message>
+    <message>
+        <source>1-byte unsigned integer</source>
+        <translation>1 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>2-byte integer</source>
+        <translation>2 字节整数</translation>
+    </message>
+    <message>
+        <source>2-byte unsigned integer</source>
+        <translation>2 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>4-byte integer</source>
+        <translation>4 字节整数</translation>
+    </message>
+    <message>
+        <source>4-byte unsigned integer</source>
+        <translation>4 字节无符号整数</translation>
+    </message>
+    <message>
+        <source>8-byte integer</source>
+        <translation>8 字节整数</translation>
+    </message>
+    <message>
+        <source>4-byte IEEE number</source>
+        <translation>4 字节 IEEE 浮点数</translation>
+    </message>
+    <message>
+        <source>4-byte IBM number</source>
+        <translation>4 字节 IBM 浮点数</translation>
+    </message>
+    <message>
+        <source>8-byte IEEE number</source>
+        <translation>8 字节 IEEE 浮点数</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; does not say where a trace-header word lies; it should read like field_record=9:int32:file.</source>
+        <translation>“%1”没有说明道头字的位置；应写成 field_record=9:int32:file 的形式。</translation>
+    </message>
+</context>
 </TS>
