@@ -53,7 +53,7 @@ OvDocumentJob::Work OvPickJob::pickAll(const std::shared_ptr<const OvSegyIndex>&
 {
     OvPickRun::Request request;
     request.file = &document()->file();
-    request.parameters = m_options.parameters;
+    request.settings.parameters = m_options.parameters;
     return [request, index, shared = shared(), queue = m_queue]() mutable {
         request.index = index.get();
         const auto deliver = [&queue](const OvGather& gather, const OvPickResult& result) {
@@ -76,8 +76,9 @@ OvDocumentJob::Work OvPickJob::pickOne(const std::shared_ptr<const OvSegyIndex>&
         OvStatus status = index->readGather(*file, options.gather, &gather);
         if (!status || shared->cancel)
             return status;
-        const OvPickResult result =
-            OvPicker::create()->pick(gather, options.parameters, &shared->cancel);
+        OvPickSettings settings;
+        settings.parameters = options.parameters;
+        const OvPickResult result = OvPicker::create()->pick(gather, settings, &shared->cancel);
         if (!shared->cancel)
             queue->add(options.gather, result);
         return status;

@@ -115,7 +115,7 @@ OvStatus Pick::pickAll()
     OvPickRun::Request request;
     request.file = &m_file;
     request.index = &m_index;
-    request.parameters = m_parameters;
+    request.settings.parameters = m_parameters;
     request.threads = m_threads;
     const auto keep = [this](const OvGather& gather, const OvPickResult& result) {
         m_breaks[gather.ordinal] = breaksOf(result);

@@ -113,9 +113,10 @@ bool isAccepted(const OvOnsetSearch::Arrival& arrival, float confidence,
 
 } // namespace
 
-OvPickResult OvGuidedPicker::pick(const OvGather& gather, const OvPickParameters& parameters,
+OvPickResult OvGuidedPicker::pick(const OvGather& gather, const OvPickSettings& settings,
                                   const std::atomic<bool>* cancel) const
 {
+    const OvPickParameters& parameters = settings.parameters;
     OvPickResult result;
     result.timesMs.assign(gather.headers.size(), std::numeric_limits<float>::quiet_NaN());
     result.confidences.assign(gather.headers.size(), 0.0F);

@@ -23,6 +23,6 @@
 class OvGuidedPicker : public OvPicker
 {
 public:
-    OvPickResult pick(const OvGather& gather, const OvPickParameters& parameters,
+    OvPickResult pick(const OvGather& gather, const OvPickSettings& settings,
                       const std::atomic<bool>* cancel) const override;
 };

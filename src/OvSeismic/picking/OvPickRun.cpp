@@ -95,7 +95,7 @@ Picked pickOne(const OvPickRun::Request& request, const OvPicker& picker, int or
     try {
         picked.status = request.index->readGather(*request.file, ordinal, &picked.gather);
         if (picked.status)
-            picked.result = picker.pick(picked.gather, request.parameters, cancel);
+            picked.result = picker.pick(picked.gather, request.settings, cancel);
         // Only the headers go to the caller; the samples would fill the memory while they wait.
         picked.gather.samples = {};
     } catch (const std::exception& error) {
@@ -179,11 +179,11 @@ std::vector<int> OvPickRun::chosenGathers(int gatherCount, const OvPickParameter
 OvStatus OvPickRun::run(const Request& request, const Deliver& deliver, const Progress& progress,
                         const std::atomic<bool>* cancel)
 {
-    OvStatus valid = request.parameters.validate();
+    OvStatus valid = request.settings.validate();
     if (!valid)
         return valid;
     const std::vector<int> gathers =
-        chosenGathers(request.index->gatherCount(), request.parameters);
+        chosenGathers(request.index->gatherCount(), request.settings.parameters);
     Workers workers(request, gathers, threadCount(request.threads, gathers.size()));
     constexpr std::chrono::milliseconds patience(20);
     const int total = static_cast<int>(gathers.size());

@@ -16,7 +16,7 @@ public:
     {
         const OvSegyFile* file = nullptr;   ///< not owned; outlives the run
         const OvSegyIndex* index = nullptr; ///< not owned; outlives the run
-        OvPickParameters parameters;
+        OvPickSettings settings;
         int threads = 0; ///< 0 one a core
     };
     /// Called in the thread of run(), in gather order, with the headers and result of each gather.

@@ -106,6 +106,17 @@
     </message>
 </context>
 <context>
+    <name>OvPickSettings</name>
+    <message>
+        <source>phase is &quot;%1&quot;; it must be one of: %2.</source>
+        <translation>phase 为“%1”，必须是下列之一：%2。</translation>
+    </message>
+    <message>
+        <source>min_confidence is &quot;%1&quot;; it must be a number from 0 to 1.</source>
+        <translation>min_confidence 为“%1”，必须是 0 到 1 之间的数。</translation>
+    </message>
+</context>
+<context>
     <name>OvSegyFile</name>
     <message>
         <source>Cannot open %1: %2</source>

@@ -44,7 +44,7 @@ std::vector<Picked> pickFile(const QString& path, const OvPickParameters& parame
     OvPickRun::Request request;
     request.file = &file;
     request.index = &index;
-    request.parameters = parameters;
+    request.settings.parameters = parameters;
     const auto keep = [&all](const OvGather& gather, const OvPickResult& result) {
         all.push_back({gather, result});
         return OvStatus::success();

@@ -139,7 +139,7 @@ void tst_OvPickRun::agreesWithThePicker()
         [&](const OvGather& gather, const OvPickResult& result) {
             OvGather own;
             const OvStatus read = m_index.readGather(m_file, gather.ordinal, &own);
-            const OvPickResult alone = picker->pick(own, OvPickParameters(), nullptr);
+            const OvPickResult alone = picker->pick(own, OvPickSettings(), nullptr);
             const auto same = [](float a, float b) {
                 return a == b || (std::isnan(a) && std::isnan(b));
             };
@@ -155,8 +155,8 @@ void tst_OvPickRun::agreesWithThePicker()
 void tst_OvPickRun::picksChosenGathersOnly()
 {
     OvPickRun::Request chosen = request(2);
-    chosen.parameters.shotIncrement = 5;
-    chosen.parameters.totalShots = 3;
+    chosen.settings.parameters.shotIncrement = 5;
+    chosen.settings.parameters.totalShots = 3;
     QVector<int> delivered;
     const auto note = [&](const OvGather& gather, const OvPickResult&) {
         delivered.append(gather.ordinal);
@@ -305,7 +305,7 @@ void tst_OvPickRun::cancelsInsideALargeGather()
 void tst_OvPickRun::refusesBadParameters()
 {
     OvPickRun::Request bad = request(1);
-    bad.parameters.shotIncrement = 0;
+    bad.settings.parameters.shotIncrement = 0;
     const auto never = [](const OvGather&, const OvPickResult&) {
         return OvStatus::failure("delivered");
     };

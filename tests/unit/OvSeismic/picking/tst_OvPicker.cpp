@@ -39,7 +39,9 @@ private slots:
 private:
     OvPickResult pick(const OvGather& gather, const OvPickParameters& parameters = {}) const
     {
-        return m_picker->pick(gather, parameters, nullptr);
+        OvPickSettings settings;
+        settings.parameters = parameters;
+        return m_picker->pick(gather, settings, nullptr);
     }
     std::unique_ptr<OvPicker> m_picker = OvPicker::create();
 };
