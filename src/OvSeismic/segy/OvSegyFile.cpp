@@ -224,3 +224,23 @@ OvStatus OvSegyFile::readSamples(OvGather* gather) const
         gather->samples.clear();
     return status;
 }
+
+OvStatus OvSegyFile::scanTraces(qint64 first, qint64 count,
+                                const std::function<bool(const char* header, const float* samples,
+                                                         int sampleCount)>& each) const
+{
+    if (first < 0 || count < 0 || first > d->info.traceCount)
+        return d->badTrace(first);
+    const qint64 end = first + qMin(count, d->info.traceCount - first);
+    std::vector<char> buffer(static_cast<std::size_t>(d->traceSize()));
+    std::vector<float> samples(static_cast<std::size_t>(d->info.sampleCount));
+    for (qint64 trace = first; trace < end; ++trace) {
+        OvStatus status = d->file.read(d->traceOffset(trace), buffer.data(), d->traceSize());
+        if (!status)
+            return status;
+        d->toFloat(buffer.data() + d->samplesOffset(), samples.data());
+        if (!each(buffer.data(), samples.data(), d->info.sampleCount))
+            break;
+    }
+    return {};
+}

@@ -42,6 +42,11 @@ public:
     /// Fills gather->samples for the traces that gather->headers names, and sets the sample count
     /// and interval. On failure the gather has no samples.
     OvStatus readSamples(OvGather* gather) const;
+    /// Hands count traces from first to each, one after the other: the 240 bytes of the header as
+    /// they stand in the file, and the samples. Stops early when it returns false.
+    OvStatus scanTraces(qint64 first, qint64 count,
+                        const std::function<bool(const char* header, const float* samples,
+                                                 int sampleCount)>& each) const;
 
 private:
     friend class OvSegyIndex;

@@ -147,7 +147,7 @@ OvStatus Reader::findByteOrder()
     }
     return refuse(
         tr("its samples are in format %1 (%2), which is not supported. Convert it to format "
-           "1, 2, 3, 5 or 8.")
+           "1 or 5.")
             .arg(m_info->formatCode)
             .arg(ovSegyFormatName(m_info->formatCode)));
 }

@@ -18,15 +18,15 @@ const Entry entries[] = {
     {{3, 2, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "2-byte integer")},
     {{4, 4, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "4-byte fixed point with gain")},
     {{5, 4, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "4-byte IEEE floating point")},
-    {{6, 8, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "8-byte IEEE floating point")},
-    {{7, 3, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "3-byte integer")},
+    {{6, 8, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "8-byte IEEE floating point")},
+    {{7, 3, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "3-byte integer")},
     {{8, 1, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "1-byte integer")},
-    {{9, 8, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "8-byte integer")},
-    {{10, 4, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "4-byte unsigned integer")},
-    {{11, 2, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "2-byte unsigned integer")},
-    {{12, 8, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "8-byte unsigned integer")},
-    {{15, 3, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "3-byte unsigned integer")},
-    {{16, 1, false}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "1-byte unsigned integer")},
+    {{9, 8, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "8-byte integer")},
+    {{10, 4, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "4-byte unsigned integer")},
+    {{11, 2, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "2-byte unsigned integer")},
+    {{12, 8, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "8-byte unsigned integer")},
+    {{15, 3, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "3-byte unsigned integer")},
+    {{16, 1, true}, QT_TRANSLATE_NOOP("OvSegySampleFormat", "1-byte unsigned integer")},
 };
 
 const Entry* find(int code)
@@ -51,4 +51,17 @@ QString ovSegyFormatName(int code)
     if (const Entry* entry = find(code))
         return QCoreApplication::translate("OvSegySampleFormat", entry->name);
     return QCoreApplication::translate("OvSegySampleFormat", "Unknown format %1").arg(code);
+}
+
+QString ovSegyByteOrderName(OvByteOrder order)
+{
+    switch (order) {
+    case OvByteOrder::BigEndian:
+        return QCoreApplication::translate("OvSegySampleFormat", "big-endian");
+    case OvByteOrder::LittleEndian:
+        return QCoreApplication::translate("OvSegySampleFormat", "little-endian");
+    case OvByteOrder::PairSwapped:
+        break;
+    }
+    return QCoreApplication::translate("OvSegySampleFormat", "pair-swapped");
 }

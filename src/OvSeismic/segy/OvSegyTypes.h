@@ -4,7 +4,9 @@
 #include <QStringList>
 #include <QtGlobal>
 
-enum class OvByteOrder { BigEndian, LittleEndian };
+/// PairSwapped: the two bytes of every 16 bits are exchanged and nothing else, so that the
+/// big-endian word 01 02 03 04 stands as 02 01 04 03. Single bytes and text are never exchanged.
+enum class OvByteOrder { BigEndian, LittleEndian, PairSwapped };
 
 enum class OvTextEncoding { Ebcdic, Ascii };
 

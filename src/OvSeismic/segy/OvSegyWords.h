@@ -23,6 +23,7 @@ public:
     qint16 int16(int number) const { return get<qint16>(number); }
     quint16 uint16(int number) const { return get<quint16>(number); }
     qint32 int32(int number) const { return get<qint32>(number); }
+    quint32 uint32(int number) const { return get<quint32>(number); }
     qint64 int64(int number) const { return get<qint64>(number); }
     double float64(int number) const
     {
@@ -37,7 +38,17 @@ private:
     T get(int number) const
     {
         const char* at = m_data + (number - m_firstByte);
-        return m_order == OvByteOrder::BigEndian ? qFromBigEndian<T>(at) : qFromLittleEndian<T>(at);
+        if (m_order == OvByteOrder::LittleEndian)
+            return qFromLittleEndian<T>(at);
+        const T value = qFromBigEndian<T>(at);
+        return m_order == OvByteOrder::BigEndian ? value : exchangePairs(value);
+    }
+    template <typename T>
+    static T exchangePairs(T value)
+    {
+        constexpr auto evenBytes = static_cast<quint64>(0x00FF00FF00FF00FF);
+        const auto bits = static_cast<quint64>(value);
+        return static_cast<T>(((bits & evenBytes) << 8) | ((bits >> 8) & evenBytes));
     }
 
     const char* m_data;

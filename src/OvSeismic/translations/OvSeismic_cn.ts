@@ -117,6 +117,161 @@
     </message>
 </context>
 <context>
+    <name>OvSegyDoctor</name>
+    <message>
+        <source>The file follows revision %1.%2 of the format.</source>
+        <translation>文件遵循该格式的 %1.%2 修订版。</translation>
+    </message>
+    <message>
+        <source>The byte order is %1.</source>
+        <translation>字节序为%1。</translation>
+    </message>
+    <message>
+        <source>The textual header is in %1.</source>
+        <translation>文本卷头采用 %1 编码。</translation>
+    </message>
+    <message>
+        <source>The samples are in format %1, %2.</source>
+        <translation>采样点为格式 %1，即%2。</translation>
+    </message>
+    <message>
+        <source>The file has %1 traces of %2 samples, one every %3 µs.</source>
+        <translation>文件有 %1 道，每道 %2 个采样点，采样间隔 %3 µs。</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 traces were examined.</source>
+        <translation>检查了 %2 道中的 %1 道。</translation>
+    </message>
+    <message>
+        <source>Examine the whole file to be sure of the rest.</source>
+        <translation>要确认其余各道，请检查整个文件。</translation>
+    </message>
+    <message>
+        <source>%1 extended textual headers follow the binary header.</source>
+        <translation>二进制卷头之后有 %1 个扩展文本卷头。</translation>
+    </message>
+    <message>
+        <source>Each trace has up to %1 additional trace headers.</source>
+        <translation>每道最多有 %1 个附加道头。</translation>
+    </message>
+    <message>
+        <source>No trace has a field record number.</source>
+        <translation>没有任何道带有野外文件号。</translation>
+    </message>
+    <message>
+        <source>All traces form one gather. Where the number stands in other bytes, set them in the header mapping.</source>
+        <translation>所有道组成一个道集。如果野外文件号位于其他字节，请在道头映射中设置。</translation>
+    </message>
+    <message>
+        <source>No trace has a channel number.</source>
+        <translation>没有任何道带有道号。</translation>
+    </message>
+    <message>
+        <source>Traces are numbered within their gather.</source>
+        <translation>各道在其道集内编号。</translation>
+    </message>
+    <message>
+        <source>No trace has an elevation.</source>
+        <translation>没有任何道带有高程。</translation>
+    </message>
+    <message>
+        <source>Where offsets or coordinates stand in other bytes, set them in the header mapping.</source>
+        <translation>如果炮检距或坐标位于其他字节，请在道头映射中设置。</translation>
+    </message>
+    <message>
+        <source>No trace has an offset; offsets come from the coordinates.</source>
+        <translation>没有任何道带有炮检距；炮检距由坐标算出。</translation>
+    </message>
+    <message>
+        <source>No trace has an offset, and coordinates are missing, too.</source>
+        <translation>没有任何道带有炮检距，坐标也缺失。</translation>
+    </message>
+    <message>
+        <source>No trace has source coordinates.</source>
+        <translation>没有任何道带有炮点坐标。</translation>
+    </message>
+    <message>
+        <source>No trace has receiver coordinates.</source>
+        <translation>没有任何道带有检波点坐标。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 trace headers state another number of samples than the trace has; the first is that of trace %3.</source>
+        <translation>%2 个道头中有 %1 个所记的采样点数与该道实际不符；第一个是第 %3 道的道头。</translation>
+    </message>
+    <message>
+        <source>The size of the file decides; nothing needs to be done.</source>
+        <translation>以文件大小为准，无需处理。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 trace headers state another sample interval than %3 µs; the first is that of trace %4.</source>
+        <translation>%2 个道头中有 %1 个所记的采样间隔不是 %3 µs；第一个是第 %4 道的道头。</translation>
+    </message>
+    <message>
+        <source>Check the interval against the observer&apos;s notes before you pick.</source>
+        <translation>拾取之前，请对照野外班报核对采样间隔。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 trace headers have a scalar for coordinates or elevations that is no power of ten; the first is that of trace %3.</source>
+        <translation>%2 个道头中有 %1 个的坐标或高程比例因子不是 10 的幂；第一个是第 %3 道的道头。</translation>
+    </message>
+    <message>
+        <source>Check whether positions and elevations have the right size.</source>
+        <translation>请检查位置和高程的大小是否正确。</translation>
+    </message>
+    <message>
+        <source>%1 traces repeat the field record and channel of another; for one, record %2 and channel %3 occur more than once.</source>
+        <translation>有 %1 道与其他道的野外文件号和道号相同；例如野外文件号 %2、道号 %3 出现不止一次。</translation>
+    </message>
+    <message>
+        <source>Check whether shots were repeated or files joined twice.</source>
+        <translation>请检查是否有重复放炮，或文件被重复合并。</translation>
+    </message>
+    <message>
+        <source>%1 field records lack channels; the first is record %2 without channel %3.</source>
+        <translation>有 %1 个野外文件号缺道；第一个是野外文件号 %2，缺道号 %3。</translation>
+    </message>
+    <message>
+        <source>Check whether traces were removed on purpose.</source>
+        <translation>请检查这些道是否有意剔除。</translation>
+    </message>
+    <message>
+        <source>Between the field records %1 and %2, %3 are missing; the first is %4.</source>
+        <translation>野外文件号 %1 与 %2 之间缺 %3 个；第一个缺失的是 %4。</translation>
+    </message>
+    <message>
+        <source>%1 samples in %2 traces are infinite or no numbers; the first such trace is %3.</source>
+        <translation>%2 道中有 %1 个采样点为无穷大或非数值；第一个这样的道是第 %3 道。</translation>
+    </message>
+    <message>
+        <source>Write the file anew, or leave these traces out when you pick.</source>
+        <translation>请重新写出该文件，或在拾取时不使用这些道。</translation>
+    </message>
+    <message>
+        <source>%1 traces have samples of an impossible size; the first is trace %2.</source>
+        <translation>有 %1 道的采样值大得不合理；第一个是第 %2 道。</translation>
+    </message>
+    <message>
+        <source>The sample format in bytes 3225-3226 may be wrong, or the file damaged.</source>
+        <translation>第 3225-3226 字节的采样格式可能有误，或文件已损坏。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 traces have no signal and are not marked as dead; the first is trace %3.</source>
+        <translation>%2 道中有 %1 道没有信号且未标记为死道；第一个是第 %3 道。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 traces are marked as dead; the first is trace %3.</source>
+        <translation>%2 道中有 %1 道标记为死道；第一个是第 %3 道。</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to examine %1.</source>
+        <translation>内存不足，无法检查 %1。</translation>
+    </message>
+</context>
+<context>
     <name>OvSegyFile</name>
     <message>
         <source>Cannot open %1: %2</source>
@@ -161,10 +316,6 @@
     <message>
         <source>it is no SEG-Y file, or its binary header is damaged: the sample format code in bytes 3225-3226 is %1.</source>
         <translation>它不是 SEG-Y 文件，或其二进制卷头已损坏：第 3225-3226 字节的采样格式代码为 %1。</translation>
-    </message>
-    <message>
-        <source>its samples are in format %1 (%2), which is not supported. Convert it to format 1, 2, 3, 5 or 8.</source>
-        <translation>其采样格式为 %1（%2），不受支持。请转换为格式 1、2、3、5 或 8。</translation>
     </message>
     <message>
         <source>The revision number %1.%2 is unknown; the file is read as revision 0.</source>
@@ -217,6 +368,10 @@
     <message>
         <source>The file ends in the middle of a trace or is damaged: %1 whole traces are read, %2 bytes behind them are left out.</source>
         <translation>文件在某一道中间结束或已损坏：读取 %1 个完整的道，忽略其后的 %2 字节。</translation>
+    </message>
+    <message>
+        <source>its samples are in format %1 (%2), which is not supported. Convert it to format 1 or 5.</source>
+        <translation>其采样格式为 %1（%2），不受支持。请转换为格式 1 或 5。</translation>
     </message>
 </context>
 <context>
@@ -315,6 +470,18 @@
     <message>
         <source>Unknown format %1</source>
         <translation>未知格式 %1</translation>
+    </message>
+    <message>
+        <source>big-endian</source>
+        <translation>大端</translation>
+    </message>
+    <message>
+        <source>little-endian</source>
+        <translation>小端</translation>
+    </message>
+    <message>
+        <source>pair-swapped</source>
+        <translation>字节成对交换</translation>
     </message>
 </context>
 <context>

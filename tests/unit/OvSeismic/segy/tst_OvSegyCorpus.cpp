@@ -41,6 +41,7 @@ const Expected table[] = {
     {"formats/Format3msb.sgy", 414, 75, 4000, 3, false, 1, 0, false, 23, -1, -1, staleCount},
     {"formats/Format5lsb.sgy", 414, 75, 4000, 5, true, 1, 0, false, 23, -1, -1, staleCount},
     {"formats/Format5msb.sgy", 414, 75, 4000, 5, false, 1, 0, false, 23, -1, -1, staleCount},
+    {"formats/Format6msb.sgy", 414, 75, 4000, 6, false, 2, 0, false, 23, -1, -1, staleCount},
     {"formats/Format8msb.sgy", 414, 75, 4000, 8, false, 1, 0, false, 23, -1, -1, staleCount},
     {"formats/bigEndianIEEEFloat.sgy", 120, 751, 2000, 5, false, 0, 0, false, 1, 0, 3000,
      noRecords},
@@ -76,7 +77,6 @@ const Expected table[] = {
 };
 
 const QPair<const char*, const char*> refused[] = {
-    {"formats/Format6msb.sgy", "format 6 (8-byte IEEE floating point), which is not supported"},
     {"odd/ozdata.16", "Seismic Unix (SU) file"},
     {"odd/text.sgy", "not one trace"},
 };
@@ -241,7 +241,7 @@ void tst_OvSegyCorpus::samplesAgainstNpy()
 void tst_OvSegyCorpus::sameSamplesInEveryFormat_data()
 {
     QTest::addColumn<QString>("file");
-    for (const char* name : {"1lsb", "2msb", "3msb", "5msb", "5lsb"})
+    for (const char* name : {"1lsb", "2msb", "3msb", "5msb", "5lsb", "6msb"})
         QTest::newRow(name) << QStringLiteral("formats/Format%1.sgy").arg(QLatin1String(name));
 }
 

@@ -172,9 +172,6 @@ void tst_OvSegyFile::unsupportedFormatIsNamed_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("part");
     QTest::newRow("4") << 4 << "4 (4-byte fixed point with gain)";
-    QTest::newRow("6") << 6 << "6 (8-byte IEEE floating point)";
-    QTest::newRow("7") << 7 << "7 (3-byte integer)";
-    QTest::newRow("16") << 16 << "16 (1-byte unsigned integer)";
     QTest::newRow("0") << 0 << "3225-3226 is 0";
     QTest::newRow("13") << 13 << "3225-3226 is 13";
     QTest::newRow("-1") << -1 << "3225-3226 is -1";

@@ -23,11 +23,15 @@ void tst_OvSegySampleFormat::codes_data()
     QTest::newRow("3") << 3 << 2 << true;
     QTest::newRow("4") << 4 << 4 << false;
     QTest::newRow("5") << 5 << 4 << true;
-    QTest::newRow("6") << 6 << 8 << false;
-    QTest::newRow("7") << 7 << 3 << false;
+    QTest::newRow("6") << 6 << 8 << true;
+    QTest::newRow("7") << 7 << 3 << true;
     QTest::newRow("8") << 8 << 1 << true;
-    QTest::newRow("12") << 12 << 8 << false;
-    QTest::newRow("16") << 16 << 1 << false;
+    QTest::newRow("9") << 9 << 8 << true;
+    QTest::newRow("10") << 10 << 4 << true;
+    QTest::newRow("11") << 11 << 2 << true;
+    QTest::newRow("12") << 12 << 8 << true;
+    QTest::newRow("15") << 15 << 3 << true;
+    QTest::newRow("16") << 16 << 1 << true;
 }
 
 void tst_OvSegySampleFormat::codes()
