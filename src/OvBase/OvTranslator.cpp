@@ -5,9 +5,9 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLocale>
-#include <QSet>
 #include <QTranslator>
 
+#include <algorithm>
 #include <map>
 
 namespace {
@@ -15,14 +15,44 @@ namespace {
 const QString LanguageKey = QStringLiteral("language");
 const QString CatalogueFolder = QStringLiteral(":/resource/translations");
 
-QStringList catalogueNames(OvTranslator::LanguageType type)
+QStringList shellCatalogues(OvTranslator::LanguageType type)
+{
+    if (type == OvTranslator::English)
+        return {QStringLiteral("Tarnpick_en.qm")};
+    return {QStringLiteral("qt_zh_CN.qm"), QStringLiteral("Tarnpick_cn.qm")};
+}
+
+bool isShellThere(const QDir& folder)
+{
+    const QStringList all =
+        shellCatalogues(OvTranslator::English) + shellCatalogues(OvTranslator::Chinese);
+    return std::any_of(all.begin(), all.end(),
+                       [&folder](const QString& name) { return folder.exists(name); });
+}
+
+QStringList missingNames(OvTranslator::LanguageType type)
 {
     const QDir folder(CatalogueFolder);
+    QStringList missing;
+    if (!isShellThere(folder))
+        return missing;
+    for (const QString& name : shellCatalogues(type)) {
+        if (!folder.exists(name))
+            missing.append(name);
+    }
+    return missing;
+}
+
+QStringList catalogueNames(OvTranslator::LanguageType type)
+{
+    const auto matching = [](const QString& pattern) {
+        return QDir(CatalogueFolder)
+            .entryList({pattern}, QDir::Files | QDir::CaseSensitive, QDir::Name);
+    };
     if (type == OvTranslator::English)
-        return folder.entryList({QStringLiteral("*_en.qm")}, QDir::Files, QDir::Name);
+        return matching(QStringLiteral("*_en.qm"));
     // The toolkit's own texts first: of two catalogues the later one wins.
-    return folder.entryList({QStringLiteral("*_zh_CN.qm")}, QDir::Files, QDir::Name) +
-           folder.entryList({QStringLiteral("*_cn.qm")}, QDir::Files, QDir::Name);
+    return matching(QStringLiteral("*_zh_CN.qm")) + matching(QStringLiteral("*_cn.qm"));
 }
 
 QLocale localeOf(OvTranslator::LanguageType type)
@@ -40,41 +70,43 @@ struct OvTranslator::Private
     LanguageType language = English;
     bool isSessionOnly = false;
     Catalogues installed; ///< by name
-    QSet<QString> reported;
+    QStringList reported; ///< catalogues of this language that are missing or damaged
 
-    std::unique_ptr<QTranslator> load(const QString& name);
     QStringList install(LanguageType type);
+    void report(const QStringList& lost);
     bool change(LanguageType type);
 };
 
-/// Null, with one warning a catalogue, for a damaged one.
-std::unique_ptr<QTranslator> OvTranslator::Private::load(const QString& name)
-{
-    auto translator = std::make_unique<QTranslator>();
-    if (translator->load(name, CatalogueFolder))
-        return translator;
-    if (!reported.contains(name))
-        qWarning("The translations %s cannot be read; their texts stay English.",
-                 qUtf8Printable(name));
-    reported.insert(name);
-    return nullptr;
-}
-
+/// The names of the catalogues that are missing or damaged.
 QStringList OvTranslator::Private::install(LanguageType type)
 {
-    QStringList added;
+    QStringList lost = missingNames(type);
     const QStringList names = catalogueNames(type);
     for (const QString& name : names) {
         if (installed.count(name))
             continue;
-        std::unique_ptr<QTranslator> translator = load(name);
-        if (!translator)
+        auto translator = std::make_unique<QTranslator>();
+        if (!translator->load(name, CatalogueFolder)) {
+            lost.append(name);
             continue;
+        }
         QCoreApplication::installTranslator(translator.get());
         installed[name] = std::move(translator);
-        added.append(name);
     }
-    return added;
+    return lost;
+}
+
+void OvTranslator::Private::report(const QStringList& lost)
+{
+    QStringList fresh;
+    for (const QString& name : lost) {
+        if (!reported.contains(name))
+            fresh.append(name);
+    }
+    reported += fresh;
+    if (!fresh.isEmpty())
+        qWarning("The translations %s are missing or damaged; their texts stay English.",
+                 qUtf8Printable(fresh.join(QStringLiteral(", "))));
 }
 
 bool OvTranslator::Private::change(LanguageType type)
@@ -83,13 +115,16 @@ bool OvTranslator::Private::change(LanguageType type)
         return true;
     Catalogues former = std::move(installed);
     installed.clear();
-    if (install(type).isEmpty() && type != English) {
-        qWarning("No translations were found in %s; the language stays what it was.",
-                 qUtf8Printable(CatalogueFolder));
+    const QStringList lost = install(type);
+    if (installed.empty() && type != English) {
+        qWarning("No translations can be read in %s (%s); the language stays what it was.",
+                 qUtf8Printable(CatalogueFolder), qUtf8Printable(lost.join(QStringLiteral(", "))));
         installed = std::move(former);
         return false;
     }
     language = type;
+    reported.clear();
+    report(lost);
     QLocale::setDefault(localeOf(type));
     return true;
 }
@@ -104,7 +139,7 @@ OvTranslator::OvTranslator()
     : d(std::make_unique<Private>())
 {
     QLocale::setDefault(localeOf(English));
-    d->install(English);
+    d->report(d->install(English));
 }
 
 OvTranslator::~OvTranslator() = default;
@@ -139,5 +174,5 @@ void OvTranslator::restore()
 
 void OvTranslator::refreshCatalogues()
 {
-    d->install(d->language);
+    d->report(d->install(d->language));
 }

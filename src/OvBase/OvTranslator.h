@@ -9,7 +9,9 @@
 /// The program's language. GUI thread.
 ///
 /// Catalogues are the .qm files under :/resource/translations, brought by each library and plug-in:
-/// <name>_en.qm for English, <name>_cn.qm and qt_zh_CN.qm for Simplified Chinese.
+/// <name>_en.qm for English, <name>_cn.qm and qt_zh_CN.qm for Simplified Chinese. The shell brings
+/// Tarnpick_en.qm, Tarnpick_cn.qm and qt_zh_CN.qm together: where one is there, none may be
+/// missing.
 class OVBASE_EXPORT OvTranslator : public QObject
 {
     Q_OBJECT
@@ -23,9 +25,9 @@ public:
 
     LanguageType languageType() const;
     /// Installs the catalogues of the language, so that every window gets a language-change event,
-    /// and remembers the choice in the global value "language". A damaged catalogue is reported by
-    /// one warning, and its texts stay English; without any catalogue the language stays what it
-    /// was.
+    /// and remembers the choice in the global value "language". Each switch reports the missing and
+    /// damaged catalogues in one warning; their texts stay English. Without any catalogue the
+    /// language stays what it was.
     void setLanguageType(LanguageType type);
     /// Sets the language without remembering it (a command-line choice), and keeps restore() from
     /// replacing it.

@@ -14,8 +14,9 @@
 #include <utility>
 
 namespace {
+constexpr int leastConsoleWidth = 200; // pixels that lines can be read in
 constexpr int initialDockHeight = 120;
-}
+} // namespace
 
 bool OvTarnpickPrivate::firstShow = false;
 
@@ -84,6 +85,18 @@ void OvTarnpickPrivate::initDockWidgets()
     }
     setDockHeightLimit(initialDockHeight);
     OvConsole::instance().close();
+    // Queued: the row is laid out first.
+    QObject::connect(
+        &OvConsole::instance(), &QDockWidget::visibilityChanged, q, [this] { giveConsoleRoom(); },
+        Qt::QueuedConnection);
+}
+
+void OvTarnpickPrivate::giveConsoleRoom()
+{
+    // Left to itself the row gives the console no more than its narrow size hint.
+    OvConsole& console = OvConsole::instance();
+    if (console.isVisible() && console.width() < leastConsoleWidth)
+        q->resizeDocks({&console, &OvTaskMonitor::instance()}, {1, 1}, Qt::Horizontal);
 }
 
 void OvTarnpickPrivate::setDockHeightLimit(int pixels)

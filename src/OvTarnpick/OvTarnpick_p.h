@@ -53,6 +53,7 @@ public:
 
 private:
     void connectTiling();
+    void giveConsoleRoom();
     void collectFormActions(QList<QAction*>* actions);
     void addModuleWidgets();
     Q_DISABLE_COPY(OvTarnpickPrivate)

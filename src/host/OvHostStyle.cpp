@@ -1,9 +1,14 @@
 #include "host/OvHostStyle.h"
 
+#include "host/OvMessageIcons.h"
+
+#include <QMdiArea>
 #include <QPainter>
 #include <QStyleOption>
 
 namespace {
+
+constexpr int titleLift = 3; // pixels
 
 QColor between(const QColor& a, const QColor& b)
 {
@@ -41,4 +46,38 @@ void OvHostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     else
         painter->drawEllipse(edge);
     painter->restore();
+}
+
+int OvHostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                           QStyleHintReturn* returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+QRect OvHostStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                  SubControl subControl, const QWidget* widget) const
+{
+    const QRect rect = QProxyStyle::subControlRect(control, option, subControl, widget);
+    // Chinese letters reach further down than Fusion reckons with.
+    const bool isTitle = control == CC_GroupBox && subControl == SC_GroupBoxLabel;
+    return isTitle ? rect.translated(0, -titleLift) : rect;
+}
+
+QIcon OvHostStyle::standardIcon(StandardPixmap sign, const QStyleOption* option,
+                                const QWidget* widget) const
+{
+    const QIcon own = OvMessageIcons::icon(sign);
+    return own.isNull() ? QProxyStyle::standardIcon(sign, option, widget) : own;
+}
+
+void OvHostStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    auto* area = qobject_cast<QMdiArea*>(widget);
+    if (!area)
+        return;
+    const QPalette palette = area->palette();
+    area->setBackground(palette.color(QPalette::Window).darker(isDark(palette) ? 150 : 107));
 }

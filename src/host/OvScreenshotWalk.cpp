@@ -1,162 +1,153 @@
 #include "host/OvScreenshotWalk.h"
 
-#include "OvBase/OvProjectManager.h"
 #include "OvBase/OvTaskManager.h"
 #include "OvGui/OvGatherViewController.h"
 #include "OvGui/OvMultiPlaneViewController.h"
 #include "host/OvHostSession.h"
+#include "host/OvWalkHands.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDialog>
-#include <QDialogButtonBox>
-#include <QDir>
 #include <QListView>
 #include <QMainWindow>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
 
-#include <algorithm>
+using namespace OvWalkHands;
 
 namespace {
 
 constexpr int longWaitMs = 300000;
 constexpr QSize pictureSize(1280, 800);
+// Entries of the list of displays.
+constexpr int wiggleAndArea = 2;
+constexpr int variableDensity = 3;
 
-bool writePicture(QWidget* widget, const QString& folder, const QString& name)
+bool isOpen()
 {
-    return widget && QDir().mkpath(folder) &&
-           widget->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+    return openDialog() != nullptr;
 }
 
-QAction* findAction(const QList<QAction*>& actions, const QString& name)
+bool isClosed()
 {
-    for (QAction* action : actions) {
-        if (action->objectName() == name)
-            return action;
-        QAction* below = action->menu() ? findAction(action->menu()->actions(), name) : nullptr;
-        if (below)
-            return below;
-    }
-    return nullptr;
+    return !isOpen();
 }
 
-bool trigger(const QString& name)
+OvStepRunner::Step pictureStep(const QString& folder, const QString& name)
 {
-    QMainWindow* window = OvHostSession::mainWindow();
-    QAction* action = window ? findAction(window->menuBar()->actions(), name) : nullptr;
-    if (!action || !action->isEnabled())
-        return false;
-    action->trigger();
+    return {name, allShown, [=] { return pictureOfMain(folder, name); }, longWaitMs};
+}
+
+OvStepRunner::Step triggerStep(const QString& actionName)
+{
+    return {actionName, isClosed, [=] { return trigger(actionName); }};
+}
+
+// A picture of the open dialog, which is then left.
+OvStepRunner::Step dialogStep(const QString& folder, const QString& name)
+{
+    return {name, isOpen, [=] {
+                QDialog* dialog = openDialog();
+                const bool written = writePicture(dialog, folder, name);
+                dialog->reject();
+                return written;
+            }};
+}
+
+// Some picks are moved and one is rejected.
+bool correctPicks()
+{
+    return dragAlongPicks(44, 52, 1.0) && rejectPick(58) && hoverAtPick(62);
+}
+
+bool showWholeGather()
+{
+    gatherViews().first()->zoomToFit();
     return true;
 }
 
-QDialog* openDialog()
-{
-    return qobject_cast<QDialog*>(QApplication::activeModalWidget());
-}
-
-bool confirm(QDialog* dialog)
-{
-    auto* box = dialog ? dialog->findChild<QDialogButtonBox*>() : nullptr;
-    QPushButton* button = box ? box->button(QDialogButtonBox::Ok) : nullptr;
-    if (button)
-        button->click();
-    return button != nullptr;
-}
-
-QList<OvGatherViewController*> gatherViews()
+QDialog* informationDialog()
 {
     QMainWindow* window = OvHostSession::mainWindow();
-    return window ? window->findChildren<OvGatherViewController*>()
-                  : QList<OvGatherViewController*>();
+    auto* dialog = window->findChild<QDialog*>(QStringLiteral("OvSegyInfoDlg"));
+    return dialog && dialog->isVisible() ? dialog : nullptr;
 }
 
-bool allShown()
+bool pictureOfInformation(const QString& folder, const QString& name)
 {
-    const auto views = gatherViews();
-    return !views.isEmpty() &&
-           std::all_of(views.begin(), views.end(), [](OvGatherViewController* view) {
-               return view->document()->isIndexComplete() && view->isShowingData();
-           });
+    QDialog* dialog = informationDialog();
+    const bool written = writePicture(dialog, folder, name);
+    dialog->close();
+    return written;
 }
 
-bool hasPicks()
-{
-    const auto views = gatherViews();
-    return !views.isEmpty() &&
-           views.first()->document()->firstBreaks(views.first()->currentGather()).pickedCount() > 0;
-}
-
-bool addSecondView()
-{
-    const auto views = gatherViews();
-    if (views.isEmpty())
-        return false;
-    auto* second = new OvGatherViewController(views.first()->document());
-    OvProjectManager::instance().addWorkspace(second);
-    second->setCurrentGather(second->gatherCount() - 1);
-    return true;
-}
-
-bool linkAll(const QString& folder)
+bool linkAll(const QString& folder, const QString& name)
 {
     QDialog* dialog = openDialog();
     auto* all = dialog->findChild<QAbstractButton*>(QStringLiteral("selAllBtn"));
     if (!all)
         return false;
     all->click();
-    return writePicture(dialog, folder, QStringLiteral("6-link-windows")) && confirm(dialog);
+    return writePicture(dialog, folder, name) && confirm(dialog);
 }
 
 bool parallelViewShown()
 {
     QMainWindow* window = OvHostSession::mainWindow();
     auto* view = window ? window->findChild<OvMultiPlaneViewController*>() : nullptr;
-    if (!view || !view->isVisible() || openDialog())
-        return false;
-    return view->isShowingData();
+    return view && view->isVisible() && isClosed() && view->isShowingData();
 }
 
-// The open dialog with its first project shown, if it lists any.
-bool pictureOfProjects(const QString& folder)
+// The open dialog shows its first project, if it lists any.
+bool chooseFirstProject()
 {
-    QDialog* dialog = openDialog();
-    auto* list = dialog->findChild<QListView*>(QStringLiteral("projectList"));
+    auto* list = openDialog()->findChild<QListView*>(QStringLiteral("projectList"));
     if (!list)
         return false;
     list->setCurrentIndex(list->model()->index(0, 0));
-    const bool written = writePicture(dialog, folder, QStringLiteral("9-manage-projects"));
-    dialog->reject();
-    return written;
-}
-
-bool pictureOfNewProject(const QString& folder)
-{
-    QDialog* dialog = openDialog();
-    const bool written = writePicture(dialog, folder, QStringLiteral("8-new-project"));
-    dialog->reject();
-    return written;
-}
-
-bool pictureOfMain(const QString& folder, const QString& name)
-{
-    return writePicture(OvHostSession::mainWindow(), folder, name);
+    return true;
 }
 
 void addPicking(OvStepRunner* runner, const QString& folder)
 {
-    runner->add({QStringLiteral("Auto Pick"), {}, [] { return trigger("actionAuto_Pick"); }});
-    runner->add({QStringLiteral("picking dialog"), [] { return openDialog() != nullptr; },
-                 [folder] {
-                     return writePicture(openDialog(), folder, QStringLiteral("4-picking")) &&
+    runner->add(triggerStep(QStringLiteral("actionAuto_Pick")));
+    runner->add({QStringLiteral("picking dialog"), isOpen, [folder] {
+                     return writePicture(openDialog(), folder, QStringLiteral("04-picking")) &&
                             confirm(openDialog());
                  }});
     runner->add(
         {QStringLiteral("picks"),
          [] { return hasPicks() && !OvTaskManager::instance().hasRunningJob() && allShown(); },
-         [folder] { return pictureOfMain(folder, QStringLiteral("5-picks")); }, longWaitMs});
+         [folder] { return pictureOfMain(folder, QStringLiteral("05-picks")); }, longWaitMs});
+}
+
+void addEditing(OvStepRunner* runner, const QString& folder)
+{
+    runner->add(triggerStep(QStringLiteral("actionEdit_Picks")));
+    runner->add({QStringLiteral("zoom to picks"), allShown, [] { return zoomToPicks(32, 72); }});
+    runner->add({QStringLiteral("correction"), allShown, correctPicks});
+    runner->add(pictureStep(folder, QStringLiteral("06-editing")));
+    runner->add(triggerStep(QStringLiteral("actionEdit_Picks")));
+    runner->add({QStringLiteral("whole gather"), {}, showWholeGather});
+}
+
+void addDisplays(OvStepRunner* runner, const QString& folder)
+{
+    const QString list = QStringLiteral("displayMode");
+    runner->add(
+        {QStringLiteral("density"), allShown, [=] { return choose(list, variableDensity); }});
+    runner->add(pictureStep(folder, QStringLiteral("07-variable-density")));
+    runner->add({QStringLiteral("wiggles"), {}, [=] { return choose(list, wiggleAndArea); }});
+}
+
+void addInformation(OvStepRunner* runner, const QString& folder)
+{
+    runner->add(triggerStep(QStringLiteral("actionSegy_Information")));
+    runner->add(
+        {QStringLiteral("information dialog"), [] { return informationDialog() != nullptr; },
+         [folder] { return pictureOfInformation(folder, QStringLiteral("08-segy-information")); }});
+    runner->add({QStringLiteral("console"), {}, [] { return setDockVisible("OvConsole", true); }});
+    runner->add(pictureStep(folder, QStringLiteral("09-console")));
+    runner->add(
+        {QStringLiteral("no console"), {}, [] { return setDockVisible("OvConsole", false); }});
 }
 
 void addParallelView(OvStepRunner* runner, const QString& folder)
@@ -164,24 +155,22 @@ void addParallelView(OvStepRunner* runner, const QString& folder)
     runner->add({QStringLiteral("second view"), {}, addSecondView});
     runner->add(
         {QStringLiteral("Parallel View"), allShown, [] { return trigger("actionLinkWindow"); }});
-    runner->add({QStringLiteral("link-window dialog"), [] { return openDialog() != nullptr; },
-                 [folder] { return linkAll(folder); }});
+    runner->add({QStringLiteral("link-window dialog"), isOpen,
+                 [folder] { return linkAll(folder, QStringLiteral("10-link-windows")); }});
     runner->add({QStringLiteral("parallel view"), parallelViewShown,
-                 [folder] { return pictureOfMain(folder, QStringLiteral("7-parallel-view")); }});
+                 [folder] { return pictureOfMain(folder, QStringLiteral("11-parallel-view")); }});
 }
 
-void addProjectDialogs(OvStepRunner* runner, const QString& folder)
+void addDialogs(OvStepRunner* runner, const QString& folder)
 {
-    const auto isOpen = [] { return openDialog() != nullptr; };
-    const auto isClosed = [] { return openDialog() == nullptr; };
-    runner->add({QStringLiteral("New Project"), {}, [] { return trigger("action_New_Project"); }});
-    runner->add({QStringLiteral("new-project dialog"), isOpen,
-                 [folder] { return pictureOfNewProject(folder); }});
-    runner->add({QStringLiteral("Manage Project"), isClosed,
-                 [] { return trigger("action_Manage_Project"); }});
-    runner->add(
-        {QStringLiteral("project dialog"), isOpen, [folder] { return pictureOfProjects(folder); }});
-    runner->add({QStringLiteral("closed project dialog"), isClosed, {}});
+    runner->add(triggerStep(QStringLiteral("action_New_Project")));
+    runner->add(dialogStep(folder, QStringLiteral("12-new-project")));
+    runner->add(triggerStep(QStringLiteral("action_Manage_Project")));
+    runner->add({QStringLiteral("project dialog"), isOpen, chooseFirstProject});
+    runner->add(dialogStep(folder, QStringLiteral("13-manage-projects")));
+    runner->add(triggerStep(QStringLiteral("actionAbout_Tarnpick")));
+    runner->add(dialogStep(folder, QStringLiteral("14-about")));
+    runner->add({QStringLiteral("closed dialog"), isClosed, {}});
 }
 
 } // namespace
@@ -189,7 +178,7 @@ void addProjectDialogs(OvStepRunner* runner, const QString& folder)
 void OvScreenshotWalk::addLogin(OvStepRunner* runner, QWidget* loginWindow, const QString& folder)
 {
     runner->add({QStringLiteral("login window"), [loginWindow] { return loginWindow->isVisible(); },
-                 [=] { return writePicture(loginWindow, folder, QStringLiteral("1-login")); }});
+                 [=] { return writePicture(loginWindow, folder, QStringLiteral("01-login")); }});
 }
 
 void OvScreenshotWalk::addEmptyWindow(OvStepRunner* runner, const QString& folder)
@@ -202,15 +191,16 @@ void OvScreenshotWalk::addEmptyWindow(OvStepRunner* runner, const QString& folde
                  }});
     runner->add({QStringLiteral("resized main window"),
                  [] { return OvHostSession::mainWindow()->size() == pictureSize; },
-                 [folder] { return pictureOfMain(folder, QStringLiteral("2-main")); }});
+                 [folder] { return pictureOfMain(folder, QStringLiteral("02-main")); }});
 }
 
 void OvScreenshotWalk::addWork(OvStepRunner* runner, const QString& folder)
 {
-    runner->add({QStringLiteral("gather"), allShown,
-                 [folder] { return pictureOfMain(folder, QStringLiteral("3-gather")); },
-                 longWaitMs});
+    runner->add(pictureStep(folder, QStringLiteral("03-gather")));
     addPicking(runner, folder);
+    addEditing(runner, folder);
+    addDisplays(runner, folder);
+    addInformation(runner, folder);
     addParallelView(runner, folder);
-    addProjectDialogs(runner, folder);
+    addDialogs(runner, folder);
 }

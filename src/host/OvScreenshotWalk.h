@@ -14,8 +14,8 @@ namespace OvScreenshotWalk {
 void addLogin(OvStepRunner* runner, QWidget* loginWindow, const QString& folder);
 /// The main window as it stands after login.
 void addEmptyWindow(OvStepRunner* runner, const QString& folder);
-/// Gather, automatic picking, picks, parallel view, project dialogs; needs a file that is being
-/// shown.
+/// Gather, automatic picking, picks, their correction, the other displays, SEG-Y information,
+/// console, parallel view, project dialogs, about; needs a file that is being shown.
 void addWork(OvStepRunner* runner, const QString& folder);
 
 } // namespace OvScreenshotWalk

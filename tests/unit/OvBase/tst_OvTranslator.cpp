@@ -24,6 +24,31 @@ QString resourceFile(const char* name)
            QStringLiteral("/tests/unit/OvBase/") + QLatin1String(name);
 }
 
+/// Resource files that lend their catalogues while it lives.
+class Catalogues
+{
+public:
+    explicit Catalogues(const QStringList& names)
+    {
+        for (const QString& name : names) {
+            const QString file = resourceFile(qPrintable(name + ".rcc"));
+            if (QResource::registerResource(file))
+                m_files.append(file);
+            else
+                QTest::qFail(qPrintable("cannot load " + file), __FILE__, __LINE__);
+        }
+    }
+    ~Catalogues()
+    {
+        for (const QString& file : m_files)
+            QResource::unregisterResource(file);
+    }
+    Q_DISABLE_COPY(Catalogues)
+
+private:
+    QStringList m_files;
+};
+
 /// Counts the language changes that reach a window.
 class Window : public QWidget
 {
@@ -62,7 +87,9 @@ private slots:
     void aStrangeChoiceIsChinese();
     void theSessionLanguageIsNotRemembered();
     void aPlugInsCatalogueIsTakenIn();
-    void aDamagedCatalogueIsReportedOnce();
+    void eachSwitchReportsADamagedCatalogueOnce();
+    void theShellsCataloguesAreAllNeeded_data();
+    void theShellsCataloguesAreAllNeeded();
 
 private:
     OvTranslator& m_translator = OvTranslator::instance();
@@ -190,16 +217,58 @@ void tst_OvTranslator::aPlugInsCatalogueIsTakenIn()
     QCOMPARE(offset(), QStringLiteral("炮检距"));
 }
 
-void tst_OvTranslator::aDamagedCatalogueIsReportedOnce()
+void tst_OvTranslator::eachSwitchReportsADamagedCatalogueOnce()
 {
-    QVERIFY(QResource::registerResource(resourceFile("damaged_cn.rcc")));
-    m_fixture->warnings.expect(QStringLiteral("damaged_cn.qm"));
+    const Catalogues resources({QStringLiteral("damaged_cn")});
     for (int round = 0; round < 2; ++round) {
+        m_fixture->warnings.expect(QStringLiteral("damaged_cn.qm"));
         m_translator.setLanguageType(OvTranslator::Chinese);
+        m_translator.refreshCatalogues();
         QCOMPARE(gather(), QStringLiteral("道集"));
         m_translator.setLanguageType(OvTranslator::English);
     }
-    QVERIFY(QResource::unregisterResource(resourceFile("damaged_cn.rcc")));
+}
+
+void tst_OvTranslator::theShellsCataloguesAreAllNeeded_data()
+{
+    QTest::addColumn<QStringList>("present");
+    QTest::addColumn<QString>("inChinese"); // what the warning names; empty for no warning
+    QTest::addColumn<QString>("inEnglish");
+    const QString none;
+    const QString en("Tarnpick_en.qm"), cn("Tarnpick_cn.qm"), toolkit("qt_zh_CN.qm");
+    const QString wholeEn("whole_Tarnpick_en"), wholeCn("whole_Tarnpick_cn"),
+        wholeToolkit("whole_qt_zh_CN");
+    QTest::newRow("all") << QStringList{wholeEn, wholeCn, wholeToolkit} << none << none;
+    QTest::newRow("no toolkit") << QStringList{wholeEn, wholeCn} << toolkit << none;
+    QTest::newRow("no Chinese") << QStringList{wholeEn, wholeToolkit} << cn << none;
+    QTest::newRow("no English") << QStringList{wholeCn, wholeToolkit} << none << en;
+    QTest::newRow("English alone") << QStringList{wholeEn} << toolkit + ", " + cn << none;
+    QTest::newRow("broken toolkit")
+        << QStringList{wholeEn, wholeCn, "broken_qt_zh_CN"} << toolkit << none;
+    QTest::newRow("broken Chinese")
+        << QStringList{wholeEn, "broken_Tarnpick_cn", wholeToolkit} << cn << none;
+    QTest::newRow("broken English")
+        << QStringList{"broken_Tarnpick_en", wholeCn, wholeToolkit} << none << en;
+}
+
+void tst_OvTranslator::theShellsCataloguesAreAllNeeded()
+{
+    QFETCH(QStringList, present);
+    QFETCH(QString, inChinese);
+    QFETCH(QString, inEnglish);
+    const Catalogues resources(present);
+    for (int round = 0; round < 2; ++round) {
+        if (!inChinese.isEmpty())
+            m_fixture->warnings.expect("The translations " + inChinese + " are missing or damaged");
+        m_translator.setLanguageType(OvTranslator::Chinese);
+        m_translator.refreshCatalogues();
+        // The other catalogues still work.
+        QCOMPARE(gather(), QStringLiteral("道集"));
+        if (!inEnglish.isEmpty())
+            m_fixture->warnings.expect("The translations " + inEnglish + " are missing or damaged");
+        m_translator.setLanguageType(OvTranslator::English);
+        QCOMPARE(m_fixture->warnings.problems(), QString());
+    }
 }
 
 QTEST_MAIN(tst_OvTranslator)

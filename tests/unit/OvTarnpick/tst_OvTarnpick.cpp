@@ -45,6 +45,7 @@ private slots:
 
     void holdsTheDocksLowUntilShown();
     void docksConsoleAndTaskMonitor();
+    void theConsoleGetsHalfOfItsRowAtFirst();
     void fillsTheToolBarWithoutPlugins();
     void startsWithoutAProject();
     void neverShowsTheReservedEntries();
@@ -162,6 +163,24 @@ void tst_OvTarnpick::docksConsoleAndTaskMonitor()
     QVERIFY(OvConsole::instance().isVisible());
     entries.at(8)->trigger();
     QVERIFY(!OvConsole::instance().isVisible());
+}
+
+void tst_OvTarnpick::theConsoleGetsHalfOfItsRowAtFirst()
+{
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    const int third = m_window->width() / 3;
+    OvConsole::instance().show();
+    QTRY_VERIFY(OvConsole::instance().width() > third && OvTaskMonitor::instance().width() > third);
+    // What the user makes of it later stays.
+    constexpr int chosen = 300;
+    m_window->resizeDocks({&OvConsole::instance(), &OvTaskMonitor::instance()},
+                          {chosen, m_window->width() - chosen}, Qt::Horizontal);
+    QTRY_VERIFY(qAbs(OvConsole::instance().width() - chosen) < 10);
+    OvConsole::instance().close();
+    OvConsole::instance().show();
+    QTRY_VERIFY(qAbs(OvConsole::instance().width() - chosen) < 10);
+    OvConsole::instance().close();
 }
 
 void tst_OvTarnpick::fillsTheToolBarWithoutPlugins()

@@ -1,10 +1,17 @@
 #include "host/OvHostLook.h"
 
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QFontInfo>
+#include <QGroupBox>
 #include <QImage>
+#include <QMdiArea>
+#include <QMessageBox>
 #include <QPainter>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QStyleFactory>
+#include <QStyleOptionGroupBox>
 #include <QtTest>
 
 #include <cmath>
@@ -22,6 +29,12 @@ private slots:
     void darkDesktopStaysDark();
     void boxesStandOutOfADarkWindow_data();
     void boxesStandOutOfADarkWindow();
+    void groundBehindSubWindowsIsQuiet_data();
+    void groundBehindSubWindowsIsQuiet();
+    void dialogButtonsHaveNoPictures();
+    void titlesOfGroupsStandClearOfTheFrame();
+    void messageBoxesHaveSharpSigns_data();
+    void messageBoxesHaveSharpSigns();
 };
 
 namespace {
@@ -43,6 +56,16 @@ double contrast(const QColor& a, const QColor& b)
     const double la = luminance(a);
     const double lb = luminance(b);
     return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+/// The look on a desktop of that kind.
+void applyLook(bool dark)
+{
+    QApplication::setPalette(QPalette(Qt::white, Qt::black));
+    QPalette desktop(QColor(60, 60, 60), dark ? QColor(30, 30, 30) : QColor(250, 250, 250));
+    desktop.setColor(QPalette::WindowText, dark ? Qt::white : Qt::black);
+    QApplication::setPalette(desktop);
+    OvHostLook::apply(qApp);
 }
 
 QImage pictureOf(const QString& text, const char* family)
@@ -105,18 +128,10 @@ void tst_OvHostLook::formFamiliesHaveInstalledSubstitutes()
 
 void tst_OvHostLook::darkDesktopStaysDark()
 {
-    QApplication::setPalette(QPalette(Qt::white, Qt::black));
-    QPalette desktop(QColor(60, 60, 60), QColor(30, 30, 30));
-    desktop.setColor(QPalette::WindowText, Qt::white);
-    QApplication::setPalette(desktop);
-    OvHostLook::apply(qApp);
+    applyLook(true);
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              OvHostLook::darkPalette().color(QPalette::Window));
-
-    desktop = QPalette(QColor(240, 240, 240), QColor(250, 250, 250));
-    desktop.setColor(QPalette::WindowText, Qt::black);
-    QApplication::setPalette(desktop);
-    OvHostLook::apply(qApp);
+    applyLook(false);
     QCOMPARE(QApplication::palette().color(QPalette::Window),
              OvHostLook::lightPalette().color(QPalette::Window));
 }
@@ -131,11 +146,7 @@ void tst_OvHostLook::boxesStandOutOfADarkWindow_data()
 void tst_OvHostLook::boxesStandOutOfADarkWindow()
 {
     QFETCH(bool, isBox);
-    QApplication::setPalette(QPalette(Qt::white, Qt::black));
-    QPalette desktop(QColor(60, 60, 60), QColor(30, 30, 30));
-    desktop.setColor(QPalette::WindowText, Qt::white);
-    QApplication::setPalette(desktop);
-    OvHostLook::apply(qApp);
+    applyLook(true);
     const std::unique_ptr<QAbstractButton> button(
         isBox ? static_cast<QAbstractButton*>(new QCheckBox) : new QRadioButton);
     const QImage picture = button->grab().toImage();
@@ -146,6 +157,82 @@ void tst_OvHostLook::boxesStandOutOfADarkWindow()
                                            OvHostLook::darkPalette().color(QPalette::Window)));
     // What the accessibility guidelines ask of the edge of a control.
     QVERIFY2(best >= 3.0, qPrintable(QString::number(best)));
+}
+
+void tst_OvHostLook::groundBehindSubWindowsIsQuiet_data()
+{
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light") << false;
+    QTest::newRow("dark") << true;
+}
+
+void tst_OvHostLook::groundBehindSubWindowsIsQuiet()
+{
+    QFETCH(bool, dark);
+    applyLook(dark);
+    QMdiArea area;
+    area.ensurePolished();
+    const QColor ground = area.grab().toImage().pixelColor(20, 20);
+    // Close to the window's own tone, on the darker side of it.
+    const QColor window = QApplication::palette().color(QPalette::Window);
+    QVERIFY2(ground.lightness() < window.lightness(), qPrintable(ground.name()));
+    QVERIFY2(ground.lightness() > window.lightness() - 40, qPrintable(ground.name()));
+}
+
+void tst_OvHostLook::dialogButtonsHaveNoPictures()
+{
+    applyLook(false);
+    const QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel |
+                               QDialogButtonBox::Close);
+    QCOMPARE(box.buttons().size(), 3);
+    for (const QAbstractButton* button : box.buttons())
+        QVERIFY2(button->icon().isNull(), qPrintable(button->text()));
+}
+
+void tst_OvHostLook::titlesOfGroupsStandClearOfTheFrame()
+{
+    applyLook(false);
+    QGroupBox box(QStringLiteral("项目列表"));
+    box.resize(300, 200);
+    QStyleOptionGroupBox option;
+    option.initFrom(&box);
+    option.text = box.title();
+    option.subControls = QStyle::SC_GroupBoxFrame | QStyle::SC_GroupBoxLabel;
+    const auto titleIn = [&](const QStyle* style) {
+        return style->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, &box);
+    };
+    const std::unique_ptr<QStyle> plain(QStyleFactory::create("Fusion"));
+    QCOMPARE(titleIn(box.style()), titleIn(plain.get()).translated(0, -3));
+    // And not cut off above.
+    const QImage picture = box.grab().toImage();
+    for (int x = 0; x < picture.width(); ++x)
+        QCOMPARE(picture.pixelColor(x, 0), picture.pixelColor(0, 0));
+}
+
+void tst_OvHostLook::messageBoxesHaveSharpSigns_data()
+{
+    QTest::addColumn<int>("sign");
+    QTest::newRow("information") << int(QMessageBox::Information);
+    QTest::newRow("question") << int(QMessageBox::Question);
+    QTest::newRow("warning") << int(QMessageBox::Warning);
+    QTest::newRow("critical") << int(QMessageBox::Critical);
+}
+
+void tst_OvHostLook::messageBoxesHaveSharpSigns()
+{
+    static QVector<QImage> seen;
+    QFETCH(int, sign);
+    applyLook(false);
+    const QMessageBox box(static_cast<QMessageBox::Icon>(sign), "title", "text");
+    const QImage picture = box.iconPixmap().toImage();
+    QVERIFY(!picture.isNull());
+    QVERIFY(!seen.contains(picture));
+    seen.append(picture);
+    // Drawn for the largest screens too, not blown up from a small bitmap.
+    const QIcon icon = box.style()->standardIcon(
+        static_cast<QStyle::StandardPixmap>(QStyle::SP_MessageBoxInformation + sign - 1));
+    QCOMPARE(icon.actualSize(QSize(96, 96)), QSize(96, 96));
+    QCOMPARE(icon.pixmap(96, 96).toImage().pixelColor(0, 0).alpha(), 0);
 }
 
 QTEST_MAIN(tst_OvHostLook)
