@@ -5,11 +5,11 @@
     <name>DemoMain</name>
     <message>
         <source>The demo survey in %1 is complete.</source>
-        <translation>%1 中的演示工区已完整。</translation>
+        <translation>%1 中的演示项目已完整。</translation>
     </message>
     <message>
         <source>Wrote the demo survey to %1.</source>
-        <translation>演示工区已写入 %1。</translation>
+        <translation>演示项目已写入 %1。</translation>
     </message>
     <message>
         <source>Writes a synthetic refraction line with known first breaks.</source>

@@ -1,10 +1,12 @@
 #include "OvSegyDataMenu.h"
 
+#include "OvHeaderMappingDlg.h"
 #include "OvSegyFolder.h"
 #include "OvSegyInfoDlg.h"
 
 #include "OvBase/OvProjectManager.h"
 #include "OvGui/OvGatherViewController.h"
+#include "OvGui/document/OvProjectMapping.h"
 #include "OvPlugins/OvPluginUtil.h"
 
 #include <QDir>
@@ -27,8 +29,13 @@ OvSegyDataMenu::OvSegyDataMenu(QWidget* parent)
     m_open = addAction(QString(), this, &OvSegyDataMenu::chooseFiles, QKeySequence::Open);
     m_open->setObjectName(QStringLiteral("actionOpen_Segy"));
     addSeparator();
-    m_information = addAction(QString(), this, &OvSegyDataMenu::showInformation);
+    m_information = addAction(QString(), this, &OvSegyDataMenu::showInformation,
+                              QKeySequence(Qt::CTRL + Qt::Key_I));
     m_information->setObjectName(QStringLiteral("actionSegy_Information"));
+    m_mapping = addAction(QString(), this, &OvSegyDataMenu::editMapping,
+                          QKeySequence(Qt::CTRL + Qt::Key_H));
+    m_mapping->setObjectName(QStringLiteral("actionHeader_Mapping"));
+    setToolTipsVisible(true);
     connect(m_folder, &OvSegyFolder::changed, this, &OvSegyDataMenu::listFiles);
     connect(&OvProjectManager::instance(), &OvProjectManager::projectChanged, this,
             &OvSegyDataMenu::followProject);
@@ -44,6 +51,10 @@ void OvSegyDataMenu::retranslate()
     m_files->setTitle(tr("SEG-Y &Files"));
     m_open->setText(tr("&Open SEG-Y..."));
     m_information->setText(tr("SEG-Y &Information"));
+    m_information->setToolTip(tr("What the headers and traces of the file hold, and what is odd"));
+    m_mapping->setText(tr("&Header Mapping..."));
+    m_mapping->setToolTip(tr("Where the trace headers of this project's files keep field record, "
+                             "offset, coordinates and the rest"));
     listFiles();
 }
 
@@ -52,6 +63,7 @@ void OvSegyDataMenu::followProject()
     const OvProjectDefine& define = OvProjectManager::instance().define();
     m_open->setEnabled(define.isValid());
     m_files->setEnabled(define.isValid());
+    m_mapping->setEnabled(define.isValid());
     m_folder->setFolder(define.isValid() ? define.dataPath : QString());
 }
 
@@ -114,28 +126,45 @@ QString OvSegyDataMenu::activeFile() const
     return view ? view->document()->segyPath() : QString();
 }
 
-QString OvSegyDataMenu::chooseFileToDescribe()
+QSharedPointer<OvSegyDocument> OvSegyDataMenu::documentFor(const QString& title)
 {
-    return QFileDialog::getOpenFileName(
-        OvPluginUtil::mainWindow(), tr("SEG-Y Information"), m_folder->folder(),
-        tr("SEG-Y files (*.sgy *.segy *.SGY *.SEGY);;All files (*)"));
+    QString path = activeFile();
+    if (path.isEmpty())
+        path = QFileDialog::getOpenFileName(
+            OvPluginUtil::mainWindow(), title, m_folder->folder(),
+            tr("SEG-Y files (*.sgy *.segy *.SGY *.SEGY);;All files (*)"));
+    if (path.isEmpty())
+        return {};
+    OvStatus status;
+    const QSharedPointer<OvSegyDocument> document = OvSegyDocument::open(path, &status);
+    if (!document)
+        OvPluginUtil::showWarning(status.message());
+    return document;
 }
 
 void OvSegyDataMenu::showInformation()
 {
-    QString path = activeFile();
-    if (path.isEmpty())
-        path = chooseFileToDescribe();
-    if (path.isEmpty())
+    const auto document = documentFor(tr("SEG-Y Information"));
+    if (!document)
         return;
-    OvStatus status;
-    const QSharedPointer<OvSegyDocument> document = OvSegyDocument::open(path, &status);
-    if (!document) {
-        OvPluginUtil::showWarning(status.message());
-        return;
-    }
     delete m_dialog.data();
     m_dialog = new OvSegyInfoDlg(document, OvPluginUtil::mainWindow());
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     m_dialog->show();
+}
+
+void OvSegyDataMenu::editMapping()
+{
+    const auto document = documentFor(tr("Header Mapping"));
+    if (!document)
+        return;
+    auto* dialog =
+        new OvHeaderMappingDlg(document, OvProjectMapping::mapping(), OvPluginUtil::mainWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [dialog] {
+        const OvStatus status = OvProjectMapping::setMapping(dialog->mapping());
+        if (!status)
+            OvPluginUtil::showWarning(status.message());
+    });
+    dialog->open();
 }

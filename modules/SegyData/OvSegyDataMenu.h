@@ -2,8 +2,10 @@
 
 #include <QMenu>
 #include <QPointer>
+#include <QSharedPointer>
 
 class OvSegyFolder;
+class OvSegyDocument;
 class OvSegyInfoDlg;
 
 /// The Data menu: the SEG-Y files of the open project's folder, opening and describing files.
@@ -26,12 +28,15 @@ private:
     void addNote(const QString& text);
     void chooseFiles();
     void showInformation();
+    void editMapping();
     QString activeFile() const;
-    QString chooseFileToDescribe();
+    /// The active file, or one that is asked for; null when there is none.
+    QSharedPointer<OvSegyDocument> documentFor(const QString& title);
 
     OvSegyFolder* m_folder = nullptr;
     QMenu* m_files = nullptr;
     QAction* m_open = nullptr;
     QAction* m_information = nullptr;
+    QAction* m_mapping = nullptr;
     QPointer<OvSegyInfoDlg> m_dialog;
 };

@@ -2,6 +2,144 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
+    <name>OvHeaderMappingDlg</name>
+    <message>
+        <source>Header Mapping</source>
+        <translation>道头映射</translation>
+    </message>
+    <message>
+        <source>&amp;Preset</source>
+        <translation>预设(&amp;P)</translation>
+    </message>
+    <message>
+        <source>The &amp;first traces, values as they stand in the file</source>
+        <translation>前若干道，数值与文件中一致(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Remarks</source>
+        <translation>说明(&amp;R)</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Type a byte number, or press F2 to edit; Delete takes a word away</source>
+        <translation>键入字节号，或按 F2 编辑；Delete 去掉该字</translation>
+    </message>
+    <message>
+        <source>Own positions</source>
+        <translation>自定义位置</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Examine Whole File</source>
+        <translation>检查整个文件(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Found in all %1 traces.</source>
+        <translation>取自全部 %1 道。</translation>
+    </message>
+    <message>
+        <source>Found in %1 of %2 traces, spread over the file.</source>
+        <translation>取自 %2 道中的 %1 道，均匀分布于整个文件。</translation>
+    </message>
+    <message>
+        <source>Nothing to remark.</source>
+        <translation>没有需要说明的问题。</translation>
+    </message>
+</context>
+<context>
+    <name>OvHeaderMappingModel</name>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Number of the first byte, counted from 1; 0 for none</source>
+        <translation>首字节号，从 1 开始；0 表示没有</translation>
+    </message>
+    <message>
+        <source>Byte</source>
+        <translation>字节</translation>
+    </message>
+    <message>
+        <source>How the bytes are read</source>
+        <translation>字节的读取方式</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>The byte order, where it is not the file&apos;s</source>
+        <translation>与文件字节序不同时的字节序</translation>
+    </message>
+    <message>
+        <source>Byte order</source>
+        <translation>字节序</translation>
+    </message>
+    <message>
+        <source>The smallest value found, without scalar</source>
+        <translation>找到的最小值（未乘比例因子）</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>最小值</translation>
+    </message>
+    <message>
+        <source>The largest value found, without scalar</source>
+        <translation>找到的最大值（未乘比例因子）</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>最大值</translation>
+    </message>
+    <message>
+        <source>How many different values were found</source>
+        <translation>找到的不同取值的个数</translation>
+    </message>
+    <message>
+        <source>Different</source>
+        <translation>不同取值</translation>
+    </message>
+    <message>
+        <source>How many traces have 0</source>
+        <translation>取值为 0 的道数</translation>
+    </message>
+    <message>
+        <source>Zeros</source>
+        <translation>零值</translation>
+    </message>
+    <message>
+        <source>big-endian</source>
+        <translation>大端</translation>
+    </message>
+    <message>
+        <source>little-endian</source>
+        <translation>小端</translation>
+    </message>
+    <message>
+        <source>the file&apos;s</source>
+        <translation>与文件相同</translation>
+    </message>
+    <message>
+        <source>over %1</source>
+        <translation>多于 %1</translation>
+    </message>
+</context>
+<context>
     <name>OvSegyDataMenu</name>
     <message>
         <source>&amp;Data</source>
@@ -42,6 +180,22 @@
     <message>
         <source>SEG-Y Information</source>
         <translation>SEG-Y 信息</translation>
+    </message>
+    <message>
+        <source>What the headers and traces of the file hold, and what is odd</source>
+        <translation>文件的卷头、道头和数据道的内容，以及异常之处</translation>
+    </message>
+    <message>
+        <source>&amp;Header Mapping...</source>
+        <translation>道头映射(&amp;H)...</translation>
+    </message>
+    <message>
+        <source>Where the trace headers of this project&apos;s files keep field record, offset, coordinates and the rest</source>
+        <translation>本项目文件的道头中野外文件号、炮检距、坐标等各字的位置</translation>
+    </message>
+    <message>
+        <source>Header Mapping</source>
+        <translation>道头映射</translation>
     </message>
 </context>
 <context>

@@ -123,6 +123,11 @@ const OvSegyFile& OvSegyDocument::file() const
     return *d->file;
 }
 
+std::shared_ptr<const OvSegyFile> OvSegyDocument::sharedFile() const
+{
+    return d->file;
+}
+
 bool OvSegyDocument::isIndexComplete() const
 {
     return d->loader->isComplete();

@@ -34,6 +34,8 @@ public:
     /// Path of the first-break file; it need not exist yet.
     QString firstBreakPath() const;
     const OvSegyFile& file() const;
+    /// For workers, which may outlive the document.
+    std::shared_ptr<const OvSegyFile> sharedFile() const;
 
     bool isIndexComplete() const;
     /// Whether the headers are being read now.

@@ -239,6 +239,13 @@
     </message>
 </context>
 <context>
+    <name>OvProjectMapping</name>
+    <message>
+        <source>The header mapping belongs to a project. Open a project, then set it.</source>
+        <translation>道头映射属于项目。请先打开项目，再设置道头映射。</translation>
+    </message>
+</context>
+<context>
     <name>OvReadoutTool</name>
     <message>
         <source>Time %1 ms</source>

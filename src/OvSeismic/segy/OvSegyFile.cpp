@@ -46,6 +46,7 @@ public:
         OvSegySamples::toFloat(info.formatCode, info.byteOrder, in, info.sampleCount, out);
     }
     OvStatus badTrace(qint64 trace) const;
+    OvStatus shortHeader(int wanted, int present) const;
     OvStatus noMemory() const;
     OvStatus scanBlock(qint64 first, qint64 count, std::vector<char>* buffer,
                        const std::function<bool(const OvSegyTraceWords&)>& each, bool* go) const;
@@ -62,6 +63,14 @@ OvStatus OvSegyFile::Private::badTrace(qint64 trace) const
     return OvStatus::failure(tr("%1 has no trace %2; it has %3 traces.")
                                  .arg(QDir::toNativeSeparators(info.path), QString::number(trace),
                                       QString::number(info.traceCount)));
+}
+
+OvStatus OvSegyFile::Private::shortHeader(int wanted, int present) const
+{
+    return OvStatus::failure(
+        tr("The trace headers of %1 have %2 bytes, but the header mapping wants %3.")
+            .arg(QDir::toNativeSeparators(info.path), QString::number(present),
+                 QString::number(wanted)));
 }
 
 OvStatus OvSegyFile::Private::noMemory() const
@@ -192,6 +201,16 @@ OvStatus OvSegyFile::readHeaders(qint64 first, qint64 count,
         headers->clear();
         return d->noMemory();
     }
+}
+
+OvStatus OvSegyFile::readHeaderBytes(qint64 trace, int count, char* out) const
+{
+    if (trace < 0 || trace >= d->info.traceCount)
+        return d->badTrace(trace);
+    const int present = OvSegyLayout::traceHeaderSize * (1 + d->info.extraTraceHeaders);
+    if (count > present)
+        return d->shortHeader(count, present);
+    return d->file.read(d->traceOffset(trace), out, count);
 }
 
 OvStatus OvSegyFile::readSamples(qint64 trace, float* out) const

@@ -37,6 +37,9 @@ public:
     /// are the file's words, 0 where it has none; OvSegyIndex applies the rules that look at all
     /// traces.
     OvStatus readHeaders(qint64 first, qint64 count, std::vector<OvTraceHeader>* headers) const;
+    /// The first count bytes of a trace's header, as they stand in the file, extension headers
+    /// (240 bytes each) included.
+    OvStatus readHeaderBytes(qint64 trace, int count, char* out) const;
     /// Samples of one trace as float32 into sampleCount values at out.
     OvStatus readSamples(qint64 trace, float* out) const;
     /// Fills gather->samples for the traces that gather->headers names, and sets the sample count

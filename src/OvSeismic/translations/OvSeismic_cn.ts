@@ -76,6 +76,61 @@
     </message>
 </context>
 <context>
+    <name>OvHeaderSurvey</name>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>%1 is not a number in %2 of %3 traces; its type, byte order or position is wrong.</source>
+        <translation>%1在 %3 道中有 %2 道不是有效数值；其类型、字节序或位置有误。</translation>
+    </message>
+    <message>
+        <source>%1 is next to nothing in %2 of %3 traces; it is probably a whole number that is read as a floating-point one.</source>
+        <translation>%1在 %3 道中有 %2 道几乎为零；很可能是把整数当作浮点数读取了。</translation>
+    </message>
+    <message>
+        <source>%1 ranges from %2 to %3; the standard allows 1, 10, 100, 1000 and 10000, with a minus to divide.</source>
+        <translation>%1的范围为 %2 至 %3；标准只允许 1、10、100、1000 和 10000，负号表示除。</translation>
+    </message>
+    <message>
+        <source>Field record is %1 in all traces; they form one gather.</source>
+        <translation>所有道的野外文件号均为 %1；它们组成一个道集。</translation>
+    </message>
+    <message>
+        <source>Channel is 0 in all traces; channels are counted in file order.</source>
+        <translation>所有道的道号均为 0；道号按文件顺序计数。</translation>
+    </message>
+    <message>
+        <source>Channel is %1 in all traces.</source>
+        <translation>所有道的道号均为 %1。</translation>
+    </message>
+    <message>
+        <source>Offset is 0 in all traces; it is computed from the coordinates.</source>
+        <translation>所有道的炮检距均为 0；炮检距由坐标计算。</translation>
+    </message>
+    <message>
+        <source>Offset is 0 in all traces and there are no coordinates; offsets are unknown.</source>
+        <translation>所有道的炮检距均为 0，且没有坐标；炮检距未知。</translation>
+    </message>
+    <message>
+        <source>Offset goes up to %1, farther than any first break; its position, type or byte order is wrong.</source>
+        <translation>炮检距最大达 %1，远于任何初至；其位置、类型或字节序有误。</translation>
+    </message>
+    <message>
+        <source>Coordinates go up to %1; their position, type, byte order or scalar is wrong.</source>
+        <translation>坐标最大达 %1；其位置、类型、字节序或比例因子有误。</translation>
+    </message>
+    <message>
+        <source>Delay ranges from %1 to %2; its position or byte order may be wrong.</source>
+        <translation>延迟时间的范围为 %1 至 %2；其位置或字节序可能有误。</translation>
+    </message>
+    <message>
+        <source>Trace identification takes %1 values, more than there are kinds of traces; its position is wrong.</source>
+        <translation>道识别码有 %1 种取值，多于道的种类；其位置有误。</translation>
+    </message>
+</context>
+<context>
     <name>OvPickParameters</name>
     <message>
         <source>%1 is &quot;%2&quot;; it must be a number from %3 to %4.</source>
@@ -372,6 +427,10 @@
     <message>
         <source>its samples are in format %1 (%2), which is not supported. Convert it to format 1 or 5.</source>
         <translation>其采样格式为 %1（%2），不受支持。请转换为格式 1 或 5。</translation>
+    </message>
+    <message>
+        <source>The trace headers of %1 have %2 bytes, but the header mapping wants %3.</source>
+        <translation>%1 的道头有 %2 字节，而道头映射需要 %3 字节。</translation>
     </message>
 </context>
 <context>

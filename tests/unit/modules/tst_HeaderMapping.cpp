@@ -1,0 +1,470 @@
+#include "PluginSession.h"
+#include "fixtures/MessageLog.h"
+#include "fixtures/ModalProbe.h"
+
+#include "OvBase/OvTranslator.h"
+#include "OvGui/document/OvProjectMapping.h"
+
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QSpinBox>
+#include <QTableView>
+#include <QtTest>
+
+namespace {
+
+using Mapping = OvTraceHeaderMapping;
+
+enum Column { Name, Byte, Type, Order, Minimum, Maximum, Values, Zeros };
+
+class UrlCatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    UrlCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("http"), this, "take"); }
+    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("http")); }
+    QUrl url;
+    Q_INVOKABLE void take(const QUrl& opened) { url = opened; }
+};
+
+} // namespace
+
+class tst_HeaderMapping : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void isOfNoUseWithoutAProject();
+    void asksForAFileWhenNoneIsOpen();
+    void showsTheFirstTraces();
+    void showsWhatTheFileHolds();
+    void valuesFollowTheMapping();
+    void presetFillsTheTable();
+    void editingGoesToOwnPositions();
+    void deleteTakesAWordAway();
+    void choosesTypeAndOrder();
+    void remarksOnWhatMakesNoSense();
+    void refusesAMappingThatCannotBe();
+    void clickingARemarkGoesToItsWord();
+    void examinesTheWholeFile();
+    void surveysASpreadOfALongFile();
+    void keepsTheMappingWithTheProject();
+    void cancelKeepsNothing();
+    void remembersItsPlace();
+    void opensItsPageWithF1();
+    void speaksChinese();
+
+private:
+    void openDialog(const SegyWriter& writer);
+    void openDialog();
+    static SegyWriter twoShots();
+    template <typename Field>
+    Field* field(const char* name) const
+    {
+        return m_dialog->findChild<Field*>(QLatin1String(name));
+    }
+    QTableView* table() const { return field<QTableView>("mappingTable"); }
+    QAbstractItemModel* values() const { return field<QTableView>("valueTable")->model(); }
+    QModelIndex cell(int quantity, int column) const
+    {
+        return table()->model()->index(quantity, column);
+    }
+    QString text(int quantity, int column) const
+    {
+        return cell(quantity, column).data().toString();
+    }
+    QString value(int trace, int quantity) const
+    {
+        return values()->index(trace, quantity).data().toString();
+    }
+    void set(int quantity, int column, int value)
+    {
+        QVERIFY(table()->model()->setData(cell(quantity, column), value, Qt::EditRole));
+    }
+    QStringList remarks() const;
+    void press(QDialogButtonBox::StandardButton button)
+    {
+        QTest::mouseClick(m_dialog->findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
+    }
+
+    QScopedPointer<PluginSession> m_session;
+    QScopedPointer<MessageLog> m_log;
+    OvModulePlugin* m_module = nullptr;
+    QMenu* m_menu = nullptr;
+    QPointer<QDialog> m_dialog;
+};
+
+void tst_HeaderMapping::initTestCase()
+{
+    QVERIFY(PluginSession::start());
+    m_module = PluginSession::module(QStringLiteral("SegyData"));
+    QVERIFY(m_module);
+    m_menu = m_module->menu();
+}
+
+void tst_HeaderMapping::init()
+{
+    m_log.reset(new MessageLog);
+    m_session.reset(new PluginSession);
+}
+
+void tst_HeaderMapping::cleanup()
+{
+    delete m_dialog.data();
+    m_session.reset();
+    const QStringList warnings = m_log->takeAll();
+    m_log.reset();
+    QVERIFY2(warnings.isEmpty(), qPrintable(warnings.join(QLatin1Char('\n'))));
+}
+
+SegyWriter tst_HeaderMapping::twoShots()
+{
+    SegyWriter writer;
+    writer.sampleCount = 10;
+    for (int i = 0; i < 20; ++i) {
+        SegyTrace trace;
+        trace.fieldRecord = 100 + i / 10;
+        trace.channel = 1 + i % 10;
+        trace.offset = 25 * (i % 10) + 5;
+        trace.receiverX = trace.offset;
+        // Inline and crossline, low halves of the words.
+        trace.words = {{191, static_cast<qint16>(7 + i / 10)}, {195, static_cast<qint16>(50 + i)}};
+        writer.add(trace);
+    }
+    return writer;
+}
+
+void tst_HeaderMapping::openDialog(const SegyWriter& writer)
+{
+    const QString path = m_session->path(QStringLiteral("line.sgy"));
+    QVERIFY(writer.write(path));
+    QVERIFY(m_session->openProject());
+    OvStatus status;
+    const auto document = OvSegyDocument::open(path, &status);
+    QVERIFY2(status, qPrintable(status.message()));
+    OvProjectManager::instance().addWorkspace(new OvGatherViewController(document));
+    openDialog();
+}
+
+void tst_HeaderMapping::openDialog()
+{
+    PluginSession::action(m_menu, "actionHeader_Mapping")->trigger();
+    m_dialog = m_session->window()->findChild<QDialog*>(QStringLiteral("OvHeaderMappingDlg"));
+    QVERIFY(m_dialog);
+    QTRY_VERIFY(values()->rowCount() > 0);
+    QTRY_VERIFY(!field<QLabel>("found")->text().isEmpty());
+}
+
+QStringList tst_HeaderMapping::remarks() const
+{
+    QStringList texts;
+    const auto* list = field<QListWidget>("problems");
+    for (int i = 0; i < list->count(); ++i)
+        texts += list->item(i)->text();
+    return texts;
+}
+
+void tst_HeaderMapping::isOfNoUseWithoutAProject()
+{
+    const QAction* action = PluginSession::action(m_menu, "actionHeader_Mapping");
+    QVERIFY(!action->isEnabled());
+    QVERIFY(!OvProjectMapping::setMapping({}));
+    QVERIFY(m_session->openProject());
+    QVERIFY(action->isEnabled());
+    QCOMPARE(action->shortcut(), QKeySequence(QStringLiteral("Ctrl+H")));
+    QVERIFY(!action->toolTip().isEmpty());
+}
+
+void tst_HeaderMapping::asksForAFileWhenNoneIsOpen()
+{
+    QVERIFY(m_session->writeLine(QStringLiteral("line.sgy"), 1));
+    QVERIFY(m_session->openProject());
+    ModalProbe probe;
+    probe.next([this](QWidget* window) {
+        auto* dialog = qobject_cast<QFileDialog*>(window);
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Header Mapping"));
+        dialog->selectFile(m_session->path(QStringLiteral("line.sgy")));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    PluginSession::action(m_menu, "actionHeader_Mapping")->trigger();
+    QVERIFY(probe.isDone());
+    m_dialog = m_session->window()->findChild<QDialog*>(QStringLiteral("OvHeaderMappingDlg"));
+    QVERIFY(m_dialog);
+}
+
+void tst_HeaderMapping::showsTheFirstTraces()
+{
+    SegyWriter writer;
+    writer.sampleCount = 2;
+    for (int i = 0; i < 300; ++i) {
+        SegyTrace trace;
+        trace.fieldRecord = 1 + i / 10;
+        trace.channel = i;
+        trace.coordinateScalar = -100;
+        trace.sourceX = 123456789;
+        writer.add(trace);
+    }
+    openDialog(writer);
+    QCOMPARE(values()->rowCount(), 200);
+    QCOMPARE(values()->columnCount(), int(Mapping::quantityCount));
+    QCOMPARE(value(0, Mapping::FieldRecord), QStringLiteral("1"));
+    QCOMPARE(value(199, Mapping::Channel), QStringLiteral("199"));
+    QCOMPARE(value(0, Mapping::SourceX), QStringLiteral("123456789")); // as it stands
+    QCOMPARE(value(0, Mapping::ReceiverPoint), QString());
+    QCOMPARE(values()->headerData(Mapping::Offset, Qt::Horizontal).toString(),
+             QStringLiteral("Offset"));
+}
+
+void tst_HeaderMapping::showsWhatTheFileHolds()
+{
+    openDialog(twoShots());
+    QCOMPARE(text(Mapping::FieldRecord, Name), QStringLiteral("Field record"));
+    QCOMPARE(text(Mapping::FieldRecord, Byte), QStringLiteral("9"));
+    QCOMPARE(text(Mapping::FieldRecord, Type), QStringLiteral("4-byte integer"));
+    QCOMPARE(text(Mapping::FieldRecord, Minimum), QStringLiteral("100"));
+    QCOMPARE(text(Mapping::FieldRecord, Maximum), QStringLiteral("101"));
+    QCOMPARE(text(Mapping::FieldRecord, Values), QStringLiteral("2"));
+    QCOMPARE(text(Mapping::SourceX, Zeros), QStringLiteral("20"));
+    QCOMPARE(text(Mapping::ReceiverPoint, Byte), QStringLiteral("none"));
+    QCOMPARE(text(Mapping::ReceiverPoint, Minimum), QString());
+    QCOMPARE(field<QLabel>("found")->text(), QStringLiteral("Found in all 20 traces."));
+    QCOMPARE(remarks(), QStringList(QStringLiteral("Nothing to remark.")));
+}
+
+void tst_HeaderMapping::valuesFollowTheMapping()
+{
+    openDialog(twoShots());
+    set(Mapping::FieldRecord, Byte, 189);
+    QCOMPARE(value(0, Mapping::FieldRecord), QStringLiteral("7"));
+    QTRY_COMPARE(text(Mapping::FieldRecord, Maximum), QStringLiteral("8"));
+    set(Mapping::FieldRecord, Order, int(OvHeaderOrder::Little));
+    QCOMPARE(value(0, Mapping::FieldRecord), QString::number(7 << 24));
+}
+
+void tst_HeaderMapping::presetFillsTheTable()
+{
+    openDialog(twoShots());
+    auto* presets = field<QComboBox>("presets");
+    QCOMPARE(presets->currentIndex(), int(Mapping::Revision1));
+    QTest::keyClick(presets, Qt::Key_Down);
+    QTest::keyClick(presets, Qt::Key_Down);
+    QCOMPARE(presets->currentIndex(), int(Mapping::InlineCrossline));
+    QCOMPARE(text(Mapping::FieldRecord, Byte), QStringLiteral("189"));
+    QCOMPARE(text(Mapping::Channel, Byte), QStringLiteral("193"));
+    QCOMPARE(value(3, Mapping::Channel), QStringLiteral("53"));
+}
+
+void tst_HeaderMapping::editingGoesToOwnPositions()
+{
+    openDialog(twoShots());
+    auto* presets = field<QComboBox>("presets");
+    table()->setFocus();
+    table()->setCurrentIndex(cell(Mapping::Channel, Byte));
+    QTest::keyClick(table(), Qt::Key_F2);
+    auto* editor = table()->findChild<QSpinBox*>();
+    QVERIFY(editor);
+    QCOMPARE(editor->value(), 13);
+    QCOMPARE(editor->maximum(), 240);
+    editor->selectAll();
+    QTest::keyClicks(editor, QStringLiteral("193"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTRY_COMPARE(text(Mapping::Channel, Byte), QStringLiteral("193"));
+    QCOMPARE(presets->currentIndex(), int(Mapping::presetCount));
+    QCOMPARE(presets->currentText(), QStringLiteral("Own positions"));
+    set(Mapping::Channel, Byte, 13);
+    QCOMPARE(presets->currentIndex(), int(Mapping::Revision1));
+}
+
+void tst_HeaderMapping::deleteTakesAWordAway()
+{
+    openDialog(twoShots());
+    table()->setFocus();
+    table()->setCurrentIndex(cell(Mapping::Offset, Name));
+    QTest::keyClick(table(), Qt::Key_Delete);
+    QCOMPARE(text(Mapping::Offset, Byte), QStringLiteral("none"));
+    QCOMPARE(value(0, Mapping::Offset), QString());
+}
+
+void tst_HeaderMapping::choosesTypeAndOrder()
+{
+    openDialog(twoShots());
+    m_dialog->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_dialog));
+    table()->setCurrentIndex(cell(Mapping::Offset, Type));
+    table()->edit(cell(Mapping::Offset, Type));
+    QPointer<QComboBox> editor = table()->findChild<QComboBox*>();
+    QVERIFY(editor);
+    QCOMPARE(editor->count(), 10);
+    QCOMPARE(editor->currentText(), QStringLiteral("4-byte integer"));
+    QTest::keyClick(editor, Qt::Key_Up); // counts at once
+    QCOMPARE(text(Mapping::Offset, Type), QStringLiteral("2-byte unsigned integer"));
+    QTRY_VERIFY(!editor);
+}
+
+void tst_HeaderMapping::remarksOnWhatMakesNoSense()
+{
+    openDialog(twoShots());
+    set(Mapping::FieldRecord, Byte, 25);
+    QTRY_VERIFY2(remarks().first().contains(QLatin1String("Field record is 0 in all traces")),
+                 qPrintable(remarks().first()));
+    set(Mapping::Offset, Byte, 0);
+    QTRY_COMPARE(remarks().size(), 2);
+    QVERIFY(remarks().last().contains(QLatin1String("computed from the coordinates")));
+    QVERIFY(!cell(Mapping::Offset, Name).data(Qt::DecorationRole).isNull());
+    QVERIFY(cell(Mapping::Channel, Name).data(Qt::DecorationRole).isNull());
+    QVERIFY(cell(Mapping::Offset, Name)
+                .data(Qt::ToolTipRole)
+                .toString()
+                .contains(QLatin1String("computed")));
+}
+
+void tst_HeaderMapping::refusesAMappingThatCannotBe()
+{
+    openDialog(twoShots());
+    set(Mapping::Channel, Byte, 11);
+    QCOMPARE(remarks().first(),
+             QStringLiteral("Field record and Channel overlap at bytes 11 to 12."));
+    QTRY_VERIFY(!field<QPushButton>("examine")->isEnabled());
+    table()->setCurrentIndex(cell(Mapping::Delay, Byte));
+    ModalProbe probe;
+    probe.nextBox(QMessageBox::Ok);
+    press(QDialogButtonBox::Ok);
+    QTRY_VERIFY(probe.isDone());
+    QCOMPARE(probe.boxes().front().text, remarks().first());
+    QVERIFY(m_dialog && m_dialog->isVisible());
+    QCOMPARE(table()->currentIndex(), cell(Mapping::Channel, Byte));
+    QVERIFY(OvProjectMapping::mapping().isDefault());
+}
+
+void tst_HeaderMapping::clickingARemarkGoesToItsWord()
+{
+    openDialog(twoShots());
+    set(Mapping::CoordinateScalar, Byte, 115); // samples a trace: 10, which is one; then 117: 1000
+    set(Mapping::CoordinateScalar, Byte, 193); // the upper half of the crossline: 0
+    set(Mapping::CoordinateScalar, Byte, 195); // its lower half: 50 and so on
+    QTRY_VERIFY(remarks().first().startsWith(QLatin1String("Coordinate scalar ranges")));
+    auto* list = field<QListWidget>("problems");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(0)).center());
+    QCOMPARE(table()->currentIndex().row(), int(Mapping::CoordinateScalar));
+}
+
+void tst_HeaderMapping::examinesTheWholeFile()
+{
+    SegyWriter writer;
+    writer.sampleCount = 1;
+    for (int i = 0; i < 30000; ++i) {
+        SegyTrace trace;
+        trace.fieldRecord = i / 100;
+        // Not among those of the spread: groups of 64 lie 96 apart.
+        trace.cdp = i == 80 ? 999 : 1;
+        writer.add(trace);
+    }
+    openDialog(writer);
+    QVERIFY2(field<QLabel>("found")->text().endsWith(
+                 QLatin1String("of 30,000 traces, spread over the file.")),
+             qPrintable(field<QLabel>("found")->text()));
+    QCOMPARE(text(Mapping::Cdp, Maximum), QStringLiteral("1"));
+    auto* button = field<QPushButton>("examine");
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(button->text(), QStringLiteral("&Stop"));
+    QVERIFY(field<QProgressBar>("progress")->isVisible());
+    QTRY_COMPARE(field<QLabel>("found")->text(), QStringLiteral("Found in all 30,000 traces."));
+    QCOMPARE(text(Mapping::Cdp, Maximum), QStringLiteral("999"));
+    QCOMPARE(button->text(), QStringLiteral("&Examine Whole File"));
+    QVERIFY(!field<QProgressBar>("progress")->isVisible());
+}
+
+void tst_HeaderMapping::surveysASpreadOfALongFile()
+{
+    // A million traces in a sparse file: the spread is found without reading them all.
+    SegyWriter writer;
+    writer.sampleCount = 1;
+    writer.add({});
+    const QString path = m_session->path(QStringLiteral("long.sgy"));
+    QVERIFY(writer.write(path));
+    QVERIFY(QFile::resize(path, 3600 + qint64(1000000) * 244));
+    QVERIFY(m_session->openProject());
+    OvStatus status;
+    const auto document = OvSegyDocument::open(path, &status);
+    QVERIFY2(status, qPrintable(status.message()));
+    OvProjectManager::instance().addWorkspace(new OvGatherViewController(document));
+    openDialog();
+    QTest::mouseClick(field<QPushButton>("examine"), Qt::LeftButton);
+    QTRY_VERIFY(field<QProgressBar>("progress")->value() > 0 ||
+                !field<QProgressBar>("progress")->isVisible());
+    QTest::mouseClick(field<QPushButton>("examine"), Qt::LeftButton); // stops
+    QTRY_COMPARE(field<QLabel>("found")->text(), QStringLiteral("Cancelled."));
+    QVERIFY(!field<QProgressBar>("progress")->isVisible());
+}
+
+void tst_HeaderMapping::keepsTheMappingWithTheProject()
+{
+    openDialog(twoShots());
+    set(Mapping::FieldRecord, Byte, 189);
+    press(QDialogButtonBox::Ok);
+    QTRY_VERIFY(!m_dialog);
+    QCOMPARE(OvProjectMapping::mapping().word(Mapping::FieldRecord).position, 189);
+    openDialog();
+    QCOMPARE(text(Mapping::FieldRecord, Byte), QStringLiteral("189"));
+    delete m_dialog.data();
+    PluginSession other;
+    QVERIFY(other.openProject());
+    QVERIFY(OvProjectMapping::mapping().isDefault());
+}
+
+void tst_HeaderMapping::cancelKeepsNothing()
+{
+    openDialog(twoShots());
+    set(Mapping::FieldRecord, Byte, 189);
+    press(QDialogButtonBox::Cancel);
+    QTRY_VERIFY(!m_dialog);
+    QVERIFY(OvProjectMapping::mapping().isDefault());
+}
+
+void tst_HeaderMapping::remembersItsPlace()
+{
+    openDialog(twoShots());
+    m_dialog->resize(1000, 555);
+    press(QDialogButtonBox::Cancel);
+    QTRY_VERIFY(!m_dialog);
+    openDialog();
+    QCOMPARE(m_dialog->height(), 555);
+}
+
+void tst_HeaderMapping::opensItsPageWithF1()
+{
+    openDialog(twoShots());
+    UrlCatcher catcher;
+    QTest::keyClick(m_dialog, Qt::Key_F1);
+    QVERIFY2(catcher.url.path().endsWith(QLatin1String("/mapping.html")),
+             qPrintable(catcher.url.toString()));
+}
+
+void tst_HeaderMapping::speaksChinese()
+{
+    openDialog(twoShots());
+    OvTranslator::instance().setSessionLanguage(OvTranslator::Chinese);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(m_dialog->windowTitle(), QStringLiteral("道头映射"));
+    QCOMPARE(text(Mapping::FieldRecord, Name), QStringLiteral("野外文件号"));
+    QCOMPARE(text(Mapping::FieldRecord, Type), QStringLiteral("4 字节整数"));
+    QCOMPARE(field<QComboBox>("presets")->itemText(0), QStringLiteral("SEG-Y 修订版 0 或 1"));
+    OvTranslator::instance().setSessionLanguage(OvTranslator::English);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(m_dialog->windowTitle(), QStringLiteral("Header Mapping"));
+}
+
+QTEST_MAIN(tst_HeaderMapping)
+#include "tst_HeaderMapping.moc"
