@@ -1,18 +1,22 @@
 #include "OvBase/OvBaseUtil.h"
 #include "OvBase/OvTranslator.h"
 #include "OvTarnpick/OvLoginDlg.h"
+#include "host/OvHelpServer.h"
 #include "host/OvHostLook.h"
 #include "host/OvHostOptions.h"
 #include "host/OvHostSession.h"
 
 #include <QApplication>
+#include <QMainWindow>
 #include <QMessageBox>
+#include <QStatusBar>
 
 #include <cstdio>
 
 namespace {
 
 constexpr int wrongArguments = 2;
+constexpr int messageMs = 20000;
 
 void name()
 {
@@ -30,6 +34,13 @@ int print(const OvHostOptions& options)
     return refused ? wrongArguments : 0;
 }
 
+void sayWhyThereIsNoHelp(const QString& message)
+{
+    qWarning("%s", qPrintable(message));
+    if (QMainWindow* window = OvHostSession::mainWindow())
+        window->statusBar()->showMessage(message, messageMs);
+}
+
 int run(QApplication* application, const OvHostOptions& options)
 {
     OvHostLook::apply(application);
@@ -44,6 +55,9 @@ int run(QApplication* application, const OvHostOptions& options)
         QMessageBox::warning(nullptr, QStringLiteral("Maravel"), ready.message());
         return 1;
     }
+    OvHelpServer help;
+    QObject::connect(&help, &OvHelpServer::refused, &sayWhyThereIsNoHelp);
+    help.install();
     OvLoginDlg login;
     OvHostSession session(options, &login);
     session.start();

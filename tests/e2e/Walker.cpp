@@ -10,6 +10,7 @@ namespace {
 
 constexpr int toolTimeoutMs = 20000;
 constexpr int probeTimeoutMs = 5000;
+constexpr int screenAttempts = 3;
 
 QString buildFolder()
 {
@@ -22,7 +23,8 @@ Walker::Walker()
     : m_environment(QProcessEnvironment::systemEnvironment())
 {
     const QString folder = m_folder.path();
-    for (const char* name : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY", "QT_LOGGING_RULES"})
+    for (const char* name :
+         {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY", "XAUTHORITY", "QT_LOGGING_RULES"})
         m_environment.remove(name);
     QDir(folder).mkpath("runtime");
     QFile::setPermissions(folder + "/runtime",
@@ -39,31 +41,58 @@ Walker::Walker()
 Walker::~Walker()
 {
     killProgram();
-    for (QProcess* process : {&m_manager, &m_screen}) {
-        process->terminate();
-        process->waitForFinished();
-    }
+    endScreen();
 }
 
 bool Walker::startScreen()
 {
-    // The server chooses a free display and prints its number.
+    for (int attempt = 0; attempt < screenAttempts; ++attempt) {
+        if (startServer() && startManager())
+            return true;
+        qWarning("The virtual screen did not start: %s",
+                 m_screen.readAllStandardError().constData());
+        endScreen();
+    }
+    return false;
+}
+
+// The server chooses a free display and prints its number. It must not begin anew each time that
+// the last of its clients leaves: who comes in that moment is turned away.
+bool Walker::startServer()
+{
     m_screen.setProcessEnvironment(m_environment);
-    m_screen.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp"});
+    m_screen.start("Xvfb", {"-displayfd", "1", "-noreset", "-screen", "0", "1600x1000x24",
+                            "-nolisten", "tcp"});
     QByteArray number;
     const bool answered = waitFor([&] {
         m_screen.waitForReadyRead(100);
         number += m_screen.readAllStandardOutput();
-        return number.endsWith('\n');
+        return number.endsWith('\n') || m_screen.state() == QProcess::NotRunning;
     });
-    if (!answered)
+    if (!answered || !number.endsWith('\n'))
         return false;
     m_environment.insert("DISPLAY", ':' + QString::fromLatin1(number.trimmed()));
+    return waitFor([this] { return !tool("xdotool", {"getdisplaygeometry"}).trimmed().isEmpty(); });
+}
+
+bool Walker::startManager()
+{
     m_manager.setProcessEnvironment(m_environment);
     m_manager.setProcessChannelMode(QProcess::MergedChannels);
     m_manager.start("openbox", QStringList());
     return m_manager.waitForStarted() &&
            waitFor([this] { return !tool("xdotool", {"get_num_desktops"}).trimmed().isEmpty(); });
+}
+
+void Walker::endScreen()
+{
+    for (QProcess* process : {&m_manager, &m_screen}) {
+        process->terminate();
+        if (process->state() != QProcess::NotRunning && !process->waitForFinished()) {
+            process->kill();
+            process->waitForFinished();
+        }
+    }
 }
 
 bool Walker::startProgram(const QStringList& arguments)

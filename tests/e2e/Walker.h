@@ -17,7 +17,8 @@ public:
     Walker();
     ~Walker();
 
-    /// The virtual screen and its window manager; false when they do not start.
+    /// The virtual screen and its window manager; false when they do not start, tried more than
+    /// once.
     bool startScreen();
     /// The program with a home folder that lasts as long as the walker.
     bool startProgram(const QStringList& arguments = {});
@@ -57,6 +58,9 @@ public:
 
 private:
     QByteArray tool(const QString& program, const QStringList& arguments);
+    bool startServer();
+    bool startManager();
+    void endScreen();
     bool clickEntry(const QString& entry);
     bool probe(const QByteArray& question, QByteArray* answer);
 

@@ -208,6 +208,20 @@ class Server(unittest.TestCase):
             pass
         self.assertFalse(self.listens())
 
+    def test_with_a_reader_it_ends_with_its_input(self):
+        port = free_port()
+        run = subprocess.Popen([self.SCRIPT, "--while-open", str(port)], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        while run.stdout.readline() not in ("ready\n", ""):
+            pass
+        address = f"http://127.0.0.1:{port}/ManualWeb/onlinehelp/en/{COVER}"
+        with urllib.request.urlopen(address, timeout=20) as answer:
+            self.assertIn(b"Maravel Manual", answer.read())
+        run.stdin.close()
+        self.assertEqual(run.wait(timeout=20), 0)
+        run.stdout.close()
+        with self.assertRaises(urllib.error.URLError):
+            urllib.request.urlopen(address, timeout=20)
+
     def test_a_port_in_other_hands_is_refused(self):
         with socket.socket() as other:
             other.bind(("127.0.0.1", 0))

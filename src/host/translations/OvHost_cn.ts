@@ -25,6 +25,33 @@
     </message>
 </context>
 <context>
+    <name>OvHelpServer</name>
+    <message>
+        <source>%1 is missing, so the manual cannot be served; install the program again.</source>
+        <translation>缺少 %1，无法提供手册，请重新安装程序。</translation>
+    </message>
+    <message>
+        <source>Another program listens on port %1, where the manual should be served; end it and try again.</source>
+        <translation>另一个程序占用了提供手册所用的端口 %1，请结束该程序后重试。</translation>
+    </message>
+    <message>
+        <source>The pages of the manual are missing; install the program again.</source>
+        <translation>手册页面缺失，请重新安装程序。</translation>
+    </message>
+    <message>
+        <source>The manual cannot be served: install the package busybox and try again.</source>
+        <translation>无法提供手册：请安装软件包 busybox 后重试。</translation>
+    </message>
+    <message>
+        <source>The manual cannot be served: %1</source>
+        <translation>无法提供手册：%1</translation>
+    </message>
+    <message>
+        <source>No web browser could be started for %1</source>
+        <translation>无法启动网页浏览器打开 %1</translation>
+    </message>
+</context>
+<context>
     <name>OvHostOptions</name>
     <message>
         <source>Picks the first breaks of seismic gathers.</source>
