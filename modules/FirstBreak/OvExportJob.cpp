@@ -43,14 +43,16 @@ OvDocumentJob::Work OvExportJob::makeWork()
         OvFirstBreakFile firstBreaks;
         if (QFileInfo::exists(path)) {
             OvStatus status = firstBreaks.open(path, file->info());
+            if (status)
+                status = firstBreaks.upgrade(*file, *index);
             if (!status)
                 return status;
         }
         const auto breaksOf = [&](int gather, OvFirstBreaks* breaks) {
             if (!firstBreaks.isOpen())
                 return OvStatus::success();
-            OvStatus status = firstBreaks.read(index->fieldRecord(gather),
-                                               index->gatherTraceCount(gather), breaks);
+            const OvGather headers = index->gatherHeaders(*file, gather);
+            OvStatus status = firstBreaks.read(OvFirstBreakBlocks::tracesOf(headers), breaks);
             *picks += exportedPicks(*breaks);
             return status;
         };

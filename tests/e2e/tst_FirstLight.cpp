@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <numeric>
+
 /// The whole path of a first session and a second one, on the built program, with mouse and keys.
 /// Each step goes on where the one before stopped.
 class tst_FirstLight : public QObject
@@ -151,15 +153,12 @@ int tst_FirstLight::storedPicks(const QJsonObject& view)
     if (!segy.open(view["file"].toString()) ||
         !file.open(view["firstBreakFile"].toString(), segy.info()))
         return -1;
-    int picks = 0;
-    const auto records = file.fieldRecords();
-    for (const qint32 record : records) {
-        OvFirstBreaks breaks;
-        if (!file.read(record, channels, &breaks))
-            return -2;
-        picks += breaks.pickedCount();
-    }
-    return picks;
+    OvFirstBreaks breaks;
+    std::vector<qint64> traces(static_cast<std::size_t>(segy.info().traceCount), 0);
+    std::iota(traces.begin(), traces.end(), 0);
+    if (!file.read(traces, &breaks))
+        return -2;
+    return breaks.pickedCount();
 }
 
 void tst_FirstLight::logsIn()

@@ -6,11 +6,26 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
+namespace {
+
+// 75 MB when every trace has a pick.
+constexpr std::size_t mostBlocks = 32768;
+
+} // namespace
+
 OvFirstBreakStore::OvFirstBreakStore(const OvSegyFileInfo& segy)
     : m_segy(segy)
     , m_path(OvFirstBreakFile::pathFor(segy.path, OvBaseUtil::localPath() + "/firstbreaks"))
+    , m_known(segy.traceCount)
 {
-    if (QFileInfo::exists(m_path))
+    openWhatIsThere();
+}
+
+void OvFirstBreakStore::openWhatIsThere()
+{
+    if (m_status && !m_file.isOpen() && QFileInfo::exists(m_path))
         m_status = m_file.open(m_path, m_segy);
 }
 
@@ -26,15 +41,41 @@ OvStatus OvFirstBreakStore::status() const
     return OvStatus::success();
 }
 
-OvFirstBreaks OvFirstBreakStore::read(const OvSegyIndex& index, int gather) const
+void OvFirstBreakStore::upgrade(const OvSegyFile& segy, const OvSegyIndex& index)
 {
-    OvFirstBreaks breaks;
-    if (!m_file.isOpen() || gather < 0 || gather >= index.gatherCount())
-        return breaks;
-    const OvStatus status =
-        m_file.read(index.fieldRecord(gather), index.gatherTraceCount(gather), &breaks);
+    if (m_file.isOpen() && m_file.needsUpgrade())
+        m_status = m_file.upgrade(segy, index);
+}
+
+void OvFirstBreakStore::forgetWhatIsOld()
+{
+    if (m_followed > 0)
+        return;
+    const qint64 version = m_file.dataVersion();
+    if (version != m_dataVersion)
+        m_known.clear();
+    m_dataVersion = version;
+}
+
+OvStatus OvFirstBreakStore::load(const std::vector<qint64>& traces)
+{
+    std::vector<qint64> wanted = OvFirstBreakBlocks::numbersOf(traces);
+    if (m_known.count() + wanted.size() > mostBlocks)
+        m_known.clear();
+    const auto known = [this](qint64 number) { return m_known.contains(number); };
+    wanted.erase(std::remove_if(wanted.begin(), wanted.end(), known), wanted.end());
+    return wanted.empty() ? OvStatus() : m_file.readBlocks(wanted, &m_known);
+}
+
+OvFirstBreaks OvFirstBreakStore::read(const std::vector<qint64>& traces)
+{
+    if (!m_status || !m_file.isOpen() || !m_known.fits(traces))
+        return {};
+    forgetWhatIsOld();
+    const OvStatus status = load(traces);
     if (status)
-        return breaks;
+        return m_known.read(traces);
+    m_known.clear();
     qWarning("%s", qPrintable(status.message()));
     return {};
 }
@@ -51,30 +92,37 @@ OvStatus OvFirstBreakStore::openForWriting()
     return m_file.open(m_path, m_segy);
 }
 
-OvStatus OvFirstBreakStore::check(const OvSegyIndex& index, const Row& row) const
+OvStatus OvFirstBreakStore::write(std::vector<OvFirstBreakUpdate>* updates)
 {
-    if (row.first < 0 || row.first >= index.gatherCount())
-        return OvStatus::failure(tr("%1 has no gather %2.").arg(m_segy.path).arg(row.first + 1));
-    const int traces = index.gatherTraceCount(row.first);
-    if (row.second.size() == traces)
-        return OvStatus::success();
-    return OvStatus::failure(tr("Gather %1 of %2 has %3 traces, but %4 first breaks were given.")
-                                 .arg(row.first + 1)
-                                 .arg(m_segy.path)
-                                 .arg(traces)
-                                 .arg(row.second.size()));
+    OvStatus status = openForWriting();
+    if (status)
+        status = m_file.write(updates);
+    if (status)
+        remember(*updates);
+    return status;
 }
 
-OvStatus OvFirstBreakStore::write(const OvSegyIndex& index, const QVector<Row>& rows)
+void OvFirstBreakStore::remember(const std::vector<OvFirstBreakUpdate>& stored)
 {
-    QVector<QPair<qint32, OvFirstBreaks>> records;
-    records.reserve(rows.size());
-    for (const Row& row : rows) {
-        const OvStatus fits = check(index, row);
-        if (!fits)
-            return fits;
-        records.append({index.fieldRecord(row.first), row.second});
+    for (const OvFirstBreakUpdate& update : stored) {
+        m_known.writeKnown(update.traces, update.breaks);
     }
-    const OvStatus opened = openForWriting();
-    return opened ? m_file.write(records) : opened;
+}
+
+void OvFirstBreakStore::beginFollowing()
+{
+    ++m_followed;
+}
+
+void OvFirstBreakStore::take(const std::vector<OvFirstBreakUpdate>& stored)
+{
+    openWhatIsThere();
+    remember(stored);
+}
+
+void OvFirstBreakStore::endFollowing()
+{
+    --m_followed;
+    // Other programs may have written as well.
+    m_known.clear();
 }

@@ -46,7 +46,7 @@ private:
     void store(const QVector<OvTracePick>& picks)
     {
         m_history->m_gather = m_gather;
-        m_history->m_outcome = m_history->store(m_gather, picks);
+        m_history->m_outcome = m_history->m_document->setPicks(m_gather, picks);
         // A step that could not be taken must not be taken back.
         setObsolete(!m_history->m_outcome);
     }
@@ -80,15 +80,6 @@ OvStatus OvPickHistory::edit(int gather, const QVector<OvTracePick>& picks, cons
         return OvStatus::success();
     m_stack.push(new Step(this, gather, picksOf(breaks, after), after, text));
     return m_outcome;
-}
-
-OvStatus OvPickHistory::store(int gather, const QVector<OvTracePick>& picks)
-{
-    OvFirstBreaks breaks = completeBreaks(*m_document, gather);
-    for (const OvTracePick& pick : picks)
-        if (pick.row < breaks.size())
-            pick.putInto(&breaks);
-    return m_document->setFirstBreaks(gather, breaks);
 }
 
 template <typename Move>

@@ -34,7 +34,6 @@ public:
 
 private:
     class Step;
-    OvStatus store(int gather, const QVector<OvTracePick>& picks);
     template <typename Move>
     OvStatus move(bool possible, Move how, int* gather);
 

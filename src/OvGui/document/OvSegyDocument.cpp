@@ -4,9 +4,13 @@
 #include "OvGui/document/OvGatherReader.h"
 #include "OvGui/document/OvIndexLoader.h"
 #include "OvGui/document/OvPickHistory.h"
+#include "OvGui/document/OvTracePick.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QHash>
+
+#include <set>
 
 namespace {
 
@@ -29,6 +33,9 @@ QString keyOf(const QString& path)
 
 struct OvSegyDocument::Private
 {
+    Q_DECLARE_TR_FUNCTIONS(OvSegyDocument)
+
+public:
     QString key;
     // Shared with the workers, which may outlive the document.
     std::shared_ptr<OvSegyFile> file = std::make_shared<OvSegyFile>();
@@ -40,6 +47,10 @@ struct OvSegyDocument::Private
     QSharedPointer<OvSegyDocument> self() const { return registry().value(key).toStrongRef(); }
     void start(OvSegyDocument* q);
     void connectLoader(OvSegyDocument* q);
+    std::vector<qint64> tracesOf(int gather) const;
+    OvStatus check(int gather, int breaks) const;
+    OvStatus write(OvSegyDocument* q, std::vector<OvFirstBreakUpdate>* updates);
+    void announce(OvSegyDocument* q, const std::vector<OvFirstBreakUpdate>& stored);
 };
 
 void OvSegyDocument::Private::start(OvSegyDocument* q)
@@ -70,6 +81,7 @@ void OvSegyDocument::Private::connectLoader(OvSegyDocument* q)
     QObject::connect(loader.get(), &OvIndexLoader::completed, q, [this, q, takeIndex] {
         const auto keep = self();
         takeIndex();
+        store->upgrade(*file, *loader->index());
         emit q->indexComplete();
     });
     QObject::connect(loader.get(), &OvIndexLoader::progress, q, &OvSegyDocument::indexProgress);
@@ -79,10 +91,60 @@ void OvSegyDocument::Private::connectLoader(OvSegyDocument* q)
     });
 }
 
+std::vector<qint64> OvSegyDocument::Private::tracesOf(int gather) const
+{
+    return OvFirstBreakBlocks::tracesOf(loader->index()->gatherHeaders(*file, gather));
+}
+
+OvStatus OvSegyDocument::Private::check(int gather, int breaks) const
+{
+    const auto index = loader->index();
+    if (gather < 0 || gather >= index->gatherCount())
+        return OvStatus::failure(tr("%1 has no gather %2.").arg(key).arg(gather + 1));
+    const int traces = index->gatherTraceCount(gather);
+    if (breaks == traces)
+        return OvStatus::success();
+    return OvStatus::failure(tr("Gather %1 of %2 has %3 traces, but %4 first breaks were given.")
+                                 .arg(gather + 1)
+                                 .arg(key)
+                                 .arg(traces)
+                                 .arg(breaks));
+}
+
+OvStatus OvSegyDocument::Private::write(OvSegyDocument* q, std::vector<OvFirstBreakUpdate>* updates)
+{
+    if (!loader->isComplete())
+        return OvStatus::failure(
+            tr("First breaks of %1 can be stored once all its headers are read.").arg(key));
+    OvStatus status = store->write(updates);
+    if (status)
+        announce(q, *updates);
+    return status;
+}
+
+void OvSegyDocument::Private::announce(OvSegyDocument* q,
+                                       const std::vector<OvFirstBreakUpdate>& stored)
+{
+    // Whoever hears a signal may give up the last reference to the document in it.
+    const auto keep = self();
+    const auto index = loader->index();
+    std::vector<qint64> traces;
+    std::set<int> gathers;
+    for (const OvFirstBreakUpdate& update : stored) {
+        traces.insert(traces.end(), update.traces.begin(), update.traces.end());
+        for (const qint64 trace : update.traces)
+            gathers.insert(index->gatherOfTrace(trace));
+    }
+    emit q->tracePicksChanged(traces);
+    for (const int gather : gathers)
+        emit q->firstBreaksChanged(gather);
+}
+
 OvSegyDocument::OvSegyDocument()
     : d(std::make_unique<Private>())
 {
     qRegisterMetaType<std::shared_ptr<const OvGather>>("std::shared_ptr<const OvGather>");
+    qRegisterMetaType<std::vector<qint64>>("std::vector<qint64>");
 }
 
 OvSegyDocument::~OvSegyDocument()
@@ -185,8 +247,14 @@ OvStatus OvSegyDocument::firstBreakStatus() const
 
 OvFirstBreaks OvSegyDocument::firstBreaks(int gather) const
 {
-    // Before the index is complete the first gather may be cut short, and its row would not fit.
-    return isIndexComplete() ? d->store->read(*index(), gather) : OvFirstBreaks();
+    return firstBreaksOf(d->tracesOf(gather));
+}
+
+OvFirstBreaks OvSegyDocument::firstBreaksOf(const std::vector<qint64>& traces) const
+{
+    // Before the index is complete the first gather may be cut short, and a file of an older
+    // version cannot be read.
+    return isIndexComplete() ? d->store->read(traces) : OvFirstBreaks();
 }
 
 OvStatus OvSegyDocument::setFirstBreaks(int gather, const OvFirstBreaks& breaks)
@@ -196,16 +264,57 @@ OvStatus OvSegyDocument::setFirstBreaks(int gather, const OvFirstBreaks& breaks)
 
 OvStatus OvSegyDocument::setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>& breaks)
 {
-    if (!isIndexComplete())
-        return OvStatus::failure(
-            tr("First breaks of %1 can be stored once all its headers are read.").arg(d->key));
-    const OvStatus status = d->store->write(*index(), breaks);
-    if (!status)
-        return status;
-    const auto keep = d->self();
-    for (const auto& row : breaks)
-        emit firstBreaksChanged(row.first);
-    return status;
+    std::vector<OvFirstBreakUpdate> updates;
+    for (const auto& row : breaks) {
+        const OvStatus fits =
+            isIndexComplete() ? d->check(row.first, row.second.size()) : OvStatus();
+        if (!fits)
+            return fits;
+        OvFirstBreakUpdate update;
+        update.traces = d->tracesOf(row.first);
+        update.breaks = row.second;
+        updates.push_back(std::move(update));
+    }
+    return d->write(this, &updates);
+}
+
+OvStatus OvSegyDocument::setPicks(int gather, const QVector<OvTracePick>& picks)
+{
+    const std::vector<qint64> traces = d->tracesOf(gather);
+    std::vector<OvFirstBreakUpdate> updates(1);
+    updates[0].breaks.resize(picks.size());
+    for (int i = 0; i < picks.size(); ++i) {
+        OvTracePick pick = picks.at(i);
+        updates[0].traces.push_back(traces.at(static_cast<std::size_t>(pick.row)));
+        pick.row = i;
+        pick.putInto(&updates[0].breaks);
+    }
+    return d->write(this, &updates);
+}
+
+OvStatus OvSegyDocument::setFirstBreaksOf(const std::vector<qint64>& traces,
+                                          const OvFirstBreaks& breaks)
+{
+    std::vector<OvFirstBreakUpdate> updates(1);
+    updates[0].traces = traces;
+    updates[0].breaks = breaks;
+    return d->write(this, &updates);
+}
+
+void OvSegyDocument::beginJobStorage()
+{
+    d->store->beginFollowing();
+}
+
+void OvSegyDocument::takeStored(const std::vector<OvFirstBreakUpdate>& stored)
+{
+    d->store->take(stored);
+    d->announce(this, stored);
+}
+
+void OvSegyDocument::endJobStorage()
+{
+    d->store->endFollowing();
 }
 
 OvPickHistory* OvSegyDocument::pickHistory() const

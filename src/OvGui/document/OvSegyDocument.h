@@ -14,6 +14,8 @@
 #include <memory>
 
 class OvPickHistory;
+struct OvFirstBreakUpdate;
+struct OvTracePick;
 
 /// One SEG-Y file with its index and its first breaks, shared by the views and jobs that work on
 /// it.
@@ -69,6 +71,19 @@ public:
     OvStatus setFirstBreaks(int gather, const OvFirstBreaks& breaks);
     /// Several gathers in one transaction.
     OvStatus setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>& breaks);
+    /// Some traces of a gather; the others stay as they are stored.
+    OvStatus setPicks(int gather, const QVector<OvTracePick>& picks);
+
+    /// The same by the traces' positions in the file, for gathers of another order than index()'s:
+    /// one entry a trace, in the order of traces, empty when none of them has anything.
+    OvFirstBreaks firstBreaksOf(const std::vector<qint64>& traces) const;
+    OvStatus setFirstBreaksOf(const std::vector<qint64>& traces, const OvFirstBreaks& breaks);
+
+    /// While a job stores first breaks in a thread of its own, it says here what it has stored.
+    /// Each begin needs its end.
+    void beginJobStorage();
+    void takeStored(const std::vector<OvFirstBreakUpdate>& stored);
+    void endJobStorage();
     /// The edits by hand; belongs to the document.
     OvPickHistory* pickHistory() const;
 
@@ -82,7 +97,10 @@ signals:
     void indexFailed(const QString& message);
     /// Null data with a message on failure.
     void gatherLoaded(int gather, std::shared_ptr<const OvGather> data, const QString& message);
+    /// A gather of index().
     void firstBreaksChanged(int gather);
+    /// The same by trace, once for all that have changed together.
+    void tracePicksChanged(const std::vector<qint64>& traces);
 
 private:
     OvSegyDocument();

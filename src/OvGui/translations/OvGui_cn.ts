@@ -18,14 +18,6 @@
         <source>The folder %1 cannot be made. Check its place and its rights.</source>
         <translation>无法创建文件夹 %1。请检查其位置和权限。</translation>
     </message>
-    <message>
-        <source>%1 has no gather %2.</source>
-        <translation>%1 中没有第 %2 个道集。</translation>
-    </message>
-    <message>
-        <source>Gather %1 of %2 has %3 traces, but %4 first breaks were given.</source>
-        <translation>%2 的第 %1 个道集有 %3 道，但给出了 %4 个初至。</translation>
-    </message>
 </context>
 <context>
     <name>OvGatherPane</name>
@@ -285,6 +277,14 @@
     <message>
         <source>First breaks of %1 can be stored once all its headers are read.</source>
         <translation>读完 %1 的全部道头后才能保存其初至。</translation>
+    </message>
+    <message>
+        <source>%1 has no gather %2.</source>
+        <translation>%1 中没有第 %2 个道集。</translation>
+    </message>
+    <message>
+        <source>Gather %1 of %2 has %3 traces, but %4 first breaks were given.</source>
+        <translation>%2 的第 %1 个道集有 %3 道，但给出了 %4 个初至。</translation>
     </message>
 </context>
 <context>

@@ -1,45 +1,45 @@
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
 
-#include "OvSeismic/firstbreak/OvFirstBreakBlobs.h"
+#include "OvSeismic/firstbreak/OvFirstBreakConnection.h"
+#include "OvSeismic/firstbreak/OvFirstBreakRows.h"
 #include "OvSeismic/firstbreak/OvFirstBreakSchema.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QSqlDatabase>
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryFile>
-#include <QVariant>
 
 #include <atomic>
+#include <functional>
 
 struct OvFirstBreakFile::Private
 {
     Q_DECLARE_TR_FUNCTIONS(OvFirstBreakFile)
 
 public:
-    QSqlDatabase database() const { return QSqlDatabase::database(connection, false); }
-    OvStatus failure(const QString& reason) const
-    {
-        return OvStatus::failure(tr("First-break file %1: %2").arg(nativePath(), reason));
-    }
-    QString nativePath() const { return QDir::toNativeSeparators(path); }
-    OvStatus failure(const QSqlQuery& query) const { return failure(query.lastError().text()); }
     OvStatus notOpen() const { return OvStatus::failure(tr("No first-break file is open.")); }
-    OvStatus ready() const;
-    OvStatus check(const QPair<qint32, OvFirstBreaks>& row) const;
+    OvStatus readable() const;
+    OvStatus writable() const;
     OvStatus connect();
-    OvStatus store(const QVector<QPair<qint32, OvFirstBreaks>>& rows) const;
-    OvStatus decode(const QSqlQuery& query, int traceCount, OvFirstBreaks* breaks) const;
+    OvStatus inTransaction(const std::function<OvStatus()>& work) const;
+    OvStatus check(const OvFirstBreakUpdate& update) const;
+    OvStatus store(std::vector<OvFirstBreakUpdate>* updates) const;
+    OvStatus markDone(const std::vector<OvFirstBreakUpdate>& updates) const;
+    OvStatus convert(const OvSegyFile& segy, const OvSegyIndex& index);
 
-    QString connection;
-    QString path;
-    bool readOnly = false;
+    OvFirstBreakConnection file;
+    qint64 traceCount = 0;
+    bool byRecord = false;
+    // The picks of an old file that cannot be written.
+    std::unique_ptr<OvFirstBreakBlocks> converted;
 };
 
 namespace {
+
+constexpr char runSettingsKey[] = "run_settings";
+constexpr char runGathersKey[] = "run_gathers";
 
 QString newConnectionName()
 {
@@ -62,76 +62,123 @@ QString shortHash(const QString& path)
     return QString::fromLatin1(hash.left(10));
 }
 
+// Traces that have a manual pick in present keep it.
+void keepManual(const OvFirstBreaks& present, OvFirstBreaks* breaks)
+{
+    for (std::size_t i = 0; i < present.states.size(); ++i) {
+        if (present.states[i] != OvPickState::Manual)
+            continue;
+        breaks->timesMs[i] = present.timesMs[i];
+        breaks->states[i] = present.states[i];
+        breaks->confidences[i] = present.confidences[i];
+    }
+}
+
 } // namespace
 
-OvStatus OvFirstBreakFile::Private::ready() const
+OvStatus OvFirstBreakFile::Private::readable() const
 {
-    if (connection.isEmpty())
+    if (file.name.isEmpty())
         return notOpen();
-    if (readOnly)
-        return failure(tr("it is read-only; the first breaks cannot be saved."));
-    // Writes to a deleted file would succeed and be lost.
-    if (!QFileInfo::exists(path))
-        return failure(tr("it was removed or renamed while it was open."));
+    if (byRecord && !converted)
+        return file.failure(tr("it is of an older version; it can be used once all traces of the "
+                               "SEG-Y file are known."));
     return {};
+}
+
+OvStatus OvFirstBreakFile::Private::writable() const
+{
+    if (file.name.isEmpty())
+        return notOpen();
+    if (file.readOnly)
+        return file.failure(tr("it is read-only; the first breaks cannot be saved."));
+    // Writes to a deleted file would succeed and be lost.
+    if (!QFileInfo::exists(file.path))
+        return file.failure(tr("it was removed or renamed while it was open."));
+    return readable();
 }
 
 OvStatus OvFirstBreakFile::Private::connect()
 {
-    connection = newConnectionName();
-    OvStatus status = OvFirstBreakSchema::connect(connection, path, readOnly);
-    if (status && !readOnly)
-        status = OvFirstBreakSchema::makeDurable(connection, path);
+    file.name = newConnectionName();
+    OvStatus status = OvFirstBreakSchema::connect(file);
+    if (status && !file.readOnly)
+        status = OvFirstBreakSchema::makeDurable(file);
     return status;
 }
 
-OvStatus OvFirstBreakFile::Private::check(const QPair<qint32, OvFirstBreaks>& row) const
+OvStatus OvFirstBreakFile::Private::inTransaction(const std::function<OvStatus()>& work) const
 {
-    const OvFirstBreaks& breaks = row.second;
-    if (breaks.states.size() == breaks.timesMs.size() &&
-        breaks.confidences.size() == breaks.timesMs.size())
-        return {};
-    return failure(tr("the first breaks of record %1 are incomplete.").arg(row.first));
+    OvFirstBreakTransaction transaction(file);
+    OvStatus status = transaction.begin();
+    if (status)
+        status = work();
+    return status ? transaction.commit() : status;
 }
 
-OvStatus OvFirstBreakFile::Private::store(const QVector<QPair<qint32, OvFirstBreaks>>& rows) const
+OvStatus OvFirstBreakFile::Private::check(const OvFirstBreakUpdate& update) const
 {
-    QSqlQuery query(database());
-    bool done = query.prepare(QStringLiteral(
-        "INSERT OR REPLACE INTO gather(field_record, trace_count, times, states, confidences) "
-        "VALUES (?, ?, ?, ?, ?)"));
-    for (int i = 0; i < rows.size() && done; ++i) {
-        const OvFirstBreaks& breaks = rows.at(i).second;
-        OvStatus status = check(rows.at(i));
-        if (!status)
-            return status;
-        query.addBindValue(rows.at(i).first);
-        query.addBindValue(breaks.size());
-        query.addBindValue(OvFirstBreakBlobs::fromFloats(breaks.timesMs));
-        query.addBindValue(OvFirstBreakBlobs::fromStates(breaks.states));
-        query.addBindValue(OvFirstBreakBlobs::fromFloats(breaks.confidences));
-        done = query.exec();
-    }
-    return done ? OvStatus() : failure(query);
+    const OvFirstBreaks& breaks = update.breaks;
+    if (breaks.timesMs.size() != update.traces.size() ||
+        breaks.states.size() != update.traces.size() ||
+        breaks.confidences.size() != update.traces.size())
+        return file.failure(
+            tr("the first breaks of %1 traces are incomplete.").arg(update.traces.size()));
+    if (!OvFirstBreakBlocks(traceCount).fits(update.traces))
+        return file.failure(tr("the SEG-Y file has no such trace; it has %1.").arg(traceCount));
+    return {};
 }
 
-OvStatus OvFirstBreakFile::Private::decode(const QSqlQuery& query, int traceCount,
-                                           OvFirstBreaks* breaks) const
+OvStatus OvFirstBreakFile::Private::store(std::vector<OvFirstBreakUpdate>* updates) const
 {
-    const qint64 stored = query.value(0).toLongLong();
-    if (stored != traceCount) {
-        return failure(tr("it has first breaks of %1 traces for a gather of %2 traces.")
-                           .arg(stored)
-                           .arg(traceCount));
+    std::vector<qint64> traces;
+    for (const OvFirstBreakUpdate& update : *updates)
+        traces.insert(traces.end(), update.traces.begin(), update.traces.end());
+    OvFirstBreakBlocks blocks(traceCount);
+    OvStatus status = OvFirstBreakRows::read(file, OvFirstBreakBlocks::numbersOf(traces), &blocks);
+    if (!status)
+        return status;
+    for (OvFirstBreakUpdate& update : *updates) {
+        if (update.keepManual)
+            keepManual(blocks.read(update.traces), &update.breaks);
+        blocks.write(update.traces, update.breaks);
     }
-    const bool good =
-        OvFirstBreakBlobs::toFloats(query.value(1).toByteArray(), traceCount, &breaks->timesMs) &&
-        OvFirstBreakBlobs::toStates(query.value(2).toByteArray(), traceCount, &breaks->states) &&
-        OvFirstBreakBlobs::toFloats(query.value(3).toByteArray(), traceCount, &breaks->confidences);
-    if (good)
-        return {};
-    *breaks = {};
-    return failure(tr("the row of a gather is damaged. Restore the file from a copy."));
+    status = OvFirstBreakRows::write(file, blocks);
+    return status ? markDone(*updates) : status;
+}
+
+OvStatus OvFirstBreakFile::Private::markDone(const std::vector<OvFirstBreakUpdate>& updates) const
+{
+    OvStatus status;
+    for (const OvFirstBreakUpdate& update : updates) {
+        if (status && update.doneGather >= 0)
+            status = file.execute(QStringLiteral("INSERT OR IGNORE INTO run_gather VALUES (%1)")
+                                      .arg(update.doneGather));
+    }
+    return status;
+}
+
+OvStatus OvFirstBreakFile::Private::convert(const OvSegyFile& segy, const OvSegyIndex& index)
+{
+    auto blocks = std::make_unique<OvFirstBreakBlocks>(traceCount);
+    OvStatus status;
+    if (file.readOnly) {
+        status = OvFirstBreakRows::readRecords(file, segy, index, blocks.get());
+        if (status)
+            converted = std::move(blocks);
+        return status;
+    }
+    status = inTransaction([&] {
+        // Another program may have been faster.
+        if (OvFirstBreakSchema::versionOf(file) != OvFirstBreakSchema::versionByRecord)
+            return OvStatus::success();
+        OvStatus done = OvFirstBreakRows::readRecords(file, segy, index, blocks.get());
+        if (done)
+            done = OvFirstBreakSchema::replaceOldTables(file);
+        return done ? OvFirstBreakRows::write(file, *blocks) : done;
+    });
+    byRecord = !status.ok();
+    return status;
 }
 
 OvFirstBreakFile::OvFirstBreakFile()
@@ -164,98 +211,156 @@ QString OvFirstBreakFile::pathFor(const QString& segyPath, const QString& fallba
 OvStatus OvFirstBreakFile::open(const QString& path, const OvSegyFileInfo& segy)
 {
     close();
-    d->path = QFileInfo(path).absoluteFilePath();
+    d->file.path = QFileInfo(path).absoluteFilePath();
+    d->traceCount = segy.traceCount;
     OvStatus status;
-    if (!QFileInfo::exists(d->path))
-        status = OvFirstBreakSchema::create(d->path, segy);
+    if (!QFileInfo::exists(d->file.path))
+        status = OvFirstBreakSchema::create(d->file.path, segy);
     if (status)
-        status = OvFirstBreakSchema::checkKind(d->path);
+        status = OvFirstBreakSchema::checkKind(d->file.path);
     if (status) {
-        d->readOnly = !QFileInfo(d->path).isWritable() ||
-                      !isWritableFolder(QFileInfo(d->path).absolutePath());
+        d->file.readOnly = !QFileInfo(d->file.path).isWritable() ||
+                           !isWritableFolder(QFileInfo(d->file.path).absolutePath());
         status = d->connect();
     }
     if (status)
-        status = OvFirstBreakSchema::check(d->connection, d->path, segy);
-    if (!status)
+        status = OvFirstBreakSchema::check(d->file, segy);
+    if (status)
+        d->byRecord = OvFirstBreakSchema::versionOf(d->file) == OvFirstBreakSchema::versionByRecord;
+    else
         close();
     return status;
 }
 
 void OvFirstBreakFile::close()
 {
-    if (!d->connection.isEmpty())
-        OvFirstBreakSchema::disconnect(d->connection);
-    *d = {};
+    if (isOpen())
+        OvFirstBreakSchema::disconnect(d->file);
+    d = std::make_unique<Private>();
 }
 
 bool OvFirstBreakFile::isOpen() const
 {
-    return !d->connection.isEmpty();
+    return !d->file.name.isEmpty();
 }
 
 QString OvFirstBreakFile::path() const
 {
-    return d->path;
+    return d->file.path;
 }
 
-QVector<qint32> OvFirstBreakFile::fieldRecords() const
+bool OvFirstBreakFile::needsUpgrade() const
 {
-    QVector<qint32> records;
-    if (!isOpen())
-        return records;
-    QSqlQuery query(d->database());
-    query.setForwardOnly(true);
-    if (query.exec(QStringLiteral("SELECT field_record FROM gather ORDER BY field_record"))) {
-        while (query.next())
-            records += query.value(0).toInt();
+    return d->byRecord && !d->converted;
+}
+
+OvStatus OvFirstBreakFile::upgrade(const OvSegyFile& segy, const OvSegyIndex& index)
+{
+    return needsUpgrade() ? d->convert(segy, index) : OvStatus::success();
+}
+
+OvStatus OvFirstBreakFile::relaxDurability()
+{
+    const OvStatus status = d->writable();
+    return status ? d->file.execute(QStringLiteral("PRAGMA synchronous = NORMAL")) : status;
+}
+
+std::vector<qint64> OvFirstBreakFile::blocks() const
+{
+    std::vector<qint64> numbers;
+    if (!d->readable())
+        return numbers;
+    if (d->converted) {
+        for (const auto& block : d->converted->all())
+            numbers.push_back(block.first);
+        return numbers;
     }
-    return records;
-}
-
-OvStatus OvFirstBreakFile::read(qint32 fieldRecord, int traceCount, OvFirstBreaks* breaks) const
-{
-    *breaks = {};
-    if (!isOpen())
-        return d->notOpen();
-    QSqlQuery query(d->database());
+    QSqlQuery query(d->file.database());
     query.setForwardOnly(true);
-    query.prepare(QStringLiteral(
-        "SELECT trace_count, times, states, confidences FROM gather WHERE field_record = ?"));
-    query.addBindValue(fieldRecord);
-    if (!query.exec())
-        return d->failure(query);
-    return query.next() ? d->decode(query, traceCount, breaks) : OvStatus();
+    query.exec(QStringLiteral("SELECT first_trace FROM trace_block ORDER BY first_trace"));
+    while (query.next())
+        numbers.push_back(query.value(0).toLongLong() / OvFirstBreakBlocks::size);
+    return numbers;
 }
 
-OvStatus OvFirstBreakFile::write(qint32 fieldRecord, const OvFirstBreaks& breaks)
+OvStatus OvFirstBreakFile::readBlocks(const std::vector<qint64>& numbers,
+                                      OvFirstBreakBlocks* blocks) const
 {
-    return write({{fieldRecord, breaks}});
-}
-
-OvStatus OvFirstBreakFile::write(const QVector<QPair<qint32, OvFirstBreaks>>& rows)
-{
-    OvStatus status = d->ready();
-    if (!status)
-        return status;
-    QSqlDatabase database = d->database();
-    if (!database.transaction())
-        return d->failure(database.lastError().text());
-    status = d->store(rows);
-    if (status && !database.commit())
-        status = d->failure(database.lastError().text());
-    if (!status)
-        database.rollback();
+    const OvStatus status = d->readable();
+    if (!status || !d->converted)
+        return status ? OvFirstBreakRows::read(d->file, numbers, blocks) : status;
+    for (const qint64 number : numbers) {
+        const auto found = d->converted->all().find(number);
+        blocks->insert(number,
+                       found == d->converted->all().end() ? OvFirstBreaks() : found->second);
+    }
     return status;
 }
 
-OvStatus OvFirstBreakFile::remove(qint32 fieldRecord)
+OvStatus OvFirstBreakFile::read(const std::vector<qint64>& traces, OvFirstBreaks* breaks) const
 {
-    OvStatus status = d->ready();
-    if (!status)
+    *breaks = {};
+    OvFirstBreakBlocks blocks(d->traceCount);
+    const OvStatus status = readBlocks(OvFirstBreakBlocks::numbersOf(traces), &blocks);
+    if (status)
+        *breaks = blocks.read(traces);
+    return status;
+}
+
+OvStatus OvFirstBreakFile::write(const std::vector<qint64>& traces, const OvFirstBreaks& breaks)
+{
+    std::vector<OvFirstBreakUpdate> updates(1);
+    updates[0].traces = traces;
+    updates[0].breaks = breaks;
+    return write(&updates);
+}
+
+OvStatus OvFirstBreakFile::write(std::vector<OvFirstBreakUpdate>* updates)
+{
+    OvStatus status = d->writable();
+    for (const OvFirstBreakUpdate& update : *updates) {
+        if (status)
+            status = d->check(update);
+    }
+    return status ? d->inTransaction([&] { return d->store(updates); }) : status;
+}
+
+OvStatus OvFirstBreakFile::readRun(OvFirstBreakRun* run) const
+{
+    *run = {};
+    const OvStatus status = d->readable();
+    if (!status || d->converted)
         return status;
-    QSqlQuery query(d->database());
-    query.prepare(QStringLiteral("DELETE FROM gather WHERE field_record = ?"));
-    query.addBindValue(fieldRecord);
-    return query.exec() ? OvStatus() : d->failure(query);
+    run->settings = d->file.metaValue(runSettingsKey);
+    run->gathers = d->file.metaValue(runGathersKey).toInt();
+    QSqlQuery query(d->file.database());
+    query.setForwardOnly(true);
+    if (!query.exec(QStringLiteral("SELECT gather FROM run_gather ORDER BY gather")))
+        return d->file.failure(query);
+    while (query.next())
+        run->done.push_back(query.value(0).toInt());
+    return status;
+}
+
+OvStatus OvFirstBreakFile::beginRun(const QString& settings, int gathers)
+{
+    const OvStatus ready = d->writable();
+    if (!ready)
+        return ready;
+    return d->inTransaction([&] {
+        OvStatus status = d->file.execute(QStringLiteral("DELETE FROM run_gather"));
+        if (status)
+            status = d->file.setMetaValue(runSettingsKey, settings);
+        return status ? d->file.setMetaValue(runGathersKey, QString::number(gathers)) : status;
+    });
+}
+
+OvStatus OvFirstBreakFile::endRun()
+{
+    return beginRun({}, 0);
+}
+
+qint64 OvFirstBreakFile::dataVersion() const
+{
+    return isOpen() ? d->file.ask(QStringLiteral("PRAGMA data_version")).toLongLong() : -1;
 }

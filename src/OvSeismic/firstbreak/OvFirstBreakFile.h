@@ -2,14 +2,38 @@
 
 #include "OvSeismic/OvSeismicExport.h"
 #include "OvSeismic/OvStatus.h"
+#include "OvSeismic/firstbreak/OvFirstBreakBlocks.h"
 #include "OvSeismic/firstbreak/OvFirstBreaks.h"
 #include "OvSeismic/segy/OvSegyTypes.h"
 
-#include <QVector>
-
 #include <memory>
+#include <vector>
 
-/// The first-break file (.fb) of one SEG-Y file: an SQLite database with one row a gather.
+class OvSegyFile;
+class OvSegyIndex;
+
+/// New first breaks of some traces.
+struct OvFirstBreakUpdate
+{
+    std::vector<qint64> traces; ///< positions in the SEG-Y file, from 0
+    OvFirstBreaks breaks;       ///< one entry a trace
+    bool keepManual = false;    ///< traces whose pick was made by hand keep it
+    int doneGather = -1;        ///< gather of the automatic run that this completes; -1 none
+};
+
+/// How far an automatic run has come that has not ended yet.
+struct OvFirstBreakRun
+{
+    QString settings; ///< what was picked and how, as a canonical text; empty when there is no run
+    int gathers = 0;  ///< in all
+    std::vector<int> done; ///< ordinals, ascending
+
+    bool exists() const { return !settings.isEmpty(); }
+    int left() const { return gathers - static_cast<int>(done.size()); }
+};
+
+/// The first-break file (.fb) of one SEG-Y file: an SQLite database with the picks by trace, so
+/// that they stay with their traces however these are grouped.
 ///
 /// It lies beside the SEG-Y file, or in fallbackFolder where that folder cannot be written. Every
 /// write is a transaction of its own and durable when the call returns. One object belongs to the
@@ -34,15 +58,40 @@ public:
     bool isOpen() const;
     QString path() const;
 
-    /// Field records that have a row, ascending.
-    QVector<qint32> fieldRecords() const;
-    /// Empty breaks when the record has no row. A row of another trace count is an error.
-    OvStatus read(qint32 fieldRecord, int traceCount, OvFirstBreaks* breaks) const;
-    /// Replaces the row of a record.
-    OvStatus write(qint32 fieldRecord, const OvFirstBreaks& breaks);
-    /// Replaces several rows in one transaction; all or none.
-    OvStatus write(const QVector<QPair<qint32, OvFirstBreaks>>& rows);
-    OvStatus remove(qint32 fieldRecord);
+    /// Whether the file keeps its picks by field record, as the first version of the program did.
+    /// Until upgrade() it can be neither read nor written.
+    bool needsUpgrade() const;
+    /// Brings such a file up to date in one transaction. index groups the traces by the field
+    /// record in bytes 9 to 12. A file that cannot be written is left as it is and can be read.
+    /// Nothing happens when the file is up to date.
+    OvStatus upgrade(const OvSegyFile& segy, const OvSegyIndex& index);
+
+    /// For work that can be repeated: from here on a write survives a crash of the program but, of
+    /// the last moments, not one of the machine. The file stays whole in either case.
+    OvStatus relaxDurability();
+
+    /// Numbers of the blocks that have a row, ascending.
+    std::vector<qint64> blocks() const;
+    /// Adds the blocks of these numbers, ascending, to *blocks.
+    OvStatus readBlocks(const std::vector<qint64>& numbers, OvFirstBreakBlocks* blocks) const;
+    /// One entry a trace in the order of traces; empty when none of them has anything.
+    OvStatus read(const std::vector<qint64>& traces, OvFirstBreaks* breaks) const;
+    /// Replaces the entries of traces.
+    OvStatus write(const std::vector<qint64>& traces, const OvFirstBreaks& breaks);
+    /// Several updates in one transaction; all or none. What others have written meanwhile is seen.
+    /// On success the breaks of each update are those that are stored now.
+    OvStatus write(std::vector<OvFirstBreakUpdate>* updates);
+
+    /// The automatic run that has not ended.
+    OvStatus readRun(OvFirstBreakRun* run) const;
+    /// Starts a run of that many gathers; forgets the one before.
+    OvStatus beginRun(const QString& settings, int gathers);
+    /// All of the run is done.
+    OvStatus endRun();
+
+    /// Counts the writes by others since the file was opened, so that a reader knows when what it
+    /// has kept is out of date.
+    qint64 dataVersion() const;
 
 private:
     struct Private;

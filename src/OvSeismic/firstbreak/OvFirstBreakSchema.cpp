@@ -1,16 +1,15 @@
 #include "OvSeismic/firstbreak/OvFirstBreakSchema.h"
 
+#include "OvSeismic/firstbreak/OvFirstBreakConnection.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSqlDatabase>
 #include <QSqlError>
-#include <QSqlQuery>
 #include <QTemporaryFile>
 #include <QUrl>
-#include <QVariant>
 #include <QtEndian>
 
 namespace {
@@ -25,11 +24,6 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(OvFirstBreakFile)
 
 public:
-    static OvStatus failure(const QString& path, const QString& reason)
-    {
-        return OvStatus::failure(
-            tr("First-break file %1: %2").arg(QDir::toNativeSeparators(path), reason));
-    }
     static QString otherKind() { return tr("it is not a first-break file. Move it away."); }
     static QString empty() { return tr("it is empty. Move it away."); }
     static QString damaged(const QString& detail)
@@ -49,71 +43,69 @@ public:
     }
 };
 
-QSqlDatabase databaseOf(const QString& connection)
+QStringList tableStatements()
 {
-    return QSqlDatabase::database(connection, false);
-}
-
-/// The first value of the first row; invalid on failure.
-QVariant ask(const QString& connection, const QString& statement, QString* error = nullptr)
-{
-    QSqlQuery query(databaseOf(connection));
-    QVariant value;
-    if (query.exec(statement) && query.next())
-        value = query.value(0);
-    if (error)
-        *error = query.lastError().isValid() ? query.lastError().text() : QString();
-    return value;
-}
-
-QString metaValue(const QString& connection, const char* key)
-{
-    QSqlQuery query(databaseOf(connection));
-    query.prepare(QStringLiteral("SELECT value FROM meta WHERE key = ?"));
-    query.addBindValue(QLatin1String(key));
-    return query.exec() && query.next() ? query.value(0).toString() : QString();
+    return {
+        QStringLiteral("PRAGMA user_version = %1").arg(OvFirstBreakSchema::version),
+        QStringLiteral("CREATE TABLE trace_block(first_trace INTEGER PRIMARY KEY, "
+                       "trace_count INTEGER NOT NULL, times BLOB NOT NULL, states BLOB NOT NULL, "
+                       "confidences BLOB NOT NULL)"),
+        QStringLiteral("CREATE TABLE run_gather(gather INTEGER PRIMARY KEY)"),
+    };
 }
 
 QStringList schemaStatements()
 {
-    return {
-        QStringLiteral("PRAGMA application_id = %1").arg(OvFirstBreakSchema::applicationId),
-        QStringLiteral("PRAGMA user_version = %1").arg(OvFirstBreakSchema::version),
-        QStringLiteral("CREATE TABLE meta(key TEXT PRIMARY KEY, value TEXT) WITHOUT ROWID"),
-        QStringLiteral("CREATE TABLE gather(field_record INTEGER PRIMARY KEY, "
-                       "trace_count INTEGER NOT NULL, times BLOB NOT NULL, states BLOB NOT NULL, "
-                       "confidences BLOB NOT NULL)"),
-    };
+    return QStringList{
+               QStringLiteral("PRAGMA application_id = %1").arg(OvFirstBreakSchema::applicationId),
+               QStringLiteral("CREATE TABLE meta(key TEXT PRIMARY KEY, value TEXT) WITHOUT ROWID"),
+           } +
+           tableStatements();
 }
 
-QVector<QPair<QString, QString>> metaRows(const OvSegyFileInfo& segy)
+QStringList probeStatements(int version)
+{
+    if (version == OvFirstBreakSchema::versionByRecord)
+        return {QStringLiteral("SELECT trace_count, times, states, confidences FROM gather")};
+    return {
+        QStringLiteral("SELECT trace_count, times, states, confidences FROM trace_block LIMIT 1"),
+        QStringLiteral("SELECT gather FROM run_gather LIMIT 1")};
+}
+
+OvStatus execute(const OvFirstBreakConnection& file, const QStringList& statements)
+{
+    OvStatus status;
+    for (const QString& statement : statements) {
+        if (status)
+            status = file.execute(statement);
+    }
+    return status;
+}
+
+QVector<QPair<const char*, QString>> metaRows(const OvSegyFileInfo& segy)
 {
     const QFileInfo file(segy.path);
     return {
-        {QStringLiteral("schema_version"), QString::number(OvFirstBreakSchema::version)},
-        {QStringLiteral("segy_name"), file.fileName()},
-        {QStringLiteral("segy_size"), QString::number(segy.fileSize)},
-        {QStringLiteral("segy_modified"), file.lastModified().toUTC().toString(Qt::ISODateWithMs)},
-        {QStringLiteral("trace_count"), QString::number(segy.traceCount)},
-        {QStringLiteral("header_mapping"), QStringLiteral("field_record=9,channel=13,offset=37")},
+        {"schema_version", QString::number(OvFirstBreakSchema::version)},
+        {"segy_name", file.fileName()},
+        {"segy_size", QString::number(segy.fileSize)},
+        {"segy_modified", file.lastModified().toUTC().toString(Qt::ISODateWithMs)},
+        {"trace_count", QString::number(segy.traceCount)},
+        {"header_mapping", QStringLiteral("field_record=9,channel=13,offset=37")},
     };
 }
 
-bool fill(const QString& connection, const OvSegyFileInfo& segy, QString* error)
+OvStatus fill(const OvFirstBreakConnection& file, const OvSegyFileInfo& segy)
 {
-    QSqlDatabase database = databaseOf(connection);
-    QSqlQuery query(database);
-    bool done = database.transaction();
-    for (const QString& statement : schemaStatements())
-        done = done && query.exec(statement);
-    done = done && query.prepare(QStringLiteral("INSERT INTO meta(key, value) VALUES (?, ?)"));
+    OvFirstBreakTransaction transaction(file);
+    OvStatus status = transaction.begin();
+    if (status)
+        status = execute(file, schemaStatements());
     for (const auto& row : metaRows(segy)) {
-        query.addBindValue(row.first);
-        query.addBindValue(row.second);
-        done = done && query.exec();
+        if (status)
+            status = file.setMetaValue(row.first, row.second);
     }
-    *error = query.lastError().text();
-    return done && database.commit();
+    return status ? transaction.commit() : status;
 }
 
 QString uri(const QString& path, const char* options)
@@ -126,23 +118,25 @@ QString uri(const QString& path, const char* options)
 
 OvStatus OvFirstBreakSchema::create(const QString& path, const OvSegyFileInfo& segy)
 {
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir().mkpath(folder))
-        return Text::failure(folder, qt_error_string());
+    OvFirstBreakConnection draft;
+    draft.path = QFileInfo(path).absolutePath();
+    if (!QDir().mkpath(draft.path))
+        return draft.failure(qt_error_string());
     QTemporaryFile place(path + QLatin1String(".XXXXXX"));
+    draft.path = path;
     if (!place.open())
-        return Text::failure(path, place.errorString());
+        return draft.failure(place.errorString());
     place.close();
     // Its name, which is unique, names the connection as well.
-    const QString draft = place.fileName();
-    OvStatus status = connect(draft, draft, false);
-    QString error;
-    if (status && !fill(draft, segy, &error))
-        status = Text::failure(path, error);
+    draft.path = place.fileName();
+    draft.name = draft.path;
+    OvStatus status = connect(draft);
+    if (status)
+        status = fill(draft, segy);
     disconnect(draft);
     // Without replacing: a file that has appeared meanwhile holds somebody's first breaks.
     if (status && !place.rename(path) && !QFileInfo::exists(path))
-        status = Text::failure(path, place.errorString());
+        status = draft.failure(place.errorString());
     if (place.fileName() == path)
         place.setAutoRemove(false);
     return status;
@@ -150,71 +144,85 @@ OvStatus OvFirstBreakSchema::create(const QString& path, const OvSegyFileInfo& s
 
 OvStatus OvFirstBreakSchema::checkKind(const QString& path)
 {
+    OvFirstBreakConnection place;
+    place.path = path;
     // A pipe would block the open below.
     if (!QFileInfo(path).isFile())
-        return Text::failure(path, Text::otherKind());
+        return place.failure(Text::otherKind());
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return Text::failure(path, file.errorString());
+        return place.failure(file.errorString());
     const QByteArray header = file.read(sqliteHeaderSize);
     if (header.isEmpty())
-        return Text::failure(path, Text::empty());
+        return place.failure(Text::empty());
     if (header.size() < sqliteHeaderSize || !header.startsWith(QByteArray("SQLite format 3\0", 16)))
-        return Text::failure(path, Text::otherKind());
+        return place.failure(Text::otherKind());
     if (qFromBigEndian<quint32>(header.constData() + applicationIdAt) != applicationId)
-        return Text::failure(path, Text::otherKind());
+        return place.failure(Text::otherKind());
     if (qFromBigEndian<qint32>(header.constData() + userVersionAt) > version)
-        return Text::failure(path, Text::newer());
+        return place.failure(Text::newer());
     return {};
 }
 
-OvStatus OvFirstBreakSchema::connect(const QString& connection, const QString& path, bool readOnly)
+OvStatus OvFirstBreakSchema::connect(const OvFirstBreakConnection& file)
 {
-    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), file.name);
     database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=5000"));
     // In a folder that cannot be written to there is no place for SQLite's shared memory; immutable
     // does without.
-    database.setDatabaseName(uri(path, readOnly ? "?mode=ro&immutable=1" : "?mode=rw"));
+    database.setDatabaseName(uri(file.path, file.readOnly ? "?mode=ro&immutable=1" : "?mode=rw"));
     if (!database.open())
-        return Text::failure(path, database.lastError().text());
+        return file.failure(database.lastError().text());
     return {};
 }
 
-void OvFirstBreakSchema::disconnect(const QString& connection)
+void OvFirstBreakSchema::disconnect(const OvFirstBreakConnection& file)
 {
-    databaseOf(connection).close();
-    QSqlDatabase::removeDatabase(connection);
+    file.database().close();
+    QSqlDatabase::removeDatabase(file.name);
 }
 
-OvStatus OvFirstBreakSchema::makeDurable(const QString& connection, const QString& path)
+OvStatus OvFirstBreakSchema::makeDurable(const OvFirstBreakConnection& file)
 {
     // Where write-ahead logging does not work (network shares) SQLite keeps its rollback journal,
     // which is as durable and only slower.
     QString error;
-    ask(connection, QStringLiteral("PRAGMA journal_mode = WAL"), &error);
+    file.ask(QStringLiteral("PRAGMA journal_mode = WAL"), &error);
     if (error.isEmpty())
-        ask(connection, QStringLiteral("PRAGMA synchronous = FULL"), &error);
-    return error.isEmpty() ? OvStatus() : Text::failure(path, Text::damaged(error));
+        file.ask(QStringLiteral("PRAGMA synchronous = FULL"), &error);
+    return error.isEmpty() ? OvStatus() : file.failure(Text::damaged(error));
 }
 
-OvStatus OvFirstBreakSchema::check(const QString& connection, const QString& path,
-                                   const OvSegyFileInfo& segy)
+int OvFirstBreakSchema::versionOf(const OvFirstBreakConnection& file)
+{
+    return file.ask(QStringLiteral("PRAGMA user_version")).toInt();
+}
+
+OvStatus OvFirstBreakSchema::check(const OvFirstBreakConnection& file, const OvSegyFileInfo& segy)
 {
     QString error;
-    const QString verdict =
-        ask(connection, QStringLiteral("PRAGMA quick_check(1)"), &error).toString();
+    const QString verdict = file.ask(QStringLiteral("PRAGMA quick_check(1)"), &error).toString();
     if (verdict != QLatin1String("ok"))
-        return Text::failure(path, Text::damaged(error.isEmpty() ? verdict : error));
-    if (ask(connection, QStringLiteral("PRAGMA user_version")).toInt() > version)
-        return Text::failure(path, Text::newer());
-    ask(connection, QStringLiteral("SELECT trace_count, times, states, confidences FROM gather"),
-        &error);
-    const QString traces = metaValue(connection, "trace_count");
+        return file.failure(Text::damaged(error.isEmpty() ? verdict : error));
+    if (versionOf(file) > version)
+        return file.failure(Text::newer());
+    for (const QString& statement : probeStatements(versionOf(file))) {
+        if (error.isEmpty())
+            file.ask(statement, &error);
+    }
+    const QString traces = file.metaValue("trace_count");
     if (!error.isEmpty() || traces.isEmpty())
-        return Text::failure(path, Text::damaged(error));
+        return file.failure(Text::damaged(error));
     if (traces.toLongLong() != segy.traceCount) {
-        const QString name = metaValue(connection, "segy_name");
-        return Text::failure(path, Text::otherSegy(name, traces, segy.traceCount));
+        const QString name = file.metaValue("segy_name");
+        return file.failure(Text::otherSegy(name, traces, segy.traceCount));
     }
     return {};
+}
+
+OvStatus OvFirstBreakSchema::replaceOldTables(const OvFirstBreakConnection& file)
+{
+    OvStatus status =
+        execute(file, QStringList(QStringLiteral("DROP TABLE gather")) + tableStatements());
+    return status ? file.setMetaValue("schema_version", QString::number(version)) : status;
 }

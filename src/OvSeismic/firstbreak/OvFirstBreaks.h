@@ -32,7 +32,11 @@ struct OvFirstBreaks
         states.resize(n, OvPickState::None);
         confidences.resize(n, 0.0F);
     }
-    bool hasPick(int row) const { return !std::isnan(timesMs[static_cast<std::size_t>(row)]); }
+    /// False also for a row that is not there, so that a gather without any pick needs no care.
+    bool hasPick(int row) const
+    {
+        return row < size() && !std::isnan(timesMs[static_cast<std::size_t>(row)]);
+    }
     int pickedCount() const
     {
         int count = 0;

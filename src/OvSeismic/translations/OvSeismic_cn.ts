@@ -20,10 +20,6 @@
         <translation>该文件在打开期间被删除或重命名。</translation>
     </message>
     <message>
-        <source>the first breaks of record %1 are incomplete.</source>
-        <translation>野外文件号 %1 的初至不完整。</translation>
-    </message>
-    <message>
         <source>it has first breaks of %1 traces for a gather of %2 traces.</source>
         <translation>其中的初至为 %1 道，而道集有 %2 道。</translation>
     </message>
@@ -50,6 +46,22 @@
     <message>
         <source>it belongs to another SEG-Y file: it was made for %1 with %2 traces, and this one has %3.</source>
         <translation>它属于另一个 SEG-Y 文件：它是为含 %2 道的 %1 建立的，而当前文件有 %3 道。</translation>
+    </message>
+    <message>
+        <source>the first breaks from trace %1 on are damaged. Restore the file from a copy.</source>
+        <translation>从第 %1 道起的初至已损坏。请用副本恢复该文件。</translation>
+    </message>
+    <message>
+        <source>it is of an older version; it can be used once all traces of the SEG-Y file are known.</source>
+        <translation>该文件是旧版本格式；读完 SEG-Y 文件的全部道头后才能使用。</translation>
+    </message>
+    <message>
+        <source>the first breaks of %1 traces are incomplete.</source>
+        <translation>%1 道的初至不完整。</translation>
+    </message>
+    <message>
+        <source>the SEG-Y file has no such trace; it has %1.</source>
+        <translation>SEG-Y 文件中没有该道；文件共有 %1 道。</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include <QUndoStack>
 
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -57,8 +58,12 @@ private:
         OvFirstBreakFile file;
         OvFirstBreaks breaks;
         const OvStatus status = file.open(m_document->firstBreakPath(), m_document->file().info());
-        const bool read = status && file.read(100, channels, &breaks);
-        return read ? breaks : OvFirstBreaks();
+        std::vector<qint64> traces(channels, 0);
+        std::iota(traces.begin(), traces.end(), 0); // of the first record
+        const bool read = status && file.read(traces, &breaks);
+        if (read)
+            breaks.resize(channels);
+        return breaks;
     }
 
 private slots:

@@ -3,7 +3,10 @@
 #include "Gathers.h"
 #include "OvBase/OvAbstractJob.h"
 #include "OvBase/OvTaskManager.h"
+#include "OvGui/document/OvPickHistory.h"
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
 #include "PoolBlock.h"
+#include "fixtures/OldFirstBreaks.h"
 #include "fixtures/WarningTrap.h"
 
 #include <QSignalSpy>
@@ -301,6 +304,138 @@ private slots:
         const OvStatus status = document->setFirstBreaks(0, Gathers::breaksAt(24, 10.0F));
         QVERIFY(!status);
         QVERIFY(status.message().contains("headers"));
+    }
+
+    void picksBelongToTraces()
+    {
+        const auto document = openComplete();
+        QVERIFY(document->setFirstBreaks(
+            {{0, Gathers::breaksAt(24, 10.0F)}, {4, Gathers::breaksAt(24, 40.0F)}}));
+        // A receiver gather: the third channel of each shot, the last shot first.
+        const std::vector<qint64> receiver = {98, 74, 50, 26, 2};
+        const OvFirstBreaks breaks = document->firstBreaksOf(receiver);
+        QCOMPARE(breaks.size(), 5);
+        QCOMPARE(breaks.timesMs[0], 40.0F);
+        QCOMPARE(breaks.timesMs[4], 10.0F);
+        QVERIFY(!breaks.hasPick(2));
+
+        QSignalSpy changed(document.data(), &OvSegyDocument::firstBreaksChanged);
+        QSignalSpy traces(document.data(), &OvSegyDocument::tracePicksChanged);
+        QVERIFY(document->setFirstBreaksOf({50, 98}, Gathers::breaksAt(2, 7.0F)));
+        QCOMPARE(changed.size(), 2);
+        QCOMPARE(changed[0][0].toInt(), 2);
+        QCOMPARE(changed[1][0].toInt(), 4);
+        QCOMPARE(traces.size(), 1);
+        QCOMPARE(traces[0][0].value<std::vector<qint64>>(), (std::vector<qint64>{50, 98}));
+        QCOMPARE(document->firstBreaks(2).timesMs[2], 7.0F);
+        QCOMPARE(document->firstBreaks(2).pickedCount(), 1);
+        QCOMPARE(document->firstBreaks(4).timesMs[2], 7.0F);
+        QCOMPARE(document->firstBreaks(4).timesMs[3], 40.0F);
+        QVERIFY(!document->setFirstBreaksOf({120}, Gathers::breaksAt(1, 7.0F)));
+        QVERIFY(document->firstBreaksOf({120}).isEmpty());
+    }
+
+    void aStepOfTheHistoryLeavesWhatAJobStoredMeanwhile()
+    {
+        const auto document = openComplete();
+        QVERIFY(document->setFirstBreaks(1, Gathers::breaksAt(24, 10.0F)));
+        QCOMPARE(document->firstBreaks(1).timesMs[5], 10.0F);
+        OvFirstBreakFile job;
+        QVERIFY(job.open(document->firstBreakPath(), document->file().info()));
+        document->beginJobStorage();
+        QVERIFY(job.write({24 + 5}, Gathers::breaksAt(1, 99.0F)));
+        // The document has not heard of it yet.
+        QVERIFY(document->pickHistory()->edit(1, {OvTracePick::manual(6, 20.0)}, "move"));
+        document->endJobStorage();
+        QCOMPARE(document->firstBreaks(1).timesMs[5], 99.0F);
+        QCOMPARE(document->firstBreaks(1).timesMs[6], 20.0F);
+        int gather = -1;
+        QVERIFY(document->pickHistory()->undo(&gather));
+        QCOMPARE(document->firstBreaks(1).timesMs[5], 99.0F);
+        QCOMPARE(document->firstBreaks(1).timesMs[6], 10.0F);
+    }
+
+    void whatAJobStoredIsShownAtOnce()
+    {
+        const auto document = openComplete();
+        QVERIFY(document->firstBreaks(3).isEmpty());
+        QVERIFY(document->firstBreakStatus());
+        document->beginJobStorage();
+        OvFirstBreakFile job;
+        QVERIFY(job.open(document->firstBreakPath(), document->file().info()));
+        std::vector<OvFirstBreakUpdate> updates(1);
+        updates[0].traces = {72, 73};
+        updates[0].breaks = Gathers::breaksAt(2, 33.0F);
+        QVERIFY(job.write(&updates));
+        QSignalSpy changed(document.data(), &OvSegyDocument::firstBreaksChanged);
+        document->takeStored(updates);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed[0][0].toInt(), 3);
+        QCOMPARE(document->firstBreaks(3).pickedCount(), 2);
+        document->endJobStorage();
+        QCOMPARE(document->firstBreaks(3).pickedCount(), 2);
+    }
+
+    void whatAnotherProgramStoredIsSeen()
+    {
+        const auto document = openComplete();
+        QVERIFY(document->setFirstBreaks(1, Gathers::breaksAt(24, 10.0F)));
+        QCOMPARE(document->firstBreaks(1).timesMs[0], 10.0F);
+        OvFirstBreakFile other;
+        QVERIFY(other.open(document->firstBreakPath(), document->file().info()));
+        QVERIFY(other.write({24}, Gathers::breaksAt(1, 99.0F)));
+        QCOMPARE(document->firstBreaks(1).timesMs[0], 99.0F);
+        QCOMPARE(document->firstBreaks(1).timesMs[1], 10.0F);
+    }
+
+    void aFirstBreakFileOfTheOldFormIsBroughtUpToDate()
+    {
+        const QString breaksPath = open(path())->firstBreakPath();
+        OldFirstBreaks old;
+        old.traceCount = 120;
+        old.records = {{120, QVector<float>(24, 55.0F)}};
+        QVERIFY(old.write(breaksPath));
+        auto document = openComplete();
+        QCOMPARE(document->firstBreaks(2).timesMs, std::vector<float>(24, 55.0F));
+        QVERIFY(document->firstBreaks(1).isEmpty());
+        QVERIFY(document->setFirstBreaks(1, Gathers::breaksAt(24, 10.0F)));
+        document.reset();
+
+        QVERIFY(QFile::remove(breaksPath));
+        old.records = {{7, QVector<float>(24, 55.0F)}};
+        QVERIFY(old.write(breaksPath));
+        document = openComplete();
+        QVERIFY(document->firstBreaks(2).isEmpty());
+        QVERIFY(!document->firstBreakStatus());
+        QVERIFY(!document->setFirstBreaks(1, Gathers::breaksAt(24, 10.0F)));
+    }
+
+    void aLargeReceiverGatherIsReadInAFrame()
+    {
+        // 1000 shots of 256 channels: every trace of the gather is in a block of its own.
+        constexpr qint64 shots = 1000;
+        const OvSegyFileInfo info = [] {
+            OvSegyFileInfo wide;
+            wide.traceCount = shots * 256;
+            return wide;
+        }();
+        OvFirstBreakFile file;
+        QVERIFY(file.open(path("wide.fb"), info));
+        std::vector<OvFirstBreakUpdate> updates(1);
+        for (qint64 trace = 0; trace < info.traceCount; ++trace)
+            updates[0].traces.push_back(trace);
+        updates[0].breaks = Gathers::breaksAt(static_cast<int>(info.traceCount), 12.0F);
+        QVERIFY(file.write(&updates));
+        std::vector<qint64> receiver;
+        for (qint64 shot = 0; shot < shots; ++shot)
+            receiver.push_back(shot * 256 + 100);
+        OvFirstBreaks breaks;
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(file.read(receiver, &breaks));
+        const qint64 elapsed = clock.nsecsElapsed() / 1000;
+        qInfo("read 1000 blocks in %lld us", elapsed);
+        QCOMPARE(breaks.pickedCount(), int(shots));
     }
 
     void aDamagedFirstBreakFileIsLeftAlone()

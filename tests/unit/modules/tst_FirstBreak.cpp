@@ -145,9 +145,9 @@ OvFirstBreaks tst_FirstBreak::storedBreaks(int gather) const
 {
     OvFirstBreaks breaks;
     OvFirstBreakFile file;
-    const auto index = document()->index();
+    const OvGather headers = document()->index()->gatherHeaders(document()->file(), gather);
     if (!file.open(document()->firstBreakPath(), document()->file().info()) ||
-        !file.read(index->fieldRecord(gather), index->gatherTraceCount(gather), &breaks))
+        !file.read(OvFirstBreakBlocks::tracesOf(headers), &breaks))
         return {};
     return breaks;
 }

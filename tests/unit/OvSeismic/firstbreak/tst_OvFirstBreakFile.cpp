@@ -4,6 +4,8 @@
 #include <QSqlQuery>
 #include <QtTest>
 
+#include <numeric>
+#include <random>
 #include <thread>
 
 namespace {
@@ -27,6 +29,13 @@ OvFirstBreaks someBreaks(int traces, float start)
         breaks.confidences[i] = 0.5F;
     }
     return breaks;
+}
+
+std::vector<qint64> traces(qint64 first, int count)
+{
+    std::vector<qint64> all(std::size_t(count), 0);
+    std::iota(all.begin(), all.end(), first);
+    return all;
 }
 
 bool same(float a, float b)
@@ -76,9 +85,13 @@ private slots:
     void init();
     void createsCompleteFile();
     void roundTrip();
-    void rowOfOtherTraceCountIsRefused();
-    void severalRowsAllOrNone();
-    void removeRow();
+    void tracesInAnyOrder();
+    void aWriteLeavesTheOtherTraces();
+    void tracesThatAreNotThereAreRefused();
+    void severalUpdatesAllOrNone();
+    void keepsManualPicksUnderTheWriteLock();
+    void remembersHowFarARunHasCome();
+    void tellsOfWritesByOthers();
     void reopenKeepsEverything();
     void damagedRowIsRefused_data();
     void damagedRowIsRefused();
@@ -103,7 +116,7 @@ private:
     {
         return m_folder->filePath(QLatin1String(name));
     }
-    OvStatus open(OvFirstBreakFile* file, qint64 traces = 10) const
+    OvStatus open(OvFirstBreakFile* file, qint64 traces = 1000) const
     {
         return file->open(path(), segyInfo(m_folder->filePath(QStringLiteral("line.sgy")), traces));
     }
@@ -123,7 +136,7 @@ void tst_OvFirstBreakFile::makeFile() const
     OvFirstBreakFile file;
     const OvStatus status = open(&file);
     QVERIFY2(status, qPrintable(status.message()));
-    QVERIFY(file.write(7, someBreaks(10, 5.0F)));
+    QVERIFY(file.write(traces(250, 10), someBreaks(10, 5.0F)));
 }
 
 void tst_OvFirstBreakFile::createsCompleteFile()
@@ -133,7 +146,7 @@ void tst_OvFirstBreakFile::createsCompleteFile()
     QVERIFY2(status, qPrintable(status.message()));
     QVERIFY(file.isOpen());
     QCOMPARE(file.path(), path());
-    QVERIFY(file.fieldRecords().isEmpty());
+    QVERIFY(file.blocks().empty());
     file.close();
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden),
              QStringList{QStringLiteral("line.sgy.fb")});
@@ -145,53 +158,162 @@ void tst_OvFirstBreakFile::roundTrip()
     OvFirstBreakFile file;
     QVERIFY(open(&file));
     const OvFirstBreaks written = someBreaks(10, 12.5F);
-    QVERIFY(file.write(1001, written));
-    QVERIFY(file.write(-5, someBreaks(3, 1.0F)));
-    QCOMPARE(file.fieldRecords(), (QVector<qint32>{-5, 1001}));
+    QVERIFY(file.write(traces(500, 10), written));
+    QVERIFY(file.write(traces(0, 3), someBreaks(3, 1.0F)));
+    QCOMPARE(file.blocks(), (std::vector<qint64>{0, 1}));
     OvFirstBreaks read;
-    QVERIFY(file.read(1001, 10, &read));
+    QVERIFY(file.read(traces(500, 10), &read));
     QVERIFY(same(read, written));
     QVERIFY(!read.hasPick(1));
-    QVERIFY(file.read(4711, 10, &read));
+    QVERIFY(file.read(traces(600, 10), &read));
+    QVERIFY(read.isEmpty());
+    QVERIFY(file.read({}, &read));
     QVERIFY(read.isEmpty());
 }
 
-void tst_OvFirstBreakFile::rowOfOtherTraceCountIsRefused()
+void tst_OvFirstBreakFile::tracesInAnyOrder()
 {
-    makeFile();
     OvFirstBreakFile file;
     QVERIFY(open(&file));
+    std::vector<qint64> all = traces(0, 1000);
+    std::mt19937 random(3);
+    std::shuffle(all.begin(), all.end(), random);
+    OvFirstBreaks breaks;
+    breaks.resize(1000);
+    for (std::size_t i = 0; i < all.size(); ++i)
+        breaks.timesMs[i] = float(all[i]);
+    breaks.states.assign(1000, OvPickState::Automatic);
+    QVERIFY(file.write(all, breaks));
+    QCOMPARE(file.blocks(), (std::vector<qint64>{0, 1, 2, 3}));
+    // A receiver gather: every tenth trace, from the end.
+    std::vector<qint64> some;
+    for (qint64 trace = 999; trace >= 0; trace -= 10)
+        some.push_back(trace);
     OvFirstBreaks read;
-    const OvStatus status = file.read(7, 11, &read);
-    QVERIFY(!status);
-    QVERIFY(read.isEmpty());
-    QVERIFY2(status.message().contains(QStringLiteral("10 traces")) &&
-                 status.message().contains(QStringLiteral("line.sgy.fb")),
-             qPrintable(status.message()));
+    QVERIFY(file.read(some, &read));
+    QCOMPARE(read.size(), 100);
+    for (std::size_t i = 0; i < some.size(); ++i)
+        QCOMPARE(read.timesMs[i], float(some[i]));
 }
 
-void tst_OvFirstBreakFile::severalRowsAllOrNone()
-{
-    OvFirstBreakFile file;
-    QVERIFY(open(&file));
-    OvFirstBreaks broken = someBreaks(10, 1.0F);
-    broken.states.pop_back();
-    const OvStatus status = file.write({{1, someBreaks(10, 1.0F)}, {2, broken}});
-    QVERIFY(!status);
-    QVERIFY(status.message().contains(QStringLiteral("record 2")));
-    QVERIFY(file.fieldRecords().isEmpty());
-    QVERIFY(file.write({{1, someBreaks(10, 1.0F)}, {2, someBreaks(10, 2.0F)}}));
-    QCOMPARE(file.fieldRecords().size(), 2);
-}
-
-void tst_OvFirstBreakFile::removeRow()
+void tst_OvFirstBreakFile::aWriteLeavesTheOtherTraces()
 {
     makeFile();
     OvFirstBreakFile file;
     QVERIFY(open(&file));
-    QVERIFY(file.remove(7));
-    QVERIFY(file.remove(7));
-    QVERIFY(file.fieldRecords().isEmpty());
+    QVERIFY(file.write({255, 257}, someBreaks(2, 99.0F)));
+    OvFirstBreaks read;
+    QVERIFY(file.read(traces(250, 10), &read));
+    OvFirstBreaks expected = someBreaks(10, 5.0F);
+    expected.timesMs[5] = 99.0F;
+    expected.states[5] = OvPickState::Automatic;
+    expected.confidences[5] = 0.5F;
+    QVERIFY(same(read, expected));
+}
+
+void tst_OvFirstBreakFile::tracesThatAreNotThereAreRefused()
+{
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    for (const qint64 first : {qint64(-1), qint64(995)}) {
+        const OvStatus status = file.write(traces(first, 10), someBreaks(10, 1.0F));
+        QVERIFY(!status);
+        QVERIFY2(status.message().contains(QStringLiteral("1000")), qPrintable(status.message()));
+    }
+    QVERIFY(!file.write(traces(0, 11), someBreaks(10, 1.0F)));
+    QVERIFY(file.blocks().empty());
+}
+
+void tst_OvFirstBreakFile::severalUpdatesAllOrNone()
+{
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    std::vector<OvFirstBreakUpdate> updates(2);
+    updates[0].traces = traces(0, 10);
+    updates[0].breaks = someBreaks(10, 1.0F);
+    updates[1].traces = traces(300, 10);
+    updates[1].breaks = someBreaks(10, 2.0F);
+    updates[1].breaks.states.pop_back();
+    QVERIFY(!file.write(&updates));
+    QVERIFY(file.blocks().empty());
+    updates[1].breaks = someBreaks(10, 2.0F);
+    QVERIFY(file.write(&updates));
+    QCOMPARE(file.blocks().size(), std::size_t(2));
+}
+
+void tst_OvFirstBreakFile::keepsManualPicksUnderTheWriteLock()
+{
+    OvFirstBreakFile byHand;
+    OvFirstBreakFile job;
+    QVERIFY(open(&byHand));
+    QVERIFY(open(&job));
+    std::vector<OvFirstBreakUpdate> updates(1);
+    updates[0].traces = traces(0, 4);
+    updates[0].breaks.resize(4);
+    updates[0].breaks.timesMs.assign(4, 50.0F);
+    updates[0].breaks.states.assign(4, OvPickState::Automatic);
+    updates[0].keepManual = true;
+    // After the job has made up its mind, and before it stores.
+    OvFirstBreaks manual;
+    manual.resize(1);
+    manual.timesMs[0] = 77.0F;
+    manual.states[0] = OvPickState::Manual;
+    QVERIFY(byHand.write({2}, manual));
+    QVERIFY(job.write(&updates));
+    QCOMPARE(updates[0].breaks.timesMs[2], 77.0F);
+    QCOMPARE(updates[0].breaks.states[2], OvPickState::Manual);
+    OvFirstBreaks read;
+    QVERIFY(byHand.read(traces(0, 4), &read));
+    QVERIFY(same(read, updates[0].breaks));
+    QCOMPARE(read.timesMs[3], 50.0F);
+    // Unless told.
+    updates[0].keepManual = false;
+    updates[0].breaks.states.assign(4, OvPickState::Automatic);
+    QVERIFY(job.write(&updates));
+    QVERIFY(byHand.read({2}, &read));
+    QCOMPARE(read.states[0], OvPickState::Automatic);
+}
+
+void tst_OvFirstBreakFile::remembersHowFarARunHasCome()
+{
+    OvFirstBreakFile file;
+    QVERIFY(open(&file));
+    OvFirstBreakRun run;
+    QVERIFY(file.readRun(&run));
+    QVERIFY(!run.exists());
+    QVERIFY(file.beginRun(QStringLiteral("a=1"), 5));
+    std::vector<OvFirstBreakUpdate> updates(2);
+    for (int i = 0; i < 2; ++i) {
+        updates[std::size_t(i)].traces = traces(10 * i, 10);
+        updates[std::size_t(i)].breaks = someBreaks(10, 1.0F);
+        updates[std::size_t(i)].doneGather = 3 - i;
+    }
+    QVERIFY(file.write(&updates));
+    file.close();
+    QVERIFY(open(&file));
+    QVERIFY(file.readRun(&run));
+    QCOMPARE(run.settings, QStringLiteral("a=1"));
+    QCOMPARE(run.done, (std::vector<int>{2, 3}));
+    QCOMPARE(run.left(), 3);
+    QVERIFY(file.beginRun(QStringLiteral("a=2"), 5));
+    QVERIFY(file.readRun(&run));
+    QVERIFY(run.done.empty());
+    QVERIFY(file.endRun());
+    QVERIFY(file.readRun(&run));
+    QVERIFY(!run.exists());
+}
+
+void tst_OvFirstBreakFile::tellsOfWritesByOthers()
+{
+    OvFirstBreakFile mine;
+    OvFirstBreakFile other;
+    QVERIFY(open(&mine));
+    QVERIFY(open(&other));
+    const qint64 before = mine.dataVersion();
+    QVERIFY(mine.write({1}, someBreaks(1, 1.0F)));
+    QCOMPARE(mine.dataVersion(), before);
+    QVERIFY(other.write({1}, someBreaks(1, 2.0F)));
+    QVERIFY(mine.dataVersion() != before);
 }
 
 void tst_OvFirstBreakFile::reopenKeepsEverything()
@@ -200,19 +322,19 @@ void tst_OvFirstBreakFile::reopenKeepsEverything()
     OvFirstBreakFile file;
     QVERIFY(open(&file));
     OvFirstBreaks read;
-    QVERIFY(file.read(7, 10, &read));
+    QVERIFY(file.read(traces(250, 10), &read));
     QVERIFY(same(read, someBreaks(10, 5.0F)));
 }
 
 void tst_OvFirstBreakFile::damagedRowIsRefused_data()
 {
     QTest::addColumn<QString>("statement");
-    QTest::newRow("short times") << QStringLiteral("UPDATE gather SET times = x'00'");
-    QTest::newRow("long states") << QStringLiteral("UPDATE gather SET states = zeroblob(11)");
+    QTest::newRow("short times") << QStringLiteral("UPDATE trace_block SET times = x'00'");
+    QTest::newRow("long states") << QStringLiteral("UPDATE trace_block SET states = zeroblob(257)");
     QTest::newRow("unknown state")
-        << QStringLiteral("UPDATE gather SET states = x'00000000000000000009'");
-    QTest::newRow("no confidences") << QStringLiteral("UPDATE gather SET confidences = x''");
-    QTest::newRow("negative count") << QStringLiteral("UPDATE gather SET trace_count = -1");
+        << QStringLiteral("UPDATE trace_block SET states = zeroblob(255) || x'09'");
+    QTest::newRow("no confidences") << QStringLiteral("UPDATE trace_block SET confidences = x''");
+    QTest::newRow("negative count") << QStringLiteral("UPDATE trace_block SET trace_count = -1");
 }
 
 void tst_OvFirstBreakFile::damagedRowIsRefused()
@@ -223,7 +345,7 @@ void tst_OvFirstBreakFile::damagedRowIsRefused()
     OvFirstBreakFile file;
     QVERIFY(open(&file));
     OvFirstBreaks read;
-    QVERIFY(!file.read(7, 10, &read));
+    QVERIFY(!file.read(traces(250, 10), &read));
     QVERIFY(read.isEmpty());
 }
 
@@ -243,8 +365,8 @@ void tst_OvFirstBreakFile::refusesUnfitFiles_data()
                                   << "newer version";
     QTest::newRow("no meta table")
         << QByteArray("old") << QStringList{QStringLiteral("DROP TABLE meta")} << "damaged";
-    QTest::newRow("no gather table")
-        << QByteArray("old") << QStringList{QStringLiteral("DROP TABLE gather")} << "damaged";
+    QTest::newRow("no table of picks")
+        << QByteArray("old") << QStringList{QStringLiteral("DROP TABLE trace_block")} << "damaged";
 }
 
 void tst_OvFirstBreakFile::refusesUnfitFiles()
@@ -277,9 +399,9 @@ void tst_OvFirstBreakFile::refusesDamagedPages()
 {
     {
         OvFirstBreakFile file;
-        QVERIFY(open(&file));
+        QVERIFY(open(&file, 20000));
         for (qint32 record = 0; record < 200; ++record)
-            QVERIFY(file.write(record, someBreaks(100, 1.0F)));
+            QVERIFY(file.write(traces(record * 100, 100), someBreaks(100, 1.0F)));
     }
     const QByteArray whole = content(path());
     QByteArray damaged = whole;
@@ -291,7 +413,7 @@ void tst_OvFirstBreakFile::refusesDamagedPages()
             raw.write(bytes);
         }
         OvFirstBreakFile file;
-        const OvStatus status = open(&file);
+        const OvStatus status = open(&file, 20000);
         QVERIFY(!status);
         QVERIFY2(status.message().contains(QStringLiteral("damaged")),
                  qPrintable(status.message()));
@@ -306,7 +428,7 @@ void tst_OvFirstBreakFile::refusesFileOfAnotherSegy()
     OvFirstBreakFile file;
     const OvStatus status = open(&file, 11);
     QVERIFY(!status);
-    QVERIFY2(status.message().contains(QStringLiteral("line.sgy with 10 traces")),
+    QVERIFY2(status.message().contains(QStringLiteral("line.sgy with 1000 traces")),
              qPrintable(status.message()));
     QCOMPARE(content(path()), before);
 }
@@ -321,7 +443,7 @@ void tst_OvFirstBreakFile::refusesNewerSchemaThatIsOnlyInTheLog()
     {
         QSqlQuery query(newer);
         QVERIFY(query.exec(QStringLiteral("PRAGMA journal_mode = WAL")));
-        QVERIFY(query.exec(QStringLiteral("PRAGMA user_version = 2")));
+        QVERIFY(query.exec(QStringLiteral("PRAGMA user_version = 3")));
     }
     OvFirstBreakFile file;
     const OvStatus status = open(&file);
@@ -345,10 +467,10 @@ void tst_OvFirstBreakFile::closedFileRefuses()
 {
     OvFirstBreakFile file;
     OvFirstBreaks read;
-    QVERIFY(!file.read(1, 1, &read));
-    QVERIFY(!file.write(1, someBreaks(1, 1.0F)));
-    QVERIFY(!file.remove(1));
-    QVERIFY(file.fieldRecords().isEmpty());
+    QVERIFY(!file.read({1}, &read));
+    QVERIFY(!file.write({1}, someBreaks(1, 1.0F)));
+    QVERIFY(!file.beginRun(QStringLiteral("a"), 1));
+    QVERIFY(file.blocks().empty());
     file.close();
 }
 
@@ -357,7 +479,7 @@ void tst_OvFirstBreakFile::removedWhileOpen()
     OvFirstBreakFile file;
     QVERIFY(open(&file));
     QVERIFY(QFile::remove(path()));
-    const OvStatus status = file.write(1, someBreaks(10, 1.0F));
+    const OvStatus status = file.write(traces(0, 10), someBreaks(10, 1.0F));
     QVERIFY(!status);
     QVERIFY2(status.message().contains(QStringLiteral("removed")), qPrintable(status.message()));
 }
@@ -370,8 +492,8 @@ void tst_OvFirstBreakFile::twoOpenAtOnce()
     QVERIFY(open(&second));
     OvFirstBreaks read;
     for (qint32 record = 0; record < 20; ++record) {
-        QVERIFY((record % 2 ? first : second).write(record, someBreaks(10, 1.0F)));
-        QVERIFY((record % 2 ? second : first).read(record, 10, &read));
+        QVERIFY((record % 2 ? first : second).write(traces(record * 20, 10), someBreaks(10, 1.0F)));
+        QVERIFY((record % 2 ? second : first).read(traces(record * 20, 10), &read));
         QVERIFY(same(read, someBreaks(10, 1.0F)));
     }
 }
@@ -385,7 +507,7 @@ void tst_OvFirstBreakFile::createdByTwoAtOnce()
         for (qint32 record = 0; record < 4; ++record) {
             threads.emplace_back([&, record] {
                 OvFirstBreakFile file;
-                if (!open(&file) || !file.write(record, someBreaks(10, 1.0F)))
+                if (!open(&file) || !file.write(traces(record * 20, 10), someBreaks(10, 1.0F)))
                     ++failures;
             });
         }
@@ -394,7 +516,9 @@ void tst_OvFirstBreakFile::createdByTwoAtOnce()
         QCOMPARE(failures.load(), 0);
         OvFirstBreakFile file;
         QVERIFY(open(&file));
-        QCOMPARE(file.fieldRecords().size(), 4);
+        OvFirstBreaks read;
+        QVERIFY(file.read(traces(0, 70), &read));
+        QCOMPARE(read.pickedCount(), 4 * 5);
     }
 }
 
@@ -437,7 +561,7 @@ void tst_OvFirstBreakFile::oddPathNames()
     OvFirstBreakFile file;
     const OvStatus status = file.open(odd, segyInfo(QStringLiteral("a.sgy"), 3));
     QVERIFY2(status, qPrintable(status.message()));
-    QVERIFY(file.write(1, someBreaks(3, 1.0F)));
+    QVERIFY(file.write(traces(0, 3), someBreaks(3, 1.0F)));
     file.close();
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
 }
@@ -451,8 +575,8 @@ void tst_OvFirstBreakFile::readOnlyFileIsReadable()
     OvFirstBreakFile file;
     QVERIFY(open(&file));
     OvFirstBreaks read;
-    QVERIFY(file.read(7, 10, &read));
-    const OvStatus status = file.write(7, read);
+    QVERIFY(file.read(traces(250, 10), &read));
+    const OvStatus status = file.write(traces(250, 10), read);
     QVERIFY(!status);
     QVERIFY(status.message().contains(QStringLiteral("read-only")));
 }
