@@ -11,7 +11,7 @@ struct OvGather
 {
     int ordinal = -1; ///< position among the gathers of its file
     qint32 fieldRecord = 0;
-    int sampleCount = 0;                ///< samples a trace
+    int sampleCount = 0;                ///< samples a trace; zeros follow traces that have fewer
     double intervalMs = 0.0;            ///< sample interval, ms
     std::vector<OvTraceHeader> headers; ///< one a trace
     std::vector<float> samples;         ///< trace after trace, headers.size() * sampleCount values

@@ -8,7 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 
-#include <algorithm>
+#include <limits>
 #include <new>
 
 namespace {
@@ -88,9 +88,15 @@ OvStatus Examination::lookAround()
 
 OvStatus Examination::run(OvSegyDoctor::Depth depth)
 {
-    m_traces = m_file.info().traceCount;
+    const bool full = depth == OvSegyDoctor::Depth::Full;
+    // Where traces differ in length, those behind the ones located cannot be found in bounded time.
+    OvStatus status = m_file.locate(m_progress, full ? std::numeric_limits<qint64>::max()
+                                                     : leadingTraces + spreadTraces);
+    if (!status)
+        return status;
+    m_traces = m_file.locatedCount();
     m_planned = m_traces;
-    OvStatus status = depth == OvSegyDoctor::Depth::Full ? lookAt(0, m_traces) : lookAround();
+    status = full ? lookAt(0, m_traces) : lookAround();
     if (status && m_go && m_progress)
         m_go = m_progress(m_planned, m_planned);
     if (status && !m_go)

@@ -65,6 +65,9 @@ OvStatus OvSegyIndex::Private::noGather(const OvSegyFile& file, int gather) cons
 
 OvStatus OvSegyIndex::Private::scan(const OvSegyFile& file, const Progress& progress)
 {
+    OvStatus located = file.locate(progress);
+    if (!located)
+        return located;
     const qint64 total = file.info().traceCount;
     columns = OvSegyColumns(file.info().metresPerUnit);
     columns.reserve(total);

@@ -1,8 +1,11 @@
 #include "OvSeismic/segy/OvSegyLayout.h"
 
 #include "OvSeismic/segy/OvPositionalFile.h"
+#include "OvSeismic/segy/OvSegyOrder.h"
 #include "OvSeismic/segy/OvSegySampleFormat.h"
 #include "OvSeismic/segy/OvSegyText.h"
+#include "OvSeismic/segy/OvSegyTraceLength.h"
+#include "OvSeismic/segy/OvSegyTraceProbe.h"
 #include "OvSeismic/segy/OvSegyWords.h"
 
 #include <segyio/segy.h>
@@ -18,12 +21,13 @@ namespace {
 // Words of revision 2 that libsegyio does not name.
 constexpr int byteExtendedSamples = 3269;
 constexpr int byteExtendedInterval = 3273;
-constexpr int byteOrderConstant = 3297;
+constexpr int byteFixedLength = 3503;
 constexpr int byteExtraTraceHeaders = 3507;
 constexpr int byteTraceCount = 3513;
 constexpr int byteFirstTrace = 3521;
 constexpr int byteTrailers = 3529;
 
+constexpr int labelSize = 128;
 constexpr double assumedIntervalUs = 4000.0;
 constexpr double metresPerFoot = 0.3048;
 constexpr int feet = 2;
@@ -48,7 +52,11 @@ public:
 
 private:
     OvStatus readFileHeaders(QByteArray* text);
+    void findLabel();
     OvStatus findByteOrder();
+    QByteArray someTraceHeader() const;
+    OvStatus checkFormat();
+    OvStatus refuseUnknownFormat() const;
     void readRevision();
     void readUnits();
     OvStatus placeTraces();
@@ -60,10 +68,13 @@ private:
 
     OvStatus readFirstTraceHeader(qint64 at);
     int statedExtraHeaders(qint64 first) const;
+    qint64 statedInTrace();
     void chooseSampleCount(qint64 binarySamples, qint64 traceSamples);
     void chooseInterval(double traceInterval);
     OvStatus countTraces();
     void cutTrailer(qint64 traceBytes);
+    void judgeLength();
+    void warnOfRest();
 
     OvSegyWords binary() const
     {
@@ -73,10 +84,12 @@ private:
     bool isRevision2() const { return m_info->revisionMajor >= 2; }
     qint64 traceBytes(qint64 samples, int extraHeaders) const;
     qint64 bytesFrom(qint64 first) const { return m_info->fileSize - first; }
+    qint64 trailerBytes(qint64 first) const;
     bool fitsBetter(qint64 first, qint64 other) const;
     bool fitsExactly(qint64 first, qint64 samples, int extraHeaders) const;
     bool fitsOnce(qint64 first, qint64 samples, int extraHeaders) const;
     bool looksLikeSu() const;
+    qint64 headersEnd() const { return m_info->labelBytes + OvSegyLayout::fileHeaderSize; }
     OvStatus refuse(const QString& reason) const
     {
         return OvStatus::failure(tr("Cannot open %1: %2").arg(m_name, reason));
@@ -100,7 +113,18 @@ OvStatus Reader::read(QByteArray* text)
     readRevision();
     m_info->textEncoding = OvSegyText::encodingOf(*text);
     status = placeTraces();
-    return status ? countTraces() : status;
+    if (status)
+        status = countTraces();
+    if (status)
+        judgeLength();
+    return status;
+}
+
+void Reader::findLabel()
+{
+    QByteArray label(labelSize, '\0');
+    if (m_file.read(0, label.data(), label.size()) && OvSegyText::isTapeLabel(label))
+        m_info->labelBytes = labelSize;
 }
 
 OvStatus Reader::readFileHeaders(QByteArray* text)
@@ -112,44 +136,74 @@ OvStatus Reader::readFileHeaders(QByteArray* text)
             tr("it is no SEG-Y file; it has %1 bytes and the file headers alone take 3600.")
                 .arg(m_info->fileSize));
     }
+    findLabel();
+    if (m_info->fileSize < headersEnd())
+        return refuse(tr("it has a tape label but no whole file headers behind it."));
     QByteArray headers(OvSegyLayout::fileHeaderSize, '\0');
-    OvStatus status = m_file.read(0, headers.data(), headers.size());
+    OvStatus status = m_file.read(m_info->labelBytes, headers.data(), headers.size());
     *text = headers.left(OvSegyText::headerSize);
     m_binary = headers.mid(OvSegyText::headerSize);
     return status;
 }
 
+/// The place of a trace header is not known before the byte order is; but the count of textual
+/// headers reads the same in the two orders that it helps to tell apart.
+QByteArray Reader::someTraceHeader() const
+{
+    const OvSegyWords words(m_binary.constData(), OvSegyText::headerSize + 1,
+                            OvByteOrder::LittleEndian);
+    const qint64 texts = qMax<qint64>(0, words.int16(SEGY_BIN_EXT_HEADERS));
+    QByteArray header(OvSegyLayout::traceHeaderSize, '\0');
+    for (const qint64 skipped : {texts, qint64(0)}) {
+        const qint64 at = headersEnd() + skipped * OvSegyText::headerSize;
+        if (bytesFrom(at) >= header.size() && m_file.read(at, header.data(), header.size()))
+            return header;
+    }
+    return {};
+}
+
 OvStatus Reader::findByteOrder()
 {
-    const OvSegyWords big(m_binary.constData(), OvSegyText::headerSize + 1, OvByteOrder::BigEndian);
-    const OvSegyWords little(m_binary.constData(), OvSegyText::headerSize + 1,
-                             OvByteOrder::LittleEndian);
-    const auto known = [](const OvSegyWords& words) {
-        return ovSegySampleFormat(words.int16(SEGY_BIN_FORMAT)).bytes > 0;
-    };
-    constexpr qint32 inOrder = 16909060;
-    // A format code below 256 is known in one order only, so the code decides where the constant,
-    // which came with revision 2, is missing or contradicts it.
-    const bool isLittle =
-        known(little) || (!known(big) && little.int32(byteOrderConstant) == inOrder);
-    m_info->byteOrder = isLittle ? OvByteOrder::LittleEndian : OvByteOrder::BigEndian;
+    const OvSegyOrder found = OvSegyOrder::find(m_binary, someTraceHeader());
+    m_info->byteOrder = found.order;
     m_info->formatCode = binary().int16(SEGY_BIN_FORMAT);
-    if (ovSegySampleFormat(m_info->formatCode).supported)
-        return {};
-    if (!known(big) && looksLikeSu()) {
+    m_info->declaredFormatCode = m_info->formatCode;
+    if (found.contradicted) {
+        warn(tr("The byte-order constant in bytes 3297-3300 contradicts the sample format code; "
+                "the file is read as %1.")
+                 .arg(ovSegyByteOrderName(found.order)));
+    }
+    return checkFormat();
+}
+
+OvStatus Reader::checkFormat()
+{
+    const OvSegySampleFormat format = ovSegySampleFormat(m_info->formatCode);
+    if (format.bytes == 0)
+        return refuseUnknownFormat();
+    if (!format.supported) {
+        return refuse(
+            tr("its samples are in format %1 (%2), which is not supported. Convert it to format "
+               "1 or 5.")
+                .arg(m_info->formatCode)
+                .arg(ovSegyFormatName(m_info->formatCode)));
+    }
+    constexpr int oddBytes = 3;
+    if (format.bytes == oddBytes && m_info->byteOrder == OvByteOrder::PairSwapped)
+        return refuse(tr("its samples of 3 bytes cannot be told apart in pair-swapped order. "
+                         "Convert it to big-endian order."));
+    return {};
+}
+
+OvStatus Reader::refuseUnknownFormat() const
+{
+    if (looksLikeSu()) {
         return refuse(tr("it looks like a Seismic Unix (SU) file, which has no SEG-Y file headers. "
                          "Convert it to SEG-Y first."));
     }
-    if (!known(binary())) {
-        return refuse(tr("it is no SEG-Y file, or its binary header is damaged: the sample format "
-                         "code in bytes 3225-3226 is %1.")
-                          .arg(m_info->formatCode));
-    }
-    return refuse(
-        tr("its samples are in format %1 (%2), which is not supported. Convert it to format "
-           "1 or 5.")
-            .arg(m_info->formatCode)
-            .arg(ovSegyFormatName(m_info->formatCode)));
+    return refuse(tr("it is no SEG-Y file, or its binary header is damaged: the sample format "
+                     "code in bytes 3225-3226 is %1.")
+                      .arg(m_info->formatCode));
 }
 
 bool Reader::looksLikeSu() const
@@ -171,9 +225,9 @@ void Reader::readRevision()
 {
     int major = binary().byte(SEGY_BIN_SEGY_REVISION);
     int minor = binary().byte(SEGY_BIN_SEGY_REVISION + 1);
-    // There is no revision 0.1 or 0.2: writers that store the number as a swapped word
-    // mean 1.0, 2.0.
-    if (major == 0 && (minor == 1 || minor == 2))
+    // There is no revision 0.1, 0.2 or 1.2: writers that store the number as a swapped word mean
+    // 1.0, 2.0 and 2.1.
+    if ((major == 0 && (minor == 1 || minor == 2)) || (major == 1 && minor == 2))
         std::swap(major, minor);
     if (major > 2 || minor > 9 || (major == 0 && minor > 0)) {
         warn(tr("The revision number %1.%2 is unknown; the file is read as revision 0.")
@@ -192,10 +246,18 @@ qint64 Reader::traceBytes(qint64 samples, int extraHeaders) const
     return OvSegyLayout::traceHeaderSize * (1 + qint64(extraHeaders)) + samples * sampleBytes;
 }
 
+/// What the binary header says, as far as there is room for it.
+qint64 Reader::trailerBytes(qint64 first) const
+{
+    const qint64 records = isRevision2() ? binary().int32(byteTrailers) : 0;
+    const qint64 bytes = records * OvSegyText::headerSize;
+    return records > 0 && bytes < bytesFrom(first) ? bytes : 0;
+}
+
 bool Reader::fitsExactly(qint64 first, qint64 samples, int extraHeaders) const
 {
     return fitsOnce(first, samples, extraHeaders) &&
-           bytesFrom(first) % traceBytes(samples, extraHeaders) == 0;
+           (bytesFrom(first) - trailerBytes(first)) % traceBytes(samples, extraHeaders) == 0;
 }
 
 /// Whether the size of the file speaks for traces from first and against traces from other.
@@ -213,11 +275,10 @@ bool Reader::fitsOnce(qint64 first, qint64 samples, int extraHeaders) const
 
 OvStatus Reader::countToEndStanza(int* count) const
 {
-    const qint64 limit =
-        qMin(mostExtendedTexts, bytesFrom(OvSegyLayout::fileHeaderSize) / OvSegyText::headerSize);
+    const qint64 limit = qMin(mostExtendedTexts, bytesFrom(headersEnd()) / OvSegyText::headerSize);
     QByteArray record(OvSegyText::headerSize, '\0');
     for (int number = 0; number < limit; ++number) {
-        const qint64 at = OvSegyLayout::fileHeaderSize + qint64(number) * OvSegyText::headerSize;
+        const qint64 at = headersEnd() + qint64(number) * OvSegyText::headerSize;
         OvStatus status = m_file.read(at, record.data(), record.size());
         if (!status)
             return status;
@@ -243,13 +304,13 @@ OvStatus Reader::countExtendedTexts(int* count) const
 
 bool Reader::believeExtendedTexts(int count) const
 {
-    const qint64 first = OvSegyLayout::fileHeaderSize + qint64(count) * OvSegyText::headerSize;
+    const qint64 first = headersEnd() + qint64(count) * OvSegyText::headerSize;
     if (count < 0 || bytesFrom(first) < traceBytes(1, 0))
         return false;
     // Before revision 1 the word was free for anything, so the size has to speak for it; since then
     // the size may only speak against it.
-    return m_info->revisionMajor > 0 ? !fitsBetter(OvSegyLayout::fileHeaderSize, first)
-                                     : fitsBetter(first, OvSegyLayout::fileHeaderSize);
+    return m_info->revisionMajor > 0 ? !fitsBetter(headersEnd(), first)
+                                     : fitsBetter(first, headersEnd());
 }
 
 OvStatus Reader::readFirstTraceHeader(qint64 at)
@@ -272,7 +333,7 @@ OvStatus Reader::skipExtendedTexts(qint64* first)
         texts = 0;
     }
     m_info->extendedTextHeaders = texts;
-    *first = OvSegyLayout::fileHeaderSize + qint64(texts) * OvSegyText::headerSize;
+    *first = headersEnd() + qint64(texts) * OvSegyText::headerSize;
     return status;
 }
 
@@ -302,11 +363,21 @@ OvStatus Reader::placeTraces()
     if (!status)
         return status;
     const qint64 extended = isRevision2() ? binary().int32(byteExtendedSamples) : 0;
-    chooseSampleCount(extended > 0 ? extended : binary().uint16(SEGY_BIN_SAMPLES),
-                      trace().uint16(SEGY_TR_SAMPLE_COUNT));
+    chooseSampleCount(extended > 0 ? extended : binary().uint16(SEGY_BIN_SAMPLES), statedInTrace());
     chooseInterval(trace().int16(SEGY_TR_SAMPLE_INTER));
     readUnits();
     return {};
+}
+
+/// The first additional trace header has room for counts beyond 65,535.
+qint64 Reader::statedInTrace()
+{
+    m_info->extraTraceHeaders = statedExtraHeaders(m_info->firstTraceOffset);
+    OvSegyTraceProbe probe(m_file, *m_info);
+    const qint64 extended = m_info->extraTraceHeaders > 0 && probe.read(m_info->firstTraceOffset)
+                                ? probe.shape().samples
+                                : 0;
+    return extended > 0 ? extended : trace().uint16(SEGY_TR_SAMPLE_COUNT);
 }
 
 void Reader::readUnits()
@@ -412,19 +483,49 @@ OvStatus Reader::countTraces()
 
 void Reader::cutTrailer(qint64 traceBytes)
 {
+    m_info->tracesEnd = m_info->fileSize;
+    if (!isRevision2())
+        return;
     const qint64 available = bytesFrom(m_info->firstTraceOffset);
-    if (isRevision2()) {
-        const qint64 trailers = binary().int32(byteTrailers);
-        const qint64 stated = binary().int64(byteTraceCount);
-        const qint64 trailer = trailers * OvSegyText::headerSize;
-        if (trailers > 0 && available - trailer >= traceBytes)
-            m_info->traceCount = (available - trailer) / traceBytes;
-        else if (trailers == -1 && stated > 0 && stated < m_info->traceCount)
+    const int trailers = binary().int32(byteTrailers);
+    const qint64 stated = binary().int64(byteTraceCount);
+    const qint64 trailer = trailerBytes(m_info->firstTraceOffset);
+    if (trailer > 0 && available - trailer >= traceBytes) {
+        m_info->trailerRecords = trailers;
+        m_info->tracesEnd -= trailer;
+        m_info->traceCount = (available - trailer) / traceBytes;
+    } else if (trailers == -1) {
+        m_info->trailerRecords = -1;
+        if (stated > 0 && stated < m_info->traceCount) {
             m_info->traceCount = stated;
-        if (trailers != 0 && m_info->traceCount < available / traceBytes)
-            return;
+            m_info->tracesEnd = m_info->firstTraceOffset + stated * traceBytes;
+        }
     }
-    const qint64 rest = available - m_info->traceCount * traceBytes;
+}
+
+void Reader::judgeLength()
+{
+    const auto length = OvSegyTraceLength::judge(m_file, *m_info, binary().int16(byteFixedLength));
+    m_info->fixedLength = length.fixed;
+    if (!length.fixed) {
+        warn(tr("The traces differ in length; shorter ones are filled up with zeros."));
+        return;
+    }
+    if (length.damagedTrace > 0) {
+        const qint64 at =
+            m_info->firstTraceOffset + length.damagedTrace * OvSegyLayout::traceSize(*m_info);
+        warn(tr("The header of trace %1, at byte %2, makes no sense: the file may be damaged from "
+                "there on.")
+                 .arg(length.damagedTrace + 1)
+                 .arg(at + 1));
+    }
+    warnOfRest();
+}
+
+void Reader::warnOfRest()
+{
+    const qint64 rest = m_info->tracesEnd - m_info->firstTraceOffset -
+                        m_info->traceCount * OvSegyLayout::traceSize(*m_info);
     if (rest > 0) {
         warn(
             tr("The file ends in the middle of a trace or is damaged: %1 whole traces are read, %2 "

@@ -67,6 +67,13 @@ QStringList lines(const QByteArray& text, OvTextEncoding encoding)
     return result;
 }
 
+bool isTapeLabel(const QByteArray& label)
+{
+    // Bytes 5 to 9 name the revision of the format, "SY1.0" for one, bytes 10 to 15 the structure.
+    const QByteArray structure = label.mid(9, 6);
+    return label.mid(4, 2) == "SY" && structure == "RECORD";
+}
+
 bool isEndStanza(const QByteArray& record)
 {
     const QString wanted = QStringLiteral("((SEG:ENDTEXT))");

@@ -19,15 +19,23 @@ struct OvSegyFileInfo
     int revisionMinor = 0;
     OvByteOrder byteOrder = OvByteOrder::BigEndian;
     OvTextEncoding textEncoding = OvTextEncoding::Ebcdic;
-    short formatCode = 0;        ///< sample format code as stored in bytes 3225-3226
+    short formatCode = 0; ///< the sample format that the file is read in
+    /// The code as stored in bytes 3225-3226; another than formatCode where it is clearly wrong.
+    short declaredFormatCode = 0;
     int sampleCount = 0;         ///< samples a trace
     double intervalUs = 0.0;     ///< sample interval, microseconds
     qint64 traceCount = 0;       ///< whole traces in the file
     int extendedTextHeaders = 0; ///< 3200-byte records behind the binary header
     int extraTraceHeaders = 0;   ///< 240-byte extension headers in each trace
+    qint64 labelBytes = 0;       ///< bytes of a tape label in front of the first textual header
     qint64 firstTraceOffset = 0; ///< byte position of the first trace header
-    double metresPerUnit = 1.0;  ///< 0.3048 where the binary header says that lengths are in feet
-    short coordinateScalar = 0;  ///< bytes 71-72 of the first trace header as stored
+    qint64 tracesEnd = 0;   ///< byte position behind the traces, where a data trailer may start
+    int trailerRecords = 0; ///< 3200-byte records behind the traces; -1 for an unknown number
+    /// False where traces differ in length. Then traceCount and sampleCount, the samples of the
+    /// longest trace, are estimates until OvSegyFile::locate() has looked at all trace headers.
+    bool fixedLength = true;
+    double metresPerUnit = 1.0; ///< 0.3048 where the binary header says that lengths are in feet
+    short coordinateScalar = 0; ///< bytes 71-72 of the first trace header as stored
     QStringList warnings; ///< translated, one sentence each: what was odd and what was assumed
 
     double intervalMs() const { return intervalUs / 1000.0; }

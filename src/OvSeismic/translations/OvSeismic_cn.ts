@@ -444,6 +444,30 @@
         <source>The trace headers of %1 have %2 bytes, but the header mapping wants %3.</source>
         <translation>%1 的道头有 %2 字节，而道头映射需要 %3 字节。</translation>
     </message>
+    <message>
+        <source>it has a tape label but no whole file headers behind it.</source>
+        <translation>它有磁带标签，但其后没有完整的卷头。</translation>
+    </message>
+    <message>
+        <source>The byte-order constant in bytes 3297-3300 contradicts the sample format code; the file is read as %1.</source>
+        <translation>第 3297-3300 字节的字节序常数与采样格式代码矛盾；按%1读取该文件。</translation>
+    </message>
+    <message>
+        <source>its samples of 3 bytes cannot be told apart in pair-swapped order. Convert it to big-endian order.</source>
+        <translation>在字节成对交换的字节序下无法区分其 3 字节采样点。请转换为大端字节序。</translation>
+    </message>
+    <message>
+        <source>The traces differ in length; shorter ones are filled up with zeros.</source>
+        <translation>各道长度不同；较短的道用零补齐。</translation>
+    </message>
+    <message>
+        <source>The header of trace %1, at byte %2, makes no sense: the file may be damaged from there on.</source>
+        <translation>第 %1 道的道头（第 %2 字节）没有意义：文件可能从此处起已损坏。</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
 </context>
 <context>
     <name>OvSegyIndex</name>
