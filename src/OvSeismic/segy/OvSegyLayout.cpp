@@ -63,8 +63,8 @@ private:
     OvStatus countExtendedTexts(int* count) const;
     OvStatus countToEndStanza(int* count) const;
     bool believeExtendedTexts(int count) const;
-    OvStatus skipExtendedTexts(qint64* first);
-    void skipToStatedTrace(qint64* first);
+    OvStatus findFirstTrace(qint64* first);
+    bool takeStatedTrace(qint64* first);
 
     OvStatus readFirstTraceHeader(qint64 at);
     int statedExtraHeaders(qint64 first) const;
@@ -101,6 +101,7 @@ private:
     QString m_name;
     QByteArray m_binary;
     QByteArray m_trace;
+    QString m_countWarning; ///< of no interest where traces differ in length anyway
 };
 
 OvStatus Reader::read(QByteArray* text)
@@ -322,44 +323,46 @@ OvStatus Reader::readFirstTraceHeader(qint64 at)
     return m_file.read(at, m_trace.data(), m_trace.size());
 }
 
-OvStatus Reader::skipExtendedTexts(qint64* first)
+/// Where the traces begin by the count of textual headers, or by the stated position.
+OvStatus Reader::findFirstTrace(qint64* first)
 {
     int texts = 0;
     OvStatus status = countExtendedTexts(&texts);
-    if (texts < 0) {
+    const bool counted = texts >= 0;
+    *first = headersEnd() + qint64(qMax(0, texts)) * OvSegyText::headerSize;
+    if (!takeStatedTrace(first) && !counted) {
         warn(tr("The number of extended textual headers, %1, does not fit the file; none is "
                 "assumed.")
                  .arg(binary().int16(SEGY_BIN_EXT_HEADERS)));
-        texts = 0;
     }
-    m_info->extendedTextHeaders = texts;
-    *first = headersEnd() + qint64(texts) * OvSegyText::headerSize;
+    m_info->extendedTextHeaders =
+        static_cast<int>((*first - headersEnd()) / OvSegyText::headerSize);
     return status;
 }
 
-void Reader::skipToStatedTrace(qint64* first)
+/// Whether the file states a position, which then wins unless its size speaks against it.
+bool Reader::takeStatedTrace(qint64* first)
 {
     const qint64 stated = isRevision2() ? binary().int64(byteFirstTrace) : 0;
     if (stated == 0 || stated == *first)
-        return;
-    const bool inside = stated > *first && stated <= m_info->fileSize - traceBytes(1, 0);
+        return stated != 0;
+    const bool inside = stated >= headersEnd() && stated <= m_info->fileSize - traceBytes(1, 0);
     if (inside && !fitsBetter(*first, stated)) {
         *first = stated;
-    } else {
-        warn(tr("The position of the first trace, byte %1, does not fit the file; byte %2 is used.")
-                 .arg(stated)
-                 .arg(*first));
+        return true;
     }
+    warn(tr("The position of the first trace, byte %1, does not fit the file; byte %2 is used.")
+             .arg(stated)
+             .arg(*first));
+    return false;
 }
 
 OvStatus Reader::placeTraces()
 {
     qint64 first = 0;
-    OvStatus status = skipExtendedTexts(&first);
-    if (status) {
-        skipToStatedTrace(&first);
+    OvStatus status = findFirstTrace(&first);
+    if (status)
         status = readFirstTraceHeader(first);
-    }
     if (!status)
         return status;
     const qint64 extended = isRevision2() ? binary().int32(byteExtendedSamples) : 0;
@@ -423,10 +426,11 @@ void Reader::chooseSampleCount(qint64 binarySamples, qint64 traceSamples)
     };
     findExact();
     if (binarySamples != traceSamples && traceSamples > 0 && binarySamples > 0) {
-        warn(tr("The binary header says %1 samples a trace, the first trace header %2; %3 is used.")
-                 .arg(binarySamples)
-                 .arg(traceSamples)
-                 .arg(m_info->sampleCount));
+        m_countWarning =
+            tr("The binary header says %1 samples a trace, the first trace header %2; %3 is used.")
+                .arg(binarySamples)
+                .arg(traceSamples)
+                .arg(m_info->sampleCount);
     }
     if (stated != m_info->extraTraceHeaders)
         warn(tr("The number of extra trace headers, %1, does not fit the file; none is assumed.")
@@ -511,6 +515,8 @@ void Reader::judgeLength()
         warn(tr("The traces differ in length; shorter ones are filled up with zeros."));
         return;
     }
+    if (!m_countWarning.isEmpty())
+        m_info->warnings.prepend(m_countWarning);
     if (length.damagedTrace > 0) {
         const qint64 at =
             m_info->firstTraceOffset + length.damagedTrace * OvSegyLayout::traceSize(*m_info);

@@ -20,7 +20,8 @@ public:
     {
     }
 
-    /// Traces behind the last one of fixed length, when they are shorter or longer than those.
+    /// Whether one of the next traces has another length by its own header, and headers follow each
+    /// other so.
     bool goesOnOtherwise(qint64 trace);
     qint64 someBadTrace();
     /// The first bad one, where bad is one and the traces before the first bad are good.
@@ -92,7 +93,7 @@ OvSegyTraceLength OvSegyTraceLength::judge(const OvPositionalFile& file, const O
     Judge judge(file, info);
     const qint64 bad = judge.someBadTrace();
     if (bad < 0)
-        return {exact || !judge.goesOnOtherwise(info.traceCount), -1};
+        return {exact || !judge.goesOnOtherwise(info.traceCount - 1), -1};
     const qint64 first = judge.firstBadTrace(bad);
     // The trace before the first bad header is the one whose length is not the usual one.
     return judge.goesOnOtherwise(first - 1) ? OvSegyTraceLength{false, -1}
