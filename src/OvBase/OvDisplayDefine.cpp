@@ -16,6 +16,7 @@ const QString FittedKey = QStringLiteral("fitted");
 const QString SpacingKey = QStringLiteral("traceSpacing");
 const QString TimeScaleKey = QStringLiteral("pixelsPerSecond");
 const QString AxisKey = QStringLiteral("axisWord");
+const QString MappingKey = QStringLiteral("mapping");
 
 void read(const QVariantMap& map, const QString& key, int lowest, int highest, int* value)
 {
@@ -98,17 +99,21 @@ OvFitDisplayDefine OvFitDisplayDefine::fromMap(const QVariantMap& map)
 
 bool OvTraceHeaderDefine::operator==(const OvTraceHeaderDefine& other) const
 {
-    return axisWord == other.axisWord;
+    return axisWord == other.axisWord && mapping == other.mapping;
 }
 
 QVariantMap OvTraceHeaderDefine::toMap() const
 {
-    return {{AxisKey, axisWord}};
+    QVariantMap map{{AxisKey, axisWord}};
+    if (!mapping.isDefault())
+        map.insert(MappingKey, mapping.toMap());
+    return map;
 }
 
 OvTraceHeaderDefine OvTraceHeaderDefine::fromMap(const QVariantMap& map)
 {
     OvTraceHeaderDefine define;
     read(map, AxisKey, Channel, Cdp, &define.axisWord);
+    define.mapping = OvTraceHeaderMapping::fromMap(map.value(MappingKey).toMap());
     return define;
 }

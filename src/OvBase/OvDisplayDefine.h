@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OvBase/OvBaseExport.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 #include <QMetaType>
 #include <QVariantMap>
@@ -43,12 +44,16 @@ struct OVBASE_EXPORT OvFitDisplayDefine
 };
 Q_DECLARE_METATYPE(OvFitDisplayDefine)
 
-/// Which trace-header word labels the traces.
+/// Where the trace headers keep their words, and which of them labels the traces.
+///
+/// The label is a matter of each window. The mapping is one a project: every gather view takes over
+/// a new one, whether it is active or not.
 struct OVBASE_EXPORT OvTraceHeaderDefine
 {
     enum Word { Channel = 0, Offset = 1, ReceiverX = 2, TraceNumber = 3, Cdp = 4 };
 
     int axisWord = Channel;
+    OvTraceHeaderMapping mapping; ///< of all files of the project
 
     bool operator==(const OvTraceHeaderDefine& other) const;
     bool operator!=(const OvTraceHeaderDefine& other) const { return !(*this == other); }

@@ -53,6 +53,7 @@ struct OvGatherViewController::Private
     void applyScale();
     void takeScaleFromCanvas();
     void updateBar();
+    void takeMapping();
     void updateFirstBreakFile();
     void goToFieldRecord(int record);
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
@@ -130,11 +131,21 @@ void OvGatherViewController::Private::setProperties()
     q->setProperty("DisplayDefine", QVariant::fromValue(OvDisplayDefineNode().define()));
     q->setProperty("FitDisplayDefine", QVariant::fromValue(OvFitDisplayDefineNode().define()));
     q->setProperty("TraceHeaderDefine", QVariant::fromValue(OvTraceHeaderDefineNode().define()));
+    connect(&OvProjectManager::instance(), &OvProjectManager::traceHeaderDefineChanged, q,
+            [this] { takeMapping(); });
     if (!pane->document())
         return;
     q->setProperty("SegyFile", pane->document()->segyPath());
     q->setProperty("FBFile", QString());
     updateFirstBreakFile();
+}
+
+// A window that kept an old mapping would hand it back to the project when it becomes active.
+void OvGatherViewController::Private::takeMapping()
+{
+    auto define = defineOf<OvTraceHeaderDefine>(q, "TraceHeaderDefine");
+    define.mapping = OvTraceHeaderDefineNode().define().mapping;
+    q->setProperty("TraceHeaderDefine", QVariant::fromValue(define));
 }
 
 void OvGatherViewController::Private::updateFirstBreakFile()

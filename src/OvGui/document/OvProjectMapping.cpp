@@ -1,31 +1,35 @@
 #include "OvGui/document/OvProjectMapping.h"
 
-#include "OvBase/OvBaseUtil.h"
+#include "OvBase/OvDisplayDefineNode.h"
 #include "OvBase/OvProjectManager.h"
 
 #include <QCoreApplication>
 
 namespace {
 
-const QString storeKey = QStringLiteral("headerMapping");
+class Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OvProjectMapping)
+};
 
 } // namespace
 
 OvTraceHeaderMapping OvProjectMapping::mapping()
 {
-    const OvProjectDefine& project = OvProjectManager::instance().define();
-    if (!project.isValid())
+    if (!OvProjectManager::instance().define().isValid())
         return {};
-    return OvTraceHeaderMapping::fromMap(OvBaseUtil::projectValue(project.id, storeKey).toMap());
+    return OvTraceHeaderDefineNode().define().mapping;
 }
 
 OvStatus OvProjectMapping::setMapping(const OvTraceHeaderMapping& mapping)
 {
-    const OvProjectDefine& project = OvProjectManager::instance().define();
-    if (!project.isValid())
-        return OvStatus::failure(QCoreApplication::translate(
-            "OvProjectMapping",
-            "The header mapping belongs to a project. Open a project, then set it."));
-    return OvBaseUtil::setProjectValue(project.id, storeKey,
-                                       mapping.isDefault() ? QVariant() : mapping.toMap());
+    if (!OvProjectManager::instance().define().isValid())
+        return OvStatus::failure(
+            Texts::tr("The header mapping belongs to a project. Open a project, then set it."));
+    OvTraceHeaderDefine define = OvTraceHeaderDefineNode().define();
+    define.mapping = mapping;
+    if (OvTraceHeaderDefineNode().setDefine(define))
+        return OvStatus::success();
+    return OvStatus::failure(Texts::tr("The header mapping cannot be stored with the project; the "
+                                       "message console says why. The previous one stays."));
 }

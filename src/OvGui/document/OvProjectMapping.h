@@ -5,7 +5,7 @@
 #include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 /// Where the SEG-Y files of the open project keep the words of their trace headers: one mapping a
-/// project, stored with it. GUI thread.
+/// project, stored with it in its OvTraceHeaderDefine. GUI thread.
 namespace OvProjectMapping {
 
 /// The standard positions without a project, and for one that has never chosen others.

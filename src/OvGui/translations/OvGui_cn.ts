@@ -236,6 +236,10 @@
         <source>The header mapping belongs to a project. Open a project, then set it.</source>
         <translation>道头映射属于项目。请先打开项目，再设置道头映射。</translation>
     </message>
+    <message>
+        <source>The header mapping cannot be stored with the project; the message console says why. The previous one stays.</source>
+        <translation>道头映射无法随项目保存，原因见消息控制台。原来的映射保持不变。</translation>
+    </message>
 </context>
 <context>
     <name>OvReadoutTool</name>

@@ -101,6 +101,7 @@ void tst_OvDisplayDefineNode::eachRecordHasItsOwnSignal()
     QCOMPARE(display.size() * 100 + fit.size() * 10 + header.size(), 10);
     OvTraceHeaderDefine words;
     words.axisWord = OvTraceHeaderDefine::Offset;
+    words.mapping = OvTraceHeaderMapping::preset(OvTraceHeaderMapping::InlineCrossline);
     QVERIFY(OvTraceHeaderDefineNode().setDefine(words));
     QCOMPARE(display.size() * 100 + fit.size() * 10 + header.size(), 11);
     QVERIFY(OvFitDisplayDefineNode().define() == scale);

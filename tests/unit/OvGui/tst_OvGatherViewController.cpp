@@ -220,6 +220,19 @@ private slots:
         QVERIFY(m_view->picture() != channelAxis);
     }
 
+    void aNewMappingReachesEveryView()
+    {
+        OvTraceHeaderDefine own;
+        own.axisWord = OvTraceHeaderDefine::Offset;
+        m_view->setProperty("TraceHeaderDefine", QVariant::fromValue(own));
+        OvTraceHeaderDefine project = OvTraceHeaderDefineNode().define();
+        project.mapping = OvTraceHeaderMapping::preset(OvTraceHeaderMapping::SourceAndReceiver);
+        QVERIFY(OvTraceHeaderDefineNode().setDefine(project));
+        own.mapping = project.mapping;
+        QCOMPARE(qvariant_cast<OvTraceHeaderDefine>(m_view->property("TraceHeaderDefine")), own);
+        QVERIFY(OvTraceHeaderDefineNode().setDefine(OvTraceHeaderDefine()));
+    }
+
     void aScaleThatNobodyChoseFitsTheWindow()
     {
         OvFitDisplayDefineNode().setDefine(OvFitDisplayDefine());
