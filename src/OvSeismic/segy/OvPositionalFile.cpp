@@ -49,6 +49,19 @@ QString systemError()
     return qt_error_string(code) + QLatin1Char('.');
 }
 
+#ifndef Q_OS_WIN
+qint64 changeTimeNs(const struct stat& facts)
+{
+#ifdef Q_OS_DARWIN
+    const timespec& time = facts.st_mtimespec;
+#else
+    const timespec& time = facts.st_mtim;
+#endif
+    constexpr qint64 second = 1000000000;
+    return qint64(time.tv_sec) * second + qint64(time.tv_nsec);
+}
+#endif
+
 } // namespace
 
 OvPositionalFile::~OvPositionalFile()
@@ -75,6 +88,28 @@ OvStatus OvPositionalFile::read(qint64 offset, void* out, qint64 count) const
     return {};
 }
 
+const char* OvPositionalFile::mapped(qint64 offset, qint64 count) const
+{
+    const bool inside = offset >= 0 && count >= 0 && count <= m_map.size() - offset;
+    return inside && m_map.isMapped() && !m_map.isDamaged() ? m_map.data() + offset : nullptr;
+}
+
+bool OvPositionalFile::isIntact(qint64 end) const
+{
+    // The rest of a file's last page reads as zeros without a fault: its size has to be asked for.
+    return !m_map.isDamaged() && sizeNow() >= end;
+}
+
+qint64 OvPositionalFile::sizeNow() const
+{
+    return factsNow().size;
+}
+
+qint64 OvPositionalFile::modifiedNowNs() const
+{
+    return factsNow().modifiedNs;
+}
+
 #ifdef Q_OS_WIN
 
 OvStatus OvPositionalFile::open(const QString& path)
@@ -94,11 +129,14 @@ OvStatus OvPositionalFile::open(const QString& path)
     m_handle = reinterpret_cast<qintptr>(handle);
     m_path = path;
     m_size = size.QuadPart;
+    m_modifiedNs = modifiedNowNs();
+    m_map.map(m_handle, m_size);
     return {};
 }
 
 void OvPositionalFile::close()
 {
+    m_map.unmap();
     if (isOpen())
         CloseHandle(reinterpret_cast<HANDLE>(m_handle));
     m_handle = -1;
@@ -118,6 +156,20 @@ qint64 OvPositionalFile::readSome(qint64 offset, char* out, qint64 count) const
 }
 
 void OvPositionalFile::prefetch(qint64, qint64) const {}
+
+void OvPositionalFile::setScattered(bool) const {}
+
+OvPositionalFile::Facts OvPositionalFile::factsNow() const
+{
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!GetFileInformationByHandle(reinterpret_cast<HANDLE>(m_handle), &facts))
+        return {-1, -1};
+    const auto join = [](DWORD high, DWORD low) { return (qint64(high) << 32) | qint64(low); };
+    constexpr qint64 tickNs = 100;
+    return {join(facts.nFileSizeHigh, facts.nFileSizeLow),
+            join(facts.ftLastWriteTime.dwHighDateTime, facts.ftLastWriteTime.dwLowDateTime) *
+                tickNs};
+}
 
 #else
 
@@ -139,11 +191,14 @@ OvStatus OvPositionalFile::open(const QString& path)
     m_handle = handle;
     m_path = path;
     m_size = facts.st_size;
+    m_modifiedNs = changeTimeNs(facts);
+    m_map.map(m_handle, m_size);
     return {};
 }
 
 void OvPositionalFile::close()
 {
+    m_map.unmap();
     if (isOpen())
         ::close(static_cast<int>(m_handle));
     m_handle = -1;
@@ -168,6 +223,24 @@ void OvPositionalFile::prefetch(qint64 offset, qint64 count) const
     Q_UNUSED(offset)
     Q_UNUSED(count)
 #endif
+}
+
+void OvPositionalFile::setScattered(bool scattered) const
+{
+#ifdef POSIX_FADV_RANDOM
+    const int advice = scattered ? POSIX_FADV_RANDOM : POSIX_FADV_NORMAL;
+    posix_fadvise(static_cast<int>(m_handle), 0, 0, advice);
+#else
+    Q_UNUSED(scattered)
+#endif
+}
+
+OvPositionalFile::Facts OvPositionalFile::factsNow() const
+{
+    struct stat facts = {};
+    if (fstat(static_cast<int>(m_handle), &facts) != 0)
+        return {-1, -1};
+    return {facts.st_size, changeTimeNs(facts)};
 }
 
 #endif

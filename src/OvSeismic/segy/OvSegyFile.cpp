@@ -205,17 +205,16 @@ OvStatus OvSegyFile::Private::readRun(const Knowledge& known, const Run& run,
         return badTrace(run.firstTrace);
     const qint64 start = known.position(run.firstTrace) + known.shape(run.firstTrace).headerBytes();
     const qint64 bytes = known.position(run.firstTrace + run.count) - start;
-    buffer->resize(static_cast<std::size_t>(bytes));
-    OvStatus status = file.read(start, buffer->data(), bytes);
-    for (qint64 i = 0; i < run.count && status; ++i) {
-        const OvTraceLocator::Shape shape = known.shape(run.firstTrace + i);
-        const qint64 offset = known.position(run.firstTrace + i) + shape.headerBytes() - start;
-        float* row = out + i * samplesARow;
-        OvSegySamples::toFloat(known.info.formatCode, known.info.byteOrder, buffer->data() + offset,
-                               shape.samples, row);
-        std::fill(row + shape.samples, row + samplesARow, 0.0F);
-    }
-    return status;
+    return file.withBytes(start, bytes, buffer, [&](const char* in) {
+        for (qint64 i = 0; i < run.count; ++i) {
+            const OvTraceLocator::Shape shape = known.shape(run.firstTrace + i);
+            const qint64 offset = known.position(run.firstTrace + i) + shape.headerBytes() - start;
+            float* row = out + i * samplesARow;
+            OvSegySamples::toFloat(known.info.formatCode, known.info.byteOrder, in + offset,
+                                   shape.samples, row);
+            std::fill(row + shape.samples, row + samplesARow, 0.0F);
+        }
+    });
 }
 
 OvStatus OvSegyFile::Private::readRows(const Knowledge& known, OvGather* gather) const
@@ -280,6 +279,11 @@ bool OvSegyFile::isOpen() const
 const OvSegyFileInfo& OvSegyFile::info() const
 {
     return d->now().info;
+}
+
+const OvPositionalFile& OvSegyFile::bytes() const
+{
+    return d->file;
 }
 
 QStringList OvSegyFile::textHeader() const

@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+class OvPositionalFile;
 struct OvGather;
 struct OvSegyTraceWords;
 
@@ -83,8 +84,10 @@ public:
                         const std::function<bool(const char* header, const float* samples,
                                                  int sampleCount)>& each) const;
 
+    /// What the file is read through; for this library.
+    const OvPositionalFile& bytes() const;
+
 private:
-    friend class OvSegyIndex;
     /// Hands the raw words of count traces from first to each; stops early when it returns false.
     OvStatus scanHeaders(qint64 first, qint64 count,
                          const std::function<bool(const OvSegyTraceWords& words)>& each) const;

@@ -1,94 +1,140 @@
 #include "OvSeismic/segy/OvSegyGrouping.h"
 
 #include "OvSeismic/segy/OvSegyColumns.h"
+#include "OvSeismic/segy/OvSegyGroupingBuilder.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
 
-OvSegyGrouping::OvSegyGrouping(const OvSegyColumns& columns)
+namespace {
+
+constexpr double farthestBin = 1e15;
+
+using Position = OvSegyGroupingBuilder::Position;
+
+Position positionOf(const OvSegyColumns& columns, qint64 trace, OvSegyColumns::Column x,
+                    OvSegyColumns::Column y)
 {
-    const qint64 traces = columns.size();
-    if (traces == 0)
+    // What is no number would equal nothing, not even itself.
+    const auto known = [](double value) { return std::isfinite(value) ? value : 0.0; };
+    return {known(columns.coordinate(x, trace)), known(columns.coordinate(y, trace))};
+}
+
+} // namespace
+
+OvSegyGrouping::OvSegyGrouping(const OvSegyColumns& columns, const OvGatherOrder& order)
+    : m_size(columns.size())
+{
+    if (m_size == 0)
         return;
-    countTraces(columns);
-    if (m_gathers.size() == 1 && m_gathers[0].fieldRecord == 0)
-        joinAll(Rule::NoRecords, columns);
-    else if (traces > 1 && static_cast<qint64>(m_gathers.size()) == traces)
-        joinAll(Rule::SingleTraces, columns);
+    OvSegyGroupingBuilder builder(m_size);
+    using Columns = OvSegyColumns;
+    switch (order.key) {
+    case OvGatherKey::FieldRecord:
+        builder.build([&](qint64 trace) { return qint64(columns.fieldRecord(trace)); }, false);
+        break;
+    case OvGatherKey::Cdp:
+        builder.build([&](qint64 trace) { return qint64(columns.cdp(trace)); }, true);
+        break;
+    case OvGatherKey::OffsetBin:
+        builder.build([&, width = binWidth(order)](
+                          qint64 trace) { return binOf(columns.offset(trace), width); },
+                      true);
+        break;
+    case OvGatherKey::Source:
+        builder.build(
+            [&](qint64 trace) {
+                return positionOf(columns, trace, Columns::SourceX, Columns::SourceY);
+            },
+            false);
+        break;
+    case OvGatherKey::Receiver:
+        builder.build(
+            [&](qint64 trace) {
+                return positionOf(columns, trace, Columns::ReceiverX, Columns::ReceiverY);
+            },
+            false);
+        break;
+    }
+    take(&builder, columns, order.key);
+}
+
+void OvSegyGrouping::take(OvSegyGroupingBuilder* builder, const OvSegyColumns& columns,
+                          OvGatherKey key)
+{
+    const bool byRecord = key == OvGatherKey::FieldRecord;
+    const qint64 gathers = builder->gatherCount();
+    if (gathers == 1 && builder->saysNothing())
+        m_rule = Rule::NoKeys;
+    if (byRecord && m_size > 1 && gathers == m_size)
+        m_rule = Rule::SingleTraces;
+    if (gathers == 1 || m_rule == Rule::SingleTraces) {
+        m_starts = {0};
+        return;
+    }
+    builder->layOut(&m_starts, &m_traces, &m_gathers);
+    if (byRecord)
+        sortByRecord(columns);
+}
+
+void OvSegyGrouping::sortByRecord(const OvSegyColumns& columns)
+{
+    const auto less = [&](quint32 a, quint32 b) {
+        return columns.fieldRecord(trace(static_cast<int>(a), 0)) <
+               columns.fieldRecord(trace(static_cast<int>(b), 0));
+    };
+    m_byRecord.resize(m_starts.size());
+    std::iota(m_byRecord.begin(), m_byRecord.end(), 0U);
+    if (std::is_sorted(m_byRecord.begin(), m_byRecord.end(), less))
+        m_byRecord = {};
     else
-        sortOut(columns);
+        std::sort(m_byRecord.begin(), m_byRecord.end(), less);
 }
 
-void OvSegyGrouping::countTraces(const OvSegyColumns& columns)
+int OvSegyGrouping::gatherOfFieldRecord(const OvSegyColumns& columns, qint32 fieldRecord) const
 {
-    int gather = -1;
-    for (qint64 trace = 0; trace < columns.size(); ++trace) {
-        const qint32 record = columns.fieldRecord(trace);
-        if (gather < 0 || m_gathers[at(gather)].fieldRecord != record) {
-            const auto added = m_byRecord.emplace(record, gatherCount());
-            gather = added.first->second;
-            if (added.second)
-                m_gathers.push_back({record, trace, 0});
-        }
-        ++m_gathers[at(gather)].count;
+    const auto gatherAt = [this](int place) {
+        return m_byRecord.empty() ? place : static_cast<int>(m_byRecord[at(place)]);
+    };
+    const auto recordOf = [&](int gather) { return columns.fieldRecord(trace(gather, 0)); };
+    int low = 0;
+    int high = gatherCount();
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        if (recordOf(gatherAt(middle)) < fieldRecord)
+            low = middle + 1;
+        else
+            high = middle;
     }
-}
-
-void OvSegyGrouping::joinAll(Rule rule, const OvSegyColumns& columns)
-{
-    m_rule = rule;
-    m_gathers = {{columns.fieldRecord(0), 0, columns.size()}};
-    m_byRecord = {{columns.fieldRecord(0), 0}};
-}
-
-void OvSegyGrouping::sortOut(const OvSegyColumns& columns)
-{
-    qint64 start = 0;
-    bool contiguous = true;
-    for (const Gather& gather : m_gathers) {
-        contiguous = contiguous && gather.start == start;
-        start += gather.count;
-    }
-    // Counts and first traces alone do not show a record that comes back later.
-    for (qint64 trace = 1, changes = 0; trace < columns.size() && contiguous; ++trace) {
-        changes += columns.fieldRecord(trace) != columns.fieldRecord(trace - 1) ? 1 : 0;
-        contiguous = changes < gatherCount();
-    }
-    if (contiguous)
-        return;
-    m_order.resize(at(columns.size()));
-    m_gatherOfTrace.resize(at(columns.size()));
-    std::vector<qint64> next;
-    start = 0;
-    for (Gather& gather : m_gathers) {
-        gather.start = start;
-        next.push_back(start);
-        start += gather.count;
-    }
-    for (qint64 trace = 0; trace < columns.size(); ++trace) {
-        const int gather = m_byRecord.find(columns.fieldRecord(trace))->second;
-        m_gatherOfTrace[at(trace)] = gather;
-        m_order[at(next[at(gather)]++)] = static_cast<quint32>(trace);
-    }
-}
-
-int OvSegyGrouping::gatherOfFieldRecord(qint32 fieldRecord) const
-{
-    const auto found = m_byRecord.find(fieldRecord);
-    return found == m_byRecord.end() ? -1 : found->second;
+    const int gather = low < gatherCount() ? gatherAt(low) : -1;
+    return gather >= 0 && recordOf(gather) == fieldRecord ? gather : -1;
 }
 
 int OvSegyGrouping::gatherOfTrace(qint64 trace) const
 {
-    if (!m_gatherOfTrace.empty())
-        return m_gatherOfTrace[at(trace)];
-    const auto after =
-        std::upper_bound(m_gathers.begin(), m_gathers.end(), trace,
-                         [](qint64 value, const Gather& gather) { return value < gather.start; });
-    return static_cast<int>(after - m_gathers.begin()) - 1;
+    if (m_gathers.size() > 0)
+        return static_cast<int>(m_gathers.at(trace));
+    const auto after = std::upper_bound(m_starts.begin(), m_starts.end(), trace);
+    return static_cast<int>(after - m_starts.begin()) - 1;
 }
 
-qint64 OvSegyGrouping::trace(int gather, int row) const
+double OvSegyGrouping::binWidth(const OvGatherOrder& order)
 {
-    const qint64 position = m_gathers[at(gather)].start + row;
-    return m_order.empty() ? position : m_order[at(position)];
+    const bool usable = std::isfinite(order.binWidthM) && order.binWidthM > 0.0;
+    return usable ? order.binWidthM : OvGatherOrder().binWidthM;
+}
+
+qint64 OvSegyGrouping::binOf(float offset, double width)
+{
+    if (std::isnan(offset))
+        return std::numeric_limits<qint64>::max();
+    return static_cast<qint64>(std::min(std::abs(double(offset)) / width, farthestBin));
+}
+
+qint64 OvSegyGrouping::bytes() const
+{
+    return static_cast<qint64>((m_starts.capacity() + m_byRecord.capacity()) * sizeof(quint32)) +
+           m_traces.bytes() + m_gathers.bytes();
 }

@@ -1,52 +1,67 @@
 #pragma once
 
-#include <QtGlobal>
+#include "OvSeismic/segy/OvGatherOrder.h"
+#include "OvSeismic/segy/OvPackedColumn.h"
 
-#include <unordered_map>
 #include <vector>
 
 class OvSegyColumns;
+class OvSegyGroupingBuilder;
 
-/// Which traces form which gather.
+/// Which traces form which gather. Knows the traces by number only; the columns that it was made of
+/// are handed to it where it needs their words.
 class OvSegyGrouping
 {
 public:
     enum class Rule {
-        FieldRecord,  ///< one gather a field record
-        NoRecords,    ///< every field record is 0: one gather
+        ByKey,        ///< one gather a value of the key
+        NoKeys,       ///< every trace has the same key, which says nothing: one gather
         SingleTraces, ///< every field record has one trace: one gather
     };
 
     OvSegyGrouping() = default;
-    explicit OvSegyGrouping(const OvSegyColumns& columns);
+    OvSegyGrouping(const OvSegyColumns& columns, const OvGatherOrder& order);
 
     Rule rule() const { return m_rule; }
-    int gatherCount() const { return static_cast<int>(m_gathers.size()); }
-    qint32 fieldRecord(int gather) const { return m_gathers[at(gather)].fieldRecord; }
-    int traceCount(int gather) const { return static_cast<int>(m_gathers[at(gather)].count); }
+    int gatherCount() const { return static_cast<int>(m_starts.size()); }
+    int traceCount(int gather) const { return static_cast<int>(end(gather) - start(gather)); }
     /// -1 when there is none.
-    int gatherOfFieldRecord(qint32 fieldRecord) const;
+    int gatherOfFieldRecord(const OvSegyColumns& columns, qint32 fieldRecord) const;
     int gatherOfTrace(qint64 trace) const;
-    /// The trace in a row of a gather.
-    qint64 trace(int gather, int row) const;
+    /// A trace of a gather, in file order.
+    qint64 trace(int gather, int position) const
+    {
+        const qint64 place = start(gather) + position;
+        return m_traces.size() == 0 ? place : m_traces.at(place);
+    }
+    /// Gathers of one key lie in the order of their keys, where it has one (CDP, OffsetBin).
+    static bool isSorted(OvGatherKey key)
+    {
+        return key == OvGatherKey::Cdp || key == OvGatherKey::OffsetBin;
+    }
+    /// The width that the order asks for, or the default where it makes no sense.
+    static double binWidth(const OvGatherOrder& order);
+    /// The number of the bin that an offset falls in; the largest number for an unknown one.
+    static qint64 binOf(float offset, double width);
+    qint64 bytes() const;
 
 private:
-    struct Gather
-    {
-        qint32 fieldRecord;
-        qint64 start; ///< first trace, or position in m_order
-        qint64 count;
-    };
-
     static std::size_t at(qint64 i) { return static_cast<std::size_t>(i); }
-    void countTraces(const OvSegyColumns& columns);
-    void joinAll(Rule rule, const OvSegyColumns& columns);
-    void sortOut(const OvSegyColumns& columns);
+    qint64 start(int gather) const { return m_starts[at(gather)]; }
+    qint64 end(int gather) const
+    {
+        return gather + 1 < gatherCount() ? m_starts[at(gather + 1)] : m_size;
+    }
+    void take(OvSegyGroupingBuilder* builder, const OvSegyColumns& columns, OvGatherKey key);
+    void sortByRecord(const OvSegyColumns& columns);
 
-    Rule m_rule = Rule::FieldRecord;
-    std::vector<Gather> m_gathers;
-    std::unordered_map<qint32, int> m_byRecord;
-    // Only where the traces of some record are not side by side in the file.
-    std::vector<quint32> m_order;
-    std::vector<qint32> m_gatherOfTrace;
+    Rule m_rule = Rule::ByKey;
+    qint64 m_size = 0;
+    // Where each gather's traces begin: in m_traces or, where that is empty because the traces of
+    // every gather lie side by side, in the file.
+    std::vector<quint32> m_starts;
+    OvPackedColumn m_traces;
+    OvPackedColumn m_gathers; // of each trace, where m_traces is not empty
+    // Gathers by ascending field record, where that is not their order anyway.
+    std::vector<quint32> m_byRecord;
 };

@@ -1,44 +1,26 @@
 #include "OvSeismic/segy/OvSegyIndex.h"
 
-#include "OvSeismic/segy/OvSegyColumns.h"
+#include "OvSeismic/segy/OvPositionalFile.h"
 #include "OvSeismic/segy/OvSegyFile.h"
-#include "OvSeismic/segy/OvSegyGrouping.h"
+#include "OvSeismic/segy/OvSegyHeaderScan.h"
+#include "OvSeismic/segy/OvSegyIndex_p.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 
-#include <cmath>
 #include <limits>
 #include <new>
 
 namespace {
 
-constexpr qint64 progressIntervalMs = 50;
-// How many headers pass between two looks at the clock.
-constexpr qint64 progressStride = 256;
+constexpr qint64 mostTraces = std::numeric_limits<qint32>::max();
+
+/// Behind a trace, in bytes from the start of the file.
+qint64 endOf(const OvSegyFile& file, qint64 trace)
+{
+    return trace + 1 < file.locatedCount() ? file.position(trace + 1) : file.info().tracesEnd;
+}
 
 } // namespace
-
-struct OvSegyIndex::Private
-{
-    Q_DECLARE_TR_FUNCTIONS(OvSegyIndex)
-
-public:
-    OvStatus tooMany(const OvSegyFile& file) const;
-    OvStatus noMemory(const OvSegyFile& file) const;
-    OvStatus scan(const OvSegyFile& file, const Progress& progress);
-    OvStatus scanFirstGather(const OvSegyFile& file, qint64 maxTraces);
-    bool hasGather(int gather) const { return gather >= 0 && gather < grouping.gatherCount(); }
-    OvStatus noGather(const OvSegyFile& file, int gather) const;
-    void finish();
-    void measureOffsets();
-
-    OvSegyColumns columns;
-    OvSegyGrouping grouping;
-    float minimumOffset = std::numeric_limits<float>::quiet_NaN();
-    float maximumOffset = std::numeric_limits<float>::quiet_NaN();
-};
 
 OvStatus OvSegyIndex::Private::tooMany(const OvSegyFile& file) const
 {
@@ -66,64 +48,40 @@ OvStatus OvSegyIndex::Private::noGather(const OvSegyFile& file, int gather) cons
 OvStatus OvSegyIndex::Private::scan(const OvSegyFile& file, const Progress& progress)
 {
     OvStatus located = file.locate(progress);
+    if (located && file.locatedCount() > mostTraces)
+        located = tooMany(file);
     if (!located)
         return located;
-    const qint64 total = file.info().traceCount;
-    columns = OvSegyColumns(file.info().metresPerUnit);
-    columns.reserve(total);
-    QElapsedTimer sinceProgress;
-    sinceProgress.start();
-    bool cancelled = false;
-    OvStatus status = file.scanHeaders(0, total, [&](const OvSegyTraceWords& words) {
-        columns.append(words);
-        const qint64 done = columns.size();
-        if (progress && done % progressStride == 0 &&
-            sinceProgress.elapsed() >= progressIntervalMs) {
-            sinceProgress.restart();
-            cancelled = !progress(done, total);
-        }
-        return !cancelled;
-    });
-    if (cancelled)
-        status = OvStatus::failure(tr("Cancelled."));
-    if (status && progress && !progress(total, total))
-        status = OvStatus::failure(tr("Cancelled."));
-    return status;
+    OvSegyColumns all(mapping, file.info().metresPerUnit);
+    OvSegyHeaderScan headers(file, mapping);
+    switch (headers.run(progress, &all)) {
+    case OvSegyHeaderScan::Outcome::Cancelled:
+        return OvStatus::failure(tr("Cancelled."));
+    case OvSegyHeaderScan::Outcome::Failed:
+        return headers.status();
+    case OvSegyHeaderScan::Outcome::Done:
+        break;
+    }
+    finish(std::move(all));
+    return {};
 }
 
 OvStatus OvSegyIndex::Private::scanFirstGather(const OvSegyFile& file, qint64 maxTraces)
 {
-    columns = OvSegyColumns(file.info().metresPerUnit);
-    bool single = true;
-    return file.scanHeaders(0, maxTraces, [&](const OvSegyTraceWords& words) {
-        const qint64 known = columns.size();
-        const bool sameRecord = known == 0 || words.fieldRecord == columns.fieldRecord(0);
-        single = single && (known == 0 || !sameRecord);
-        // While no record has shown two traces, the file may be one gather of single-trace records.
-        if (!sameRecord && !single)
-            return false;
-        columns.append(words);
-        return true;
-    });
+    OvSegyColumns first(mapping, file.info().metresPerUnit);
+    OvStatus status = file.locate({}, maxTraces);
+    if (status)
+        status = OvSegyHeaderScan(file, mapping).readFirstGather(maxTraces, &first);
+    if (status)
+        finish(std::move(first));
+    return status;
 }
 
-void OvSegyIndex::Private::finish()
+void OvSegyIndex::Private::finish(OvSegyColumns&& all)
 {
-    columns.finish();
-    grouping = OvSegyGrouping(columns);
-    measureOffsets();
-}
-
-void OvSegyIndex::Private::measureOffsets()
-{
-    for (qint64 trace = 0; trace < columns.size(); ++trace) {
-        const float offset = std::abs(columns.offset(trace));
-        // Written so that the NaN at the start gives way to the first number.
-        if (!(offset >= minimumOffset))
-            minimumOffset = offset;
-        if (!(offset <= maximumOffset))
-            maximumOffset = offset;
-    }
+    all.finish();
+    columns = std::make_shared<const OvSegyColumns>(std::move(all));
+    grouping = OvSegyGrouping(*columns, order);
 }
 
 OvSegyIndex::OvSegyIndex()
@@ -137,14 +95,18 @@ OvSegyIndex& OvSegyIndex::operator=(OvSegyIndex&&) noexcept = default;
 
 OvStatus OvSegyIndex::build(const OvSegyFile& file, const Progress& progress)
 {
+    return build(file, {}, progress);
+}
+
+OvStatus OvSegyIndex::build(const OvSegyFile& file, const OvTraceHeaderMapping& mapping,
+                            const Progress& progress)
+{
     d = std::make_unique<Private>();
-    if (file.info().traceCount > std::numeric_limits<qint32>::max())
-        return d->tooMany(file);
-    OvStatus status;
+    OvStatus status = mapping.validate(file.info().headerBytes());
+    d->mapping = mapping;
     try {
-        status = d->scan(file, progress);
         if (status)
-            d->finish();
+            status = d->scan(file, progress);
     } catch (const std::bad_alloc&) {
         status = d->noMemory(file);
     }
@@ -155,18 +117,47 @@ OvStatus OvSegyIndex::build(const OvSegyFile& file, const Progress& progress)
 
 OvStatus OvSegyIndex::buildFirstGather(const OvSegyFile& file, qint64 maxTraces)
 {
+    return buildFirstGather(file, {}, maxTraces);
+}
+
+OvStatus OvSegyIndex::buildFirstGather(const OvSegyFile& file, const OvTraceHeaderMapping& mapping,
+                                       qint64 maxTraces)
+{
     d = std::make_unique<Private>();
-    OvStatus status = d->scanFirstGather(file, maxTraces);
+    d->mapping = mapping;
+    OvStatus status = mapping.validate(file.info().headerBytes());
     if (status)
-        d->finish();
-    else
+        status = d->scanFirstGather(file, maxTraces);
+    if (!status)
         d = std::make_unique<Private>();
     return status;
 }
 
+OvSegyIndex OvSegyIndex::regrouped(const OvGatherOrder& order) const
+{
+    OvSegyIndex result;
+    result.d->mapping = d->mapping;
+    result.d->order = order;
+    result.d->columns = d->columns;
+    const bool sameGathers =
+        order.key == d->order.key && (order.key != OvGatherKey::OffsetBin || order == d->order);
+    result.d->grouping = sameGathers ? d->grouping : OvSegyGrouping(*d->columns, order);
+    return result;
+}
+
+const OvGatherOrder& OvSegyIndex::order() const
+{
+    return d->order;
+}
+
+const OvTraceHeaderMapping& OvSegyIndex::mapping() const
+{
+    return d->mapping;
+}
+
 qint64 OvSegyIndex::traceCount() const
 {
-    return d->columns.size();
+    return d->columns->size();
 }
 
 int OvSegyIndex::gatherCount() const
@@ -176,7 +167,7 @@ int OvSegyIndex::gatherCount() const
 
 qint32 OvSegyIndex::fieldRecord(int gather) const
 {
-    return d->hasGather(gather) ? d->grouping.fieldRecord(gather) : 0;
+    return d->hasGather(gather) ? d->columns->fieldRecord(d->firstTrace(gather)) : 0;
 }
 
 int OvSegyIndex::gatherTraceCount(int gather) const
@@ -186,12 +177,29 @@ int OvSegyIndex::gatherTraceCount(int gather) const
 
 int OvSegyIndex::gatherOfFieldRecord(qint32 fieldRecord) const
 {
-    return d->grouping.gatherOfFieldRecord(fieldRecord);
+    return d->order.key == OvGatherKey::FieldRecord
+               ? d->grouping.gatherOfFieldRecord(*d->columns, fieldRecord)
+               : -1;
 }
 
 int OvSegyIndex::gatherOfTrace(qint64 trace) const
 {
     return trace >= 0 && trace < traceCount() ? d->grouping.gatherOfTrace(trace) : -1;
+}
+
+std::vector<qint64> OvSegyIndex::gatherTraces(int gather) const
+{
+    std::vector<qint64> traces;
+    const int count = gatherTraceCount(gather);
+    traces.reserve(static_cast<std::size_t>(count));
+    if (d->order.sort == OvGatherSort::FileOrder) {
+        for (int row = 0; row < count; ++row)
+            traces.push_back(d->grouping.trace(gather, row));
+        return traces;
+    }
+    for (const OvTraceHeader& header : d->headers(gather))
+        traces.push_back(header.traceIndex);
+    return traces;
 }
 
 OvGather OvSegyIndex::gatherHeaders(const OvSegyFile& file, int gather) const
@@ -201,13 +209,7 @@ OvGather OvSegyIndex::gatherHeaders(const OvSegyFile& file, int gather) const
     result.fieldRecord = fieldRecord(gather);
     result.sampleCount = file.info().sampleCount;
     result.intervalMs = file.info().intervalMs();
-    const int traces = gatherTraceCount(gather);
-    result.headers.reserve(static_cast<std::size_t>(traces));
-    for (int row = 0; row < traces; ++row) {
-        result.headers.push_back(d->columns.header(d->grouping.trace(gather, row)));
-        if (!d->columns.hasChannels())
-            result.headers.back().channel = row + 1;
-    }
+    result.headers = d->headers(gather);
     return result;
 }
 
@@ -224,28 +226,36 @@ OvStatus OvSegyIndex::readGather(const OvSegyFile& file, int gather, OvGather* o
     return file.readSamples(out);
 }
 
+void OvSegyIndex::prefetchGather(const OvSegyFile& file, int gather) const
+{
+    // Traces far apart are each a request of their own: no more of them than a screen shows.
+    constexpr int mostRanges = 1024;
+    constexpr qint64 mostBytes = 64LL << 20;
+    qint64 bytes = 0;
+    int ranges = 0;
+    const int count = gatherTraceCount(gather);
+    for (int row = 0; row < count && ranges < mostRanges && bytes < mostBytes; ++ranges) {
+        const qint64 first = d->grouping.trace(gather, row);
+        qint64 end = first;
+        for (; row < count && d->grouping.trace(gather, row) == end; ++row)
+            ++end;
+        const qint64 length = endOf(file, end - 1) - file.position(first);
+        file.bytes().prefetch(file.position(first), qMin(length, mostBytes - bytes));
+        bytes += length;
+    }
+}
+
 float OvSegyIndex::minimumOffset() const
 {
-    return d->minimumOffset;
+    return d->columns->minimumOffset();
 }
 
 float OvSegyIndex::maximumOffset() const
 {
-    return d->maximumOffset;
+    return d->columns->maximumOffset();
 }
 
-QStringList OvSegyIndex::warnings() const
+qint64 OvSegyIndex::memoryBytes() const
 {
-    QStringList sentences;
-    if (traceCount() > 0 && d->columns.offsetsAreUnknown())
-        sentences +=
-            Private::tr("The file has no offsets and no usable coordinates; offsets are unknown.");
-    if (d->columns.offsetsAreComputed())
-        sentences +=
-            Private::tr("The file has no offsets; they are computed from the coordinates.");
-    if (d->grouping.rule() == OvSegyGrouping::Rule::SingleTraces)
-        sentences += Private::tr("Every field record has one trace; all traces form one gather.");
-    if (d->grouping.rule() == OvSegyGrouping::Rule::NoRecords)
-        sentences += Private::tr("The file has no field records; all traces form one gather.");
-    return sentences;
+    return static_cast<qint64>(sizeof(Private)) + d->columns->bytes() + d->grouping.bytes();
 }

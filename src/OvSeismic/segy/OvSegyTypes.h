@@ -39,6 +39,8 @@ struct OvSegyFileInfo
     QStringList warnings; ///< translated, one sentence each: what was odd and what was assumed
 
     double intervalMs() const { return intervalUs / 1000.0; }
+    /// Bytes of one trace's headers, extension headers included.
+    int headerBytes() const { return 240 * (1 + extraTraceHeaders); }
 };
 
 /// The words of one trace header that the program uses, scalars applied.

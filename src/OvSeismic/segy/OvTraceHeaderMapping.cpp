@@ -76,8 +76,13 @@ bool OvHeaderWord::isFloatingPoint(OvHeaderType type)
 
 double OvHeaderWord::value(const char* header, OvByteOrder fileOrder) const
 {
+    return number(type, bits(header, fileOrder));
+}
+
+qint64 OvHeaderWord::bits(const char* header, OvByteOrder fileOrder) const
+{
     if (!exists())
-        return 0.0;
+        return 0;
     const OvSegyWords in(header, 1, resolve(order, fileOrder));
     switch (type) {
     case OvHeaderType::Int8:
@@ -88,20 +93,28 @@ double OvHeaderWord::value(const char* header, OvByteOrder fileOrder) const
         return in.int16(position);
     case OvHeaderType::UInt16:
         return in.uint16(position);
-    case OvHeaderType::Int32:
-        return in.int32(position);
     case OvHeaderType::UInt32:
         return static_cast<quint32>(in.int32(position));
     case OvHeaderType::Int64:
-        return static_cast<double>(in.int64(position));
-    case OvHeaderType::Float32:
-        return floatOf<float>(in.int32(position));
-    case OvHeaderType::IbmFloat32:
-        return ibmFloat(static_cast<quint32>(in.int32(position)));
     case OvHeaderType::Float64:
-        return in.float64(position);
+        return in.int64(position);
+    default:
+        return in.int32(position);
     }
-    return 0.0;
+}
+
+double OvHeaderWord::number(OvHeaderType type, qint64 bits)
+{
+    switch (type) {
+    case OvHeaderType::Float32:
+        return floatOf<float>(static_cast<qint32>(bits));
+    case OvHeaderType::IbmFloat32:
+        return ibmFloat(static_cast<quint32>(bits));
+    case OvHeaderType::Float64:
+        return floatOf<double>(bits);
+    default:
+        return static_cast<double>(bits);
+    }
 }
 
 OvTraceHeader OvTraceHeaderMapping::decode(const char* header, OvByteOrder fileOrder,

@@ -42,6 +42,10 @@ struct OVSEISMIC_EXPORT OvHeaderWord
     /// The value in a header that reaches as far as end(); 0 where the word does not exist. May be
     /// infinite or not a number where bytes that are no such word are read.
     double value(const char* header, OvByteOrder fileOrder) const;
+    /// The word as a whole number: an integer's value, a floating-point number's bits. number() of
+    /// it is value().
+    qint64 bits(const char* header, OvByteOrder fileOrder) const;
+    static double number(OvHeaderType type, qint64 bits);
 
     bool operator==(const OvHeaderWord& other) const
     {

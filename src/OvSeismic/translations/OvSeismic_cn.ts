@@ -88,6 +88,77 @@
     </message>
 </context>
 <context>
+    <name>OvGatherOrder</name>
+    <message>
+        <source>Field record</source>
+        <translation>野外文件号</translation>
+    </message>
+    <message>
+        <source>Source position</source>
+        <translation>炮点位置</translation>
+    </message>
+    <message>
+        <source>Receiver position</source>
+        <translation>检波点位置</translation>
+    </message>
+    <message>
+        <source>CDP</source>
+        <translation>CDP</translation>
+    </message>
+    <message>
+        <source>Common offset</source>
+        <translation>共炮检距</translation>
+    </message>
+    <message>
+        <source>File order</source>
+        <translation>文件顺序</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>道号</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>炮检距</translation>
+    </message>
+    <message>
+        <source>Absolute offset</source>
+        <translation>炮检距绝对值</translation>
+    </message>
+    <message>
+        <source>Source X</source>
+        <translation>炮点 X 坐标</translation>
+    </message>
+    <message>
+        <source>Source Y</source>
+        <translation>炮点 Y 坐标</translation>
+    </message>
+    <message>
+        <source>Receiver X</source>
+        <translation>检波点 X 坐标</translation>
+    </message>
+    <message>
+        <source>Receiver Y</source>
+        <translation>检波点 Y 坐标</translation>
+    </message>
+    <message>
+        <source>Source elevation</source>
+        <translation>炮点高程</translation>
+    </message>
+    <message>
+        <source>Receiver elevation</source>
+        <translation>检波点高程</translation>
+    </message>
+    <message>
+        <source>Delay</source>
+        <translation>延迟时间</translation>
+    </message>
+    <message>
+        <source>Trace identification code</source>
+        <translation>道识别码</translation>
+    </message>
+</context>
+<context>
     <name>OvHeaderSurvey</name>
     <message>
         <source>Cancelled.</source>
@@ -502,6 +573,31 @@
     <message>
         <source>The file has no field records; all traces form one gather.</source>
         <translation>文件中没有野外文件号；所有道组成一个道集。</translation>
+    </message>
+    <message>
+        <source>unknown offset</source>
+        <translation>炮检距未知</translation>
+    </message>
+    <message>
+        <source>%1 - %2 m</source>
+        <translation>%1 - %2 m</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3</source>
+        <comment>number of a position: X, Y</comment>
+        <translation>%1：%2，%3</translation>
+    </message>
+    <message>
+        <source>The file has no source positions; all traces form one gather.</source>
+        <translation>文件中没有炮点位置；所有道组成一个道集。</translation>
+    </message>
+    <message>
+        <source>The file has no receiver positions; all traces form one gather.</source>
+        <translation>文件中没有检波点位置；所有道组成一个道集。</translation>
+    </message>
+    <message>
+        <source>The file has no CDP numbers; all traces form one gather.</source>
+        <translation>文件中没有 CDP 号；所有道组成一个道集。</translation>
     </message>
 </context>
 <context>
