@@ -8,11 +8,6 @@ namespace {
 
 constexpr qint64 spreadTraces = 20000;
 
-int percentOf(qint64 done, qint64 total)
-{
-    return total > 0 ? static_cast<int>(done * 100 / total) : 0;
-}
-
 OvStatus readHeaders(const OvSegyFile& file, qint64 traces, int bytesEach, QByteArray* headers)
 {
     headers->resize(static_cast<int>(traces) * bytesEach);
@@ -29,14 +24,8 @@ OvHeaderExamination::OvHeaderExamination(std::shared_ptr<const OvSegyFile> file,
     : QObject(parent)
     , m_file(std::move(file))
     , m_reads(OvBackground::readPool())
-    , m_scans(OvBackground::scanPool())
 {
-}
-
-OvHeaderExamination::~OvHeaderExamination()
-{
-    if (m_cancel)
-        m_cancel->store(true);
+    connect(&m_survey, &OvLatestWork::progress, this, &OvHeaderExamination::progress);
 }
 
 void OvHeaderExamination::readFirst(int traces, int bytesEach)
@@ -56,39 +45,16 @@ void OvHeaderExamination::readFirst(int traces, int bytesEach)
 
 void OvHeaderExamination::survey(const OvTraceHeaderMapping& mapping, bool wholeFile)
 {
-    if (m_cancel)
-        m_cancel->store(true);
-    m_cancel = std::make_shared<std::atomic<bool>>(false);
     const qint64 most = wholeFile ? std::numeric_limits<qint64>::max() : spreadTraces;
-    OvBackground& background = wholeFile ? m_scans : m_reads;
-    background.run([this, mapping, most, file = m_file,
-                    cancel = m_cancel](const OvBackground::Post& post) {
-        OvHeaderSurvey survey;
-        const OvStatus status = survey.run(*file, mapping, most, [&](qint64 done, qint64 total) {
-            post([this, cancel, percent = percentOf(done, total)] {
-                if (cancel == m_cancel)
-                    emit progress(percent);
-            });
-            return !cancel->load();
-        });
-        post([this, cancel, status, survey] { take(cancel, status, survey); });
-    });
-}
-
-void OvHeaderExamination::take(const std::shared_ptr<std::atomic<bool>>& cancel,
-                               const OvStatus& status, const OvHeaderSurvey& survey)
-{
-    if (cancel != m_cancel)
-        return;
-    m_cancel.reset();
-    if (status)
-        emit surveyed(survey);
-    else
-        emit failed(status.message());
-}
-
-void OvHeaderExamination::cancel()
-{
-    if (m_cancel)
-        m_cancel->store(true);
+    m_survey.start(wholeFile ? OvLatestWork::Long : OvLatestWork::Short,
+                   [this, mapping, most, file = m_file](const OvLatestWork::Progress& report) {
+                       OvHeaderSurvey survey;
+                       const OvStatus status = survey.run(*file, mapping, most, report);
+                       return [this, status, survey] {
+                           if (status)
+                               emit surveyed(survey);
+                           else
+                               emit failed(status.message());
+                       };
+                   });
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "OvGui/document/OvBackground.h"
+#include "OvLatestWork.h"
+
 #include "OvSeismic/segy/OvHeaderSurvey.h"
 
 #include <QObject>
 
-#include <atomic>
 #include <memory>
 
 class OvSegyFile;
@@ -16,9 +16,8 @@ class OvHeaderExamination : public QObject
     Q_OBJECT
 
 public:
+    /// Its end stops what still runs, without waiting for it.
     explicit OvHeaderExamination(std::shared_ptr<const OvSegyFile> file, QObject* parent = nullptr);
-    /// Stops what still runs, without waiting for it.
-    ~OvHeaderExamination() override;
 
     /// The first headers, as many bytes each; headersRead() answers.
     void readFirst(int traces, int bytesEach);
@@ -26,8 +25,7 @@ public:
     /// is stopped and not heard of again.
     void survey(const OvTraceHeaderMapping& mapping, bool wholeFile);
     /// failed() follows.
-    void cancel();
-    bool isRunning() const { return m_cancel != nullptr; }
+    void cancel() { m_survey.cancel(); }
 
 signals:
     void headersRead(const QByteArray& headers);
@@ -36,11 +34,7 @@ signals:
     void failed(const QString& message);
 
 private:
-    void take(const std::shared_ptr<std::atomic<bool>>& cancel, const OvStatus& status,
-              const OvHeaderSurvey& survey);
-
     std::shared_ptr<const OvSegyFile> m_file;
-    std::shared_ptr<std::atomic<bool>> m_cancel; // of the survey at work
     OvBackground m_reads;
-    OvBackground m_scans;
+    OvLatestWork m_survey;
 };

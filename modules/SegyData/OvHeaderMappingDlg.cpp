@@ -49,8 +49,23 @@ QTableView* makeTable(const char* name, QAbstractItemModel* model, QWidget* pare
     table->setTabKeyNavigation(false);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     table->setWordWrap(false);
+    table->horizontalHeader()->setHighlightSections(false);
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() * 3 / 2);
     return table;
+}
+
+/// Returns the label above the table.
+QLabel* addTable(QSplitter* splitter, QTableView* table)
+{
+    auto* side = new QWidget(splitter);
+    auto* label = new QLabel(side);
+    label->setBuddy(table);
+    auto* layout = new QVBoxLayout(side);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(label);
+    layout->addWidget(table);
+    splitter->addWidget(side);
+    return label;
 }
 
 } // namespace
@@ -108,15 +123,8 @@ void OvHeaderMappingDlg::makeTables()
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->verticalHeader()->hide();
     m_valueTable = makeTable("valueTable", m_values, this);
-    m_splitter->addWidget(m_table);
-    auto* right = new QWidget(this);
-    auto* layout = new QVBoxLayout(right);
-    layout->setContentsMargins(0, 0, 0, 0);
-    m_valuesLabel = new QLabel(right);
-    m_valuesLabel->setBuddy(m_valueTable);
-    layout->addWidget(m_valuesLabel);
-    layout->addWidget(m_valueTable);
-    m_splitter->addWidget(right);
+    m_tableLabel = addTable(m_splitter, m_table);
+    m_valuesLabel = addTable(m_splitter, m_valueTable);
     m_splitter->setStretchFactor(0, 3);
     m_splitter->setStretchFactor(1, 2);
 }
@@ -204,7 +212,10 @@ void OvHeaderMappingDlg::restorePlace()
         m_splitter->restoreState(place.value(QStringLiteral("splitter")).toByteArray()))
         return;
     m_table->resizeColumnsToContents();
-    const QSize wanted(m_table->horizontalHeader()->length() * 7 / 4, 640);
+    const int words = m_table->horizontalHeader()->length() + 2 * m_table->frameWidth() +
+                      style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    m_splitter->setSizes({words, words * 3 / 4});
+    const QSize wanted(words * 7 / 4, 720);
     resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize() * 9 / 10));
 }
 
@@ -241,6 +252,7 @@ void OvHeaderMappingDlg::retranslate()
     setWindowTitle(tr("Header Mapping"));
     m_presetLabel->setText(tr("&Preset"));
     m_file->setText(QFileInfo(m_document->segyPath()).fileName());
+    m_tableLabel->setText(tr("&Where the words lie, and what stands there"));
     m_valuesLabel->setText(tr("The &first traces, values as they stand in the file"));
     m_problemsLabel->setText(tr("&Remarks"));
     m_buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));

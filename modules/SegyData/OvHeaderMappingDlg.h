@@ -68,6 +68,7 @@ private:
     QLabel* m_presetLabel = nullptr;
     QComboBox* m_presets = nullptr;
     QLabel* m_file = nullptr;
+    QLabel* m_tableLabel = nullptr;
     QLabel* m_valuesLabel = nullptr;
     QLabel* m_problemsLabel = nullptr;
     QSplitter* m_splitter = nullptr;

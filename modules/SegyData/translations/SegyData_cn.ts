@@ -55,6 +55,10 @@
         <source>Nothing to remark.</source>
         <translation>没有需要说明的问题。</translation>
     </message>
+    <message>
+        <source>&amp;Where the words lie, and what stands there</source>
+        <translation>各字的位置与内容(&amp;W)</translation>
+    </message>
 </context>
 <context>
     <name>OvHeaderMappingModel</name>
@@ -300,13 +304,80 @@
         <translation>文本卷头</translation>
     </message>
     <message>
-        <source>Nothing to remark.</source>
-        <translation>没有需要说明的问题。</translation>
-    </message>
-    <message>
         <source>Remarks (%1)</source>
         <translation>说明（%1）</translation>
     </message>
+    <message>
+        <source>Trace Headers</source>
+        <translation>道头</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Examine Whole File</source>
+        <translation>检查整个文件(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Looks at the headers and samples of every trace; on a large file this takes minutes</source>
+        <translation>检查每一道的道头和采样值；大文件需要数分钟</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Copies all pages as text</source>
+        <translation>将所有页面复制为文本</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Writes all pages to a text file</source>
+        <translation>将所有页面写入文本文件</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Examining...</source>
+        <translation>正在检查...</translation>
+    </message>
+    <message>
+        <source>All %1 traces were looked at.</source>
+        <translation>已检查全部 %1 道。</translation>
+    </message>
+    <message>
+        <source>A part of the %1 traces was looked at.</source>
+        <translation>已检查 %1 道中的一部分。</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>已复制。</translation>
+    </message>
+    <message>
+        <source>Save SEG-Y Information</source>
+        <translation>保存 SEG-Y 信息</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>文本文件 (*.txt);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Written to %1.</source>
+        <translation>已写入 %1。</translation>
+    </message>
+    <message>
+        <source>The text could not be written to %1: %2. Choose another folder or free some space.</source>
+        <translation>文本无法写入 %1：%2。请选择其他文件夹或释放空间。</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegyReport</name>
     <message>
         <source>File:</source>
         <translation>文件：</translation>
@@ -328,14 +399,6 @@
         <translation>字节序：</translation>
     </message>
     <message>
-        <source>big-endian</source>
-        <translation>大端</translation>
-    </message>
-    <message>
-        <source>little-endian</source>
-        <translation>小端</translation>
-    </message>
-    <message>
         <source>Text header:</source>
         <translation>文本卷头：</translation>
     </message>
@@ -350,6 +413,10 @@
     <message>
         <source>Extended text headers:</source>
         <translation>扩展文本卷头：</translation>
+    </message>
+    <message>
+        <source>Extra trace headers:</source>
+        <translation>附加道头数：</translation>
     </message>
     <message>
         <source>Data format:</source>
@@ -384,6 +451,18 @@
         <translation>道数：</translation>
     </message>
     <message>
+        <source>Lengths:</source>
+        <translation>长度单位：</translation>
+    </message>
+    <message>
+        <source>metres</source>
+        <translation>米</translation>
+    </message>
+    <message>
+        <source>feet</source>
+        <translation>英尺</translation>
+    </message>
+    <message>
         <source>Gathers:</source>
         <translation>道集数：</translation>
     </message>
@@ -402,6 +481,54 @@
     <message>
         <source>%1 m to %2 m</source>
         <translation>%1 m 至 %2 m</translation>
+    </message>
+    <message>
+        <source>error</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>说明</translation>
+    </message>
+    <message>
+        <source>trace %1</source>
+        <translation>第 %1 道</translation>
+    </message>
+    <message>
+        <source>bytes %1 to %2</source>
+        <translation>第 %1 至 %2 字节</translation>
+    </message>
+    <message>
+        <source>byte %1</source>
+        <translation>第 %1 字节</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>，</translation>
+    </message>
+    <message>
+        <source>%1 (byte %2): %3 to %4, %5 of %6 are zero</source>
+        <translation>%1（第 %2 字节）：%3 至 %4，%6 个中有 %5 个为零</translation>
+    </message>
+    <message>
+        <source>SEG-Y Information</source>
+        <translation>SEG-Y 信息</translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation>说明</translation>
+    </message>
+    <message>
+        <source>Trace headers</source>
+        <translation>道头</translation>
+    </message>
+    <message>
+        <source>Text Header</source>
+        <translation>文本卷头</translation>
     </message>
 </context>
 </TS>
