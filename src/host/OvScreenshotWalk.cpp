@@ -58,12 +58,6 @@ bool correctPicks()
     return dragAlongPicks(44, 52, 1.0) && rejectPick(58) && hoverAtPick(62);
 }
 
-bool showWholeGather()
-{
-    gatherViews().first()->zoomToFit();
-    return true;
-}
-
 QDialog* informationDialog()
 {
     QMainWindow* window = OvHostSession::mainWindow();

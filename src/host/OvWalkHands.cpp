@@ -197,6 +197,17 @@ bool OvWalkHands::hoverAtPick(int row)
     return true;
 }
 
+bool OvWalkHands::showWholeGather()
+{
+    OvGatherCanvas* canvas = firstCanvas();
+    if (!canvas)
+        return false;
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(canvas, &leave);
+    canvas->fit();
+    return true;
+}
+
 bool OvWalkHands::rejectPick(int row)
 {
     OvGatherCanvas* canvas = firstCanvas();

@@ -44,5 +44,7 @@ bool dragAlongPicks(int firstRow, int lastRow, double shiftMs);
 bool rejectPick(int row);
 /// The mouse over a pick, no button held.
 bool hoverAtPick(int row);
+/// The first view at its full extent, the mouse away from it.
+bool showWholeGather();
 
 } // namespace OvWalkHands
