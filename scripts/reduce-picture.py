@@ -75,6 +75,8 @@ def reduced(data):
     colors = [tuple(palette[i:i + 3]) for i in range(0, len(palette), 3)]
     counts = [indices.count(i) for i in range(len(colors))]
     areas, others = palette_of(colors, counts, width * height)
+    if len(areas) > MOST_COLORS - len(GREYS):
+        return data  # a picture of shades, each of which says something
     chosen = areas + others
     table = bytes(chosen.index(replacement(color, areas, others)) for color in colors)
     indices = indices.translate(table.ljust(256, b"\0"))

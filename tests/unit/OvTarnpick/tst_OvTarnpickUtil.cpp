@@ -120,7 +120,12 @@ void tst_OvTarnpickUtil::countsToTheLastSample()
 void tst_OvTarnpickUtil::missingFileIsSilent()
 {
     ModalProbe probe;
+    static int messages = 0;
+    const QtMessageHandler former = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) { ++messages; });
     OvTarnpickUtil::displaySegyInfo(m_folder.filePath(QStringLiteral("none.sgy")), nullptr);
+    qInstallMessageHandler(former);
+    QCOMPARE(messages, 0);
     QVERIFY(probe.isDone());
     QVERIFY(probe.boxes().empty());
 }
