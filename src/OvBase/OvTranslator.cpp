@@ -36,7 +36,8 @@ QStringList missingNames(OvTranslator::LanguageType type)
     QStringList missing;
     if (!isShellThere(folder))
         return missing;
-    for (const QString& name : shellCatalogues(type)) {
+    const QStringList needed = shellCatalogues(type);
+    for (const QString& name : needed) {
         if (!folder.exists(name))
             missing.append(name);
     }

@@ -1,5 +1,6 @@
 #include "OvGui/view/OvPagingBar.h"
 
+#include "OvGui/view/OvElidedLabel.h"
 #include "OvGui/view/OvFieldRecordBox.h"
 
 #include <QHBoxLayout>
@@ -53,11 +54,8 @@ void OvPagingBar::makeWidgets()
     m_index = makeButton(QStringLiteral("readHeadersButton"));
     m_index->setAutoRaise(false);
     m_index->hide();
-    m_readout = new QLabel(this);
+    m_readout = new OvElidedLabel(this);
     m_readout->setObjectName(QStringLiteral("readoutLabel"));
-    m_readout->setTextFormat(Qt::PlainText);
-    m_readout->setMinimumWidth(1);
-    m_readout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_gatherLabel->setBuddy(m_gatherBox);
     m_recordLabel->setBuddy(m_recordBox);
 }
