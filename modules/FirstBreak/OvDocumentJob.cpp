@@ -127,12 +127,6 @@ void OvDocumentJob::stop()
         finish(Cancelled, cancelledMessage());
 }
 
-void OvDocumentJob::fail(const QString& message)
-{
-    m_failure = message;
-    m_shared->cancel = true;
-}
-
 void OvDocumentJob::failBeforeWork(const QString& message)
 {
     if (!m_begun && isRunning())
@@ -145,7 +139,7 @@ void OvDocumentJob::poll()
         return;
     OvStatus outcome;
     const bool ended = m_shared->hasEnded(&outcome);
-    const bool more = m_failure.isEmpty() && takeResults();
+    const bool more = takeResults();
     showProgress();
     if (more)
         // In a turn of its own, so that the window stays alive.
@@ -168,10 +162,8 @@ void OvDocumentJob::conclude(const OvStatus& outcome)
 {
     m_clock.stop();
     m_next.stop();
-    if (m_failure.isEmpty() && !outcome)
-        m_failure = outcome.message();
-    if (!m_failure.isEmpty())
-        finish(Failed, m_failure);
+    if (!outcome)
+        finish(Failed, outcome.message());
     else if (isCancelRequested())
         finish(Cancelled, cancelledMessage());
     else

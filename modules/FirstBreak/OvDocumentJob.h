@@ -66,8 +66,6 @@ protected:
     virtual QString summary() const = 0;
 
     const std::shared_ptr<Shared>& shared() const { return m_shared; }
-    /// Stops the work and ends the job with a message as soon as the worker has stopped.
-    void fail(const QString& message);
 
 private:
     void begin();
@@ -84,6 +82,5 @@ private:
     OvBackground m_background;
     QTimer m_clock;
     QTimer m_next; ///< the next part of a backlog
-    QString m_failure;
     bool m_begun = false;
 };

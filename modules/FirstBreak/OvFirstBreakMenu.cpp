@@ -39,6 +39,9 @@ OvFirstBreakMenu::OvFirstBreakMenu(QWidget* parent)
     m_pick = addAction(QString(), this, &OvFirstBreakMenu::pickRequested,
                        QKeySequence(QStringLiteral("Ctrl+P")));
     m_pick->setObjectName(QStringLiteral("actionAuto_Pick"));
+    m_pickGather =
+        makeAction("actionPick_Gather", {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P)});
+    connect(m_pickGather, &QAction::triggered, this, &OvFirstBreakMenu::pickGatherRequested);
     addSeparator();
     makeEditActions();
     addSeparator();
@@ -89,6 +92,10 @@ void OvFirstBreakMenu::retranslateEdit()
             m_obstacle.isEmpty()
                 ? tr("Set picks by click or drag, remove them with Shift, reject them with Ctrl")
                 : m_obstacle);
+    relabel(m_pickGather, tr("&Pick This Gather"),
+            m_obstacle.isEmpty()
+                ? tr("Pick the gather shown with the saved values; picks made by hand stay")
+                : m_obstacle);
     relabel(m_undo, tr("&Undo Pick Edit"), tr("Undo the last edit of picks"));
     relabel(m_redo, tr("&Redo Pick Edit"), tr("Redo the edit of picks that was undone"));
     relabel(m_reject, tr("Re&ject or Restore Pick"),
@@ -101,7 +108,7 @@ void OvFirstBreakMenu::setEditObstacle(const QString& obstacle)
 {
     m_obstacle = obstacle;
     const bool possible = m_usable && obstacle.isEmpty();
-    for (QAction* action : {m_edit, m_reject, m_classify})
+    for (QAction* action : {m_pickGather, m_edit, m_reject, m_classify})
         action->setEnabled(possible);
     retranslateEdit();
 }

@@ -34,6 +34,7 @@ public:
 
 signals:
     void pickRequested();
+    void pickGatherRequested();
     void exportRequested();
     void rejectRequested();
     void classifyRequested();
@@ -50,6 +51,7 @@ private:
     void relabel(QAction* action, const QString& text, const QString& toolTip);
 
     QAction* m_pick = nullptr;
+    QAction* m_pickGather = nullptr;
     QAction* m_edit = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;

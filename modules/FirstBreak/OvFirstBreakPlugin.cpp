@@ -3,11 +3,13 @@
 #include "OvExportJob.h"
 #include "OvFirstBreakBar.h"
 #include "OvFirstBreakMenu.h"
+#include "OvGatherPicker.h"
 #include "OvPickDlg.h"
 #include "OvPickJob.h"
 
 #include "OvBase/OvProjectManager.h"
 #include "OvGui/OvGatherViewController.h"
+#include "OvGui/document/OvPickHistory.h"
 #include "OvPlugins/OvPluginUtil.h"
 
 #include <QDir>
@@ -17,12 +19,25 @@
 
 namespace {
 
+constexpr int margin = 16;
+
 QString proposedExportPath(const OvSegyDocument& document)
 {
     const QFileInfo segy(document.segyPath());
     const QFileInfo folder(segy.absolutePath());
     const QDir target(folder.isWritable() ? folder.absoluteFilePath() : QDir::homePath());
     return target.filePath(segy.completeBaseName() + QStringLiteral("_fb.csv"));
+}
+
+// To the lower right corner of its window, so that the data that it is about can be seen.
+void moveAside(QDialog* dialog)
+{
+    const QWidget* window = dialog->parentWidget();
+    if (!window)
+        return;
+    const QRect area = window->frameGeometry().adjusted(0, 0, -margin, -margin);
+    dialog->move(area.bottomRight() -
+                 QPoint(dialog->frameGeometry().width(), dialog->frameGeometry().height()));
 }
 
 } // namespace
@@ -62,6 +77,7 @@ QMenu* OvFirstBreakPlugin::menu()
 void OvFirstBreakPlugin::connectMenu()
 {
     connect(m_menu, &OvFirstBreakMenu::pickRequested, this, &OvFirstBreakPlugin::askForPicking);
+    connect(m_menu, &OvFirstBreakMenu::pickGatherRequested, this, &OvFirstBreakPlugin::pickGather);
     connect(m_menu, &OvFirstBreakMenu::exportRequested, this, &OvFirstBreakPlugin::askForExport);
     connect(m_menu, &QMenu::aboutToShow, this, &OvFirstBreakPlugin::followWorkspace);
     connect(m_menu, &OvFirstBreakMenu::rejectRequested, this, [this] {
@@ -186,7 +202,7 @@ bool OvFirstBreakPlugin::makeRoomFor(const QSharedPointer<OvSegyDocument>& docum
 
 void OvFirstBreakPlugin::askForPicking()
 {
-    const OvGatherViewController* view = activeView();
+    OvGatherViewController* view = activeView();
     if (!view)
         return;
     auto* dialog = new OvPickDlg(OvProjectManager::instance().define().id, view->currentGather(),
@@ -194,7 +210,68 @@ void OvFirstBreakPlugin::askForPicking()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this,
             [this, dialog, document = view->document()] { pick(dialog, document); });
+    dialog->setUnfinishedRun(view->document()->unfinishedRun(),
+                             OvPickWork::gatheringText(*view->document()->index()));
+    connectPreview(dialog, view);
     dialog->open();
+    moveAside(dialog);
+}
+
+void OvFirstBreakPlugin::connectPreview(OvPickDlg* dialog, OvGatherViewController* view)
+{
+    auto* picker = new OvGatherPicker(view->document(), dialog);
+    const int gather = view->currentGather();
+    connect(dialog, &OvPickDlg::previewRequested, picker,
+            [picker, gather](const OvPickDefine& define) { picker->pick(gather, define); });
+    connect(picker, &OvGatherPicker::picked, view, &OvGatherViewController::setPreviewPicks);
+    connect(picker, &OvGatherPicker::failed, view, [view](const QString& message) {
+        view->setPreviewPicks(-1, {});
+        OvPluginUtil::showStatus(message);
+    });
+    connect(dialog, &OvPickDlg::previewEnded, view, [view, picker] {
+        picker->cancel();
+        view->setPreviewPicks(-1, {});
+    });
+}
+
+void OvFirstBreakPlugin::pickGather()
+{
+    const OvGatherViewController* view = activeView();
+    if (!view || !view->editObstacle().isEmpty())
+        return;
+    // A request that has not been answered yet makes room for this one.
+    delete m_gatherPicker;
+    m_gatherPicker = new OvGatherPicker(view->document(), this);
+    connect(m_gatherPicker, &OvGatherPicker::picked, this,
+            [this, document = view->document()](int gather, const OvFirstBreaks& breaks) {
+                takeGather(document, gather, breaks);
+            });
+    connect(m_gatherPicker, &OvGatherPicker::failed, this,
+            [](const QString& message) { OvPluginUtil::showWarning(message); });
+    m_gatherPicker->pick(view->currentGather(),
+                         OvPickDlg::savedDefine(OvProjectManager::instance().define().id));
+}
+
+void OvFirstBreakPlugin::takeGather(const QSharedPointer<OvSegyDocument>& document, int gather,
+                                    const OvFirstBreaks& breaks)
+{
+    const OvFirstBreaks present = document->firstBreaks(gather);
+    QVector<OvTracePick> picks;
+    for (int row = 0; row < breaks.size(); ++row) {
+        const bool byHand = row < present.size() &&
+                            present.states[static_cast<std::size_t>(row)] == OvPickState::Manual;
+        if (!byHand)
+            picks.append(OvTracePick::of(breaks, row));
+    }
+    const OvStatus status = document->pickHistory()->edit(gather, picks, tr("Pick This Gather"));
+    if (status)
+        OvPluginUtil::showStatus(tr("%1 of %2 traces of the gather have a pick.")
+                                     .arg(document->firstBreaks(gather).pickedCount())
+                                     .arg(breaks.size()));
+    else
+        OvPluginUtil::showWarning(status.message());
+    if (m_gatherPicker)
+        m_gatherPicker->deleteLater();
 }
 
 void OvFirstBreakPlugin::pick(const OvPickDlg* dialog,
@@ -233,6 +310,7 @@ void OvFirstBreakPlugin::report(OvDocumentJob* job)
 
 void OvFirstBreakPlugin::closeJobs()
 {
+    delete m_gatherPicker;
     const QList<OvDocumentJob*> jobs = findChildren<OvDocumentJob*>();
     for (OvDocumentJob* job : jobs) {
         job->requestCancel();

@@ -10,9 +10,11 @@
 class OvDocumentJob;
 class OvFirstBreakBar;
 class OvFirstBreakMenu;
+class OvGatherPicker;
 class OvGatherViewController;
 class OvPickDlg;
 class OvSegyDocument;
+struct OvFirstBreaks;
 
 /// The module that picks first breaks and exports them. Its jobs belong to it: they stay in the
 /// task list, with their outcome, until a like job on the same file starts or the project is
@@ -41,6 +43,10 @@ private:
     void setSnapWindow(int windowMs);
     void askForPicking();
     void pick(const OvPickDlg* dialog, const QSharedPointer<OvSegyDocument>& document);
+    void connectPreview(OvPickDlg* dialog, OvGatherViewController* view);
+    void pickGather();
+    void takeGather(const QSharedPointer<OvSegyDocument>& document, int gather,
+                    const OvFirstBreaks& breaks);
     void askForExport();
     void launch(OvDocumentJob* job);
     void report(OvDocumentJob* job);
@@ -54,5 +60,6 @@ private:
     // Plain on purpose: a view that is being destroyed is no gather view any more.
     QPointer<QObject> m_followed;
     QUndoGroup m_undo; // of the active view
+    QPointer<OvGatherPicker> m_gatherPicker;
     bool m_editing = false;
 };

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "OvDocumentJob.h"
-
-#include "OvSeismic/picking/OvPickRun.h"
+#include "OvPickWork.h"
 
 #include <mutex>
 
-/// Picks the first breaks of a document automatically. Picks are stored as gathers finish; a
-/// cancelled or failed run keeps what was stored.
+/// Picks the first breaks of a document automatically. Picks are stored as gathers finish, by the
+/// worker; a cancelled or failed run keeps what was stored, and an equal one can go on from there.
 class OvPickJob : public OvDocumentJob
 {
     Q_OBJECT
@@ -15,18 +14,15 @@ class OvPickJob : public OvDocumentJob
 public:
     struct Options
     {
-        OvPickParameters parameters;
+        OvPickDefine define;
         int gather = -1; ///< the only gather to pick; -1 for those of the parameters
         bool keepManualPicks = true;
+        bool resume = false; ///< go on where an equal run stopped
     };
 
     OvPickJob(const QSharedPointer<OvSegyDocument>& document, const Options& options,
               QObject* parent);
     ~OvPickJob() override;
-
-    /// New picks over old ones: a manual pick stays when keepManualPicks says so.
-    static OvFirstBreaks merged(OvFirstBreaks present, const OvPickResult& result,
-                                bool keepManualPicks);
 
 protected:
     Work makeWork() override;
@@ -35,26 +31,21 @@ protected:
     QString summary() const override;
 
 private:
-    struct Delivered
-    {
-        int gather = -1;
-        OvPickResult result;
-    };
     struct Queue
     {
         std::mutex mutex;
-        std::vector<Delivered> gathers;
+        std::vector<OvFirstBreakUpdate> updates;
 
-        void add(int gather, const OvPickResult& result);
+        void add(std::vector<OvFirstBreakUpdate>&& stored);
         /// The oldest entries, at most limit; *more tells whether others are left.
-        std::vector<Delivered> take(std::size_t limit, bool* more);
+        std::vector<OvFirstBreakUpdate> take(std::size_t limit, bool* more);
     };
 
-    Work pickAll(const std::shared_ptr<const OvSegyIndex>& index) const;
-    Work pickOne(const std::shared_ptr<const OvSegyIndex>& index) const;
+    void stopFollowing();
 
     Options m_options;
     std::shared_ptr<Queue> m_queue = std::make_shared<Queue>();
+    bool m_following = false;
     int m_gathers = 0;
     qint64 m_traces = 0;
     qint64 m_picks = 0;

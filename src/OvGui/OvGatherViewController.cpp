@@ -404,6 +404,11 @@ void OvGatherViewController::setEditing(bool editing)
     d->desk->setEditing(editing);
 }
 
+void OvGatherViewController::setPreviewPicks(int gather, const OvFirstBreaks& breaks)
+{
+    d->pane->setPreviewPicks(gather, breaks);
+}
+
 void OvGatherViewController::setSnapWindow(int windowMs)
 {
     d->desk->tool()->setSnapWindow(windowMs);

@@ -40,6 +40,8 @@ public:
     QString editObstacle() const;
     /// Whether the mouse and the keys edit picks, see OvPickTool.
     bool isEditing() const;
+    /// Shows picks of a gather that are only proposed; empty ones end it. Nothing is stored.
+    void setPreviewPicks(int gather, const OvFirstBreaks& breaks);
     /// The edits by hand, for actions that follow them; null without a document.
     QUndoStack* undoStack() const;
 

@@ -104,6 +104,14 @@
         <source>Reject the automatic picks of this gather that are probably wrong</source>
         <translation>剔除本道集中可能有误的自动拾取</translation>
     </message>
+    <message>
+        <source>&amp;Pick This Gather</source>
+        <translation>拾取当前道集(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Pick the gather shown with the saved values; picks made by hand stay</source>
+        <translation>用已保存的参数拾取当前显示的道集；手工拾取保持不变</translation>
+    </message>
 </context>
 <context>
     <name>OvFirstBreakPlugin</name>
@@ -118,6 +126,21 @@
     <message>
         <source>Comma-separated text (*.csv);;Text (*.txt);;All files (*)</source>
         <translation>逗号分隔文本 (*.csv);;文本 (*.txt);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Pick This Gather</source>
+        <translation>拾取当前道集</translation>
+    </message>
+    <message>
+        <source>%1 of %2 traces of the gather have a pick.</source>
+        <translation>该道集 %2 道中有 %1 道已拾取。</translation>
+    </message>
+</context>
+<context>
+    <name>OvGatherPicker</name>
+    <message>
+        <source>The gather cannot be picked: %1</source>
+        <translation>无法拾取该道集：%1</translation>
     </message>
 </context>
 <context>
@@ -150,6 +173,113 @@
         <source>Cancel</source>
         <translation>取消</translation>
     </message>
+    <message>
+        <source>Previe&amp;w</source>
+        <translation>预览(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Shows in the view behind what these values lead to. Nothing is stored</source>
+        <translation>在后面的视图中显示这些参数的拾取结果，不保存任何内容</translation>
+    </message>
+    <message>
+        <source>Goes on where the last run with these values stopped</source>
+        <translation>从上次使用这些参数的拾取停止处继续</translation>
+    </message>
+    <message>
+        <source>&amp;Start Over</source>
+        <translation>重新开始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Continue (%1 gathers left)</source>
+        <translation>继续(剩余 %1 个道集)(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickGuideWidget</name>
+    <message>
+        <source>P&amp;hase</source>
+        <translation>相位(&amp;H)</translation>
+    </message>
+    <message>
+        <source>The point of the first arrival that is picked</source>
+        <translation>拾取初至波的哪一个位置</translation>
+    </message>
+    <message>
+        <source>Onset</source>
+        <translation>起跳点</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>波峰</translation>
+    </message>
+    <message>
+        <source>Trough</source>
+        <translation>波谷</translation>
+    </message>
+    <message>
+        <source>Zero crossing</source>
+        <translation>过零点</translation>
+    </message>
+    <message>
+        <source>Mi&amp;nimum confidence</source>
+        <translation>最小置信度(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Picks that are less likely right than this are left out (0 to 1)</source>
+        <translation>置信度低于该值的拾取将被舍去（0 到 1）</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>引导(&amp;G)</translation>
+    </message>
+    <message>
+        <source>What is known of the first breaks beforehand. A guide helps where the data are poor; clear arrivals are picked without it</source>
+        <translation>事先已知的初至信息。资料品质差时引导有帮助；初至清晰时无需引导也能拾取</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Velocity and intercept</source>
+        <translation>速度与截距时间</translation>
+    </message>
+    <message>
+        <source>My picks</source>
+        <translation>我的拾取</translation>
+    </message>
+    <message>
+        <source>Previous gather</source>
+        <translation>上一个道集</translation>
+    </message>
+    <message>
+        <source>Picks made by hand, and the automatic ones beside them</source>
+        <translation>手工拾取，以及同一道集内的自动拾取</translation>
+    </message>
+    <message>
+        <source>&amp;Velocity</source>
+        <translation>速度(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Velocity of the first arrival, m/s</source>
+        <translation>初至波速度，m/s</translation>
+    </message>
+    <message>
+        <source> m/s</source>
+        <translation> m/s</translation>
+    </message>
+    <message>
+        <source>&amp;Intercept</source>
+        <translation>截距时间(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Time of the first arrival at offset 0, ms</source>
+        <translation>炮检距为 0 时的初至时间，ms</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
 </context>
 <context>
     <name>OvPickJob</name>
@@ -160,6 +290,13 @@
     <message>
         <source>%1 of %2 traces in %3 gathers have a pick.</source>
         <translation>%3 个道集的 %2 道中有 %1 道已拾取初至。</translation>
+    </message>
+</context>
+<context>
+    <name>OvPickWork</name>
+    <message>
+        <source>There are too few picks to be guided by. Pick some traces by hand, or choose another guide.</source>
+        <translation>可作引导的拾取太少。请先手工拾取一些道，或选择其他引导方式。</translation>
     </message>
 </context>
 </TS>

@@ -71,6 +71,7 @@ void OvCanvasScene::paintData(QPainter* painter, const Paint& paintTraces,
         paintGrid(painter);
         if (define.showPicks)
             OvPickPainter::paint(painter, layout.data, state, breaks);
+        OvPickPainter::paintPreview(painter, layout.data, state, preview);
         paintTools(painter);
     }
     OvMessagePainter::paint(painter, layout.data, message, gather != nullptr);

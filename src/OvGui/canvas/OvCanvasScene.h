@@ -25,6 +25,7 @@ public:
     OvCanvasLayout layout;
     std::shared_ptr<const OvGather> gather;
     OvFirstBreaks breaks;
+    OvFirstBreaks preview; ///< proposed, not stored
     OvDisplayDefine define;
     OvTraceHeaderDefine headerDefine;
     OvTraceAxis traceAxis;

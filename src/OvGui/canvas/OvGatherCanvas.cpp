@@ -140,6 +140,17 @@ const OvFirstBreaks& OvGatherCanvas::firstBreaks() const
     return d->scene.breaks;
 }
 
+void OvGatherCanvas::setPreviewPicks(const OvFirstBreaks& breaks)
+{
+    d->scene.preview = breaks;
+    update();
+}
+
+const OvFirstBreaks& OvGatherCanvas::previewPicks() const
+{
+    return d->scene.preview;
+}
+
 void OvGatherCanvas::setDisplayDefine(const OvDisplayDefine& define)
 {
     OvDisplayDefine same = d->scene.define;

@@ -27,6 +27,9 @@ public:
     std::shared_ptr<const OvGather> gather() const;
     void setFirstBreaks(const OvFirstBreaks& breaks);
     const OvFirstBreaks& firstBreaks() const;
+    /// Picks that are only proposed, in a colour of their own; empty for none.
+    void setPreviewPicks(const OvFirstBreaks& breaks);
+    const OvFirstBreaks& previewPicks() const;
     void setDisplayDefine(const OvDisplayDefine& define);
     const OvDisplayDefine& displayDefine() const;
     void setTraceHeaderDefine(const OvTraceHeaderDefine& define);

@@ -53,22 +53,20 @@ void paintPick(QPainter* painter, OvPickState pick, const QPointF& at, double ha
         paintBar(painter, at, half);
 }
 
-} // namespace
-
-QColor OvPickPainter::color(OvPickState state)
+void paintRing(QPainter* painter, const QPointF& at, double half)
 {
-    switch (state) {
-    case OvPickState::Manual:
-        return {255, 200, 0};
-    case OvPickState::Rejected:
-        return {190, 0, 200};
-    default:
-        return {0, 160, 70};
-    }
+    const double radius = std::clamp(half, 2.5, 5.0);
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(outlineLight, 3.5));
+    painter->drawEllipse(at, radius, radius);
+    painter->setPen(QPen(OvPickPainter::previewColor(), 1.8));
+    painter->drawEllipse(at, radius, radius);
 }
 
-void OvPickPainter::paint(QPainter* painter, const QRect& area, const OvViewState& state,
-                          const OvFirstBreaks& breaks)
+using PaintOne = void (*)(QPainter* painter, OvPickState pick, const QPointF& at, double half);
+
+void paintAll(QPainter* painter, const QRect& area, const OvViewState& state,
+              const OvFirstBreaks& breaks, PaintOne paintOne)
 {
     const int count = std::min(breaks.size(), state.extent().traceCount);
     const auto first = static_cast<int>(std::clamp(state.left() - 1.0, 0.0, double(count)));
@@ -85,8 +83,42 @@ void OvPickPainter::paint(QPainter* painter, const QRect& area, const OvViewStat
         const double y = state.yOf(static_cast<double>(breaks.timesMs[i]));
         if (y < -half || y > area.height() + half)
             continue;
-        paintPick(painter, breaks.states[i],
-                  QPointF(area.topLeft()) + QPointF(state.xOfRow(row), y), half);
+        paintOne(painter, breaks.states[i], QPointF(area.topLeft()) + QPointF(state.xOfRow(row), y),
+                 half);
     }
     painter->restore();
+}
+
+} // namespace
+
+QColor OvPickPainter::color(OvPickState state)
+{
+    switch (state) {
+    case OvPickState::Manual:
+        return {255, 200, 0};
+    case OvPickState::Rejected:
+        return {190, 0, 200};
+    default:
+        return {0, 160, 70};
+    }
+}
+
+QColor OvPickPainter::previewColor()
+{
+    return {0, 105, 235};
+}
+
+void OvPickPainter::paint(QPainter* painter, const QRect& area, const OvViewState& state,
+                          const OvFirstBreaks& breaks)
+{
+    paintAll(painter, area, state, breaks, paintPick);
+}
+
+void OvPickPainter::paintPreview(QPainter* painter, const QRect& area, const OvViewState& state,
+                                 const OvFirstBreaks& breaks)
+{
+    paintAll(painter, area, state, breaks,
+             [](QPainter* ring, OvPickState, const QPointF& at, double half) {
+                 paintRing(ring, at, half);
+             });
 }

@@ -109,6 +109,16 @@ void OvFirstBreakStore::remember(const std::vector<OvFirstBreakUpdate>& stored)
     }
 }
 
+OvFirstBreakRun OvFirstBreakStore::unfinishedRun() const
+{
+    OvFirstBreakRun run;
+    const OvStatus status =
+        m_status && m_file.isOpen() ? m_file.readRun(&run) : OvStatus::success();
+    if (!status)
+        qWarning("%s", qPrintable(status.message()));
+    return run;
+}
+
 void OvFirstBreakStore::beginFollowing()
 {
     ++m_followed;

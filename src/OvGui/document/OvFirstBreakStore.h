@@ -27,6 +27,9 @@ public:
     OvFirstBreaks read(const std::vector<qint64>& traces);
     OvStatus write(std::vector<OvFirstBreakUpdate>* updates);
 
+    /// Empty when there is none or it cannot be read; the reason goes to the log.
+    OvFirstBreakRun unfinishedRun() const;
+
     /// While a job writes with a connection of its own it tells what it has stored: take(). What is
     /// kept in memory then follows without being read again.
     void beginFollowing();

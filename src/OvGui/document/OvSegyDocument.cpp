@@ -301,6 +301,11 @@ OvStatus OvSegyDocument::setFirstBreaksOf(const std::vector<qint64>& traces,
     return d->write(this, &updates);
 }
 
+OvFirstBreakRun OvSegyDocument::unfinishedRun() const
+{
+    return isIndexComplete() ? d->store->unfinishedRun() : OvFirstBreakRun();
+}
+
 void OvSegyDocument::beginJobStorage()
 {
     d->store->beginFollowing();

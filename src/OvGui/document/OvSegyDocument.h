@@ -14,6 +14,7 @@
 #include <memory>
 
 class OvPickHistory;
+struct OvFirstBreakRun;
 struct OvFirstBreakUpdate;
 struct OvTracePick;
 
@@ -79,6 +80,8 @@ public:
     OvFirstBreaks firstBreaksOf(const std::vector<qint64>& traces) const;
     OvStatus setFirstBreaksOf(const std::vector<qint64>& traces, const OvFirstBreaks& breaks);
 
+    /// How far an automatic run has come that was cancelled or broken off.
+    OvFirstBreakRun unfinishedRun() const;
     /// While a job stores first breaks in a thread of its own, it says here what it has stored.
     /// Each begin needs its end.
     void beginJobStorage();

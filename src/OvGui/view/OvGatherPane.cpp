@@ -167,6 +167,14 @@ void OvGatherPane::updateBreaks()
 {
     if (m_onCanvas >= 0)
         m_canvas->setFirstBreaks(m_document->firstBreaks(m_onCanvas));
+    m_canvas->setPreviewPicks(m_previewGather == m_onCanvas ? m_preview : OvFirstBreaks());
+}
+
+void OvGatherPane::setPreviewPicks(int gather, const OvFirstBreaks& breaks)
+{
+    m_previewGather = breaks.isEmpty() ? -1 : gather;
+    m_preview = breaks;
+    updateBreaks();
 }
 
 void OvGatherPane::updateTitle()

@@ -24,6 +24,8 @@ public:
     qint32 fieldRecord() const;
     /// Bounded to the gathers there are.
     void setCurrentGather(int gather);
+    /// Shows proposed picks whenever that gather is on the canvas; empty ones end it.
+    void setPreviewPicks(int gather, const OvFirstBreaks& breaks);
     /// Whether the canvas has the current gather, painted or not.
     bool isOnCanvas() const;
     /// Whether the current gather stands on the screen.
@@ -59,6 +61,8 @@ private:
     int m_current = 0;
     int m_onCanvas = -1;
     int m_requested = -1;
+    int m_previewGather = -1;
+    OvFirstBreaks m_preview;
     bool m_painted = false;
     bool m_firstBreaksReported = false;
     QString m_error;   // why the current gather cannot be shown

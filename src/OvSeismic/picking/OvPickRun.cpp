@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvPickRun.h"
 
+#include "OvSeismic/picking/OvPickPriorBuilder.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 
 #include <QCoreApplication>
@@ -88,14 +89,14 @@ private:
     bool m_stopped = false;
 };
 
-Picked pickOne(const OvPickRun::Request& request, const OvPicker& picker, int ordinal,
-               const std::atomic<bool>* cancel)
+Picked pickOne(const OvPickRun::Request& request, const OvPickSettings& settings,
+               const OvPicker& picker, int ordinal, const std::atomic<bool>* cancel)
 {
     Picked picked;
     try {
         picked.status = request.index->readGather(*request.file, ordinal, &picked.gather);
         if (picked.status)
-            picked.result = picker.pick(picked.gather, request.settings, cancel);
+            picked.result = picker.pick(picked.gather, settings, cancel);
         // Only the headers go to the caller; the samples would fill the memory while they wait.
         picked.gather.samples = {};
     } catch (const std::exception& error) {
@@ -137,9 +138,19 @@ public:
 private:
     void work()
     {
+        OvPickSettings settings = m_request.settings;
         std::size_t position = 0;
-        while (m_belt.next(&position))
-            m_belt.put(position, pickOne(m_request, *m_picker, m_gathers[position], &m_cancelled));
+        while (m_belt.next(&position)) {
+            Picked picked =
+                pickOne(m_request, settings, *m_picker, m_gathers[position], &m_cancelled);
+            const auto learned = m_request.guidedByPrevious
+                                     ? OvPickRun::priorOf(picked.gather, picked.result)
+                                     : nullptr;
+            // A gather without picks teaches nothing; the one before it still does.
+            if (learned)
+                settings.prior = learned;
+            m_belt.put(position, std::move(picked));
+        }
     }
 
     const OvPickRun::Request& m_request;
@@ -155,6 +166,14 @@ std::size_t threadCount(int wanted, std::size_t gathers)
     const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
     const std::size_t count = wanted > 0 ? static_cast<std::size_t>(wanted) : cores;
     return std::clamp<std::size_t>(count, 1, std::max<std::size_t>(gathers, 1));
+}
+
+void leaveOut(const std::vector<int>& done, std::vector<int>* gathers)
+{
+    const auto isDone = [&done](int gather) {
+        return std::binary_search(done.begin(), done.end(), gather);
+    };
+    gathers->erase(std::remove_if(gathers->begin(), gathers->end(), isDone), gathers->end());
 }
 
 bool isSet(const std::atomic<bool>* cancel)
@@ -176,17 +195,29 @@ std::vector<int> OvPickRun::chosenGathers(int gatherCount, const OvPickParameter
     return chosen;
 }
 
+std::shared_ptr<const OvPickPrior> OvPickRun::priorOf(const OvGather& gather,
+                                                      const OvPickResult& result)
+{
+    OvPickPriorBuilder builder;
+    for (std::size_t row = 0; row < result.timesMs.size(); ++row)
+        builder.add(gather.headers[row], static_cast<double>(result.timesMs[row]));
+    return builder.build();
+}
+
 OvStatus OvPickRun::run(const Request& request, const Deliver& deliver, const Progress& progress,
                         const std::atomic<bool>* cancel)
 {
     OvStatus valid = request.settings.validate();
     if (!valid)
         return valid;
-    const std::vector<int> gathers =
+    std::vector<int> gathers =
         chosenGathers(request.index->gatherCount(), request.settings.parameters);
-    Workers workers(request, gathers, threadCount(request.threads, gathers.size()));
-    constexpr std::chrono::milliseconds patience(20);
     const int total = static_cast<int>(gathers.size());
+    leaveOut(request.done, &gathers);
+    const int before = total - static_cast<int>(gathers.size());
+    const int threads = request.guidedByPrevious ? 1 : request.threads;
+    Workers workers(request, gathers, threadCount(threads, gathers.size()));
+    constexpr std::chrono::milliseconds patience(20);
     for (std::size_t position = 0; position < gathers.size(); ++position) {
         Picked picked;
         while (!isSet(cancel) && !workers.belt().take(position, patience, &picked)) {
@@ -197,7 +228,7 @@ OvStatus OvPickRun::run(const Request& request, const Deliver& deliver, const Pr
         if (!status)
             return status;
         if (progress)
-            progress(static_cast<int>(position) + 1, total);
+            progress(before + static_cast<int>(position) + 1, total);
     }
     return OvStatus::success();
 }

@@ -214,6 +214,13 @@
     </message>
 </context>
 <context>
+    <name>OvPickDefine</name>
+    <message>
+        <source>%1 is &quot;%2&quot;; it must be a number from %3 to %4.</source>
+        <translation>%1 为“%2”；应为 %3 到 %4 之间的数。</translation>
+    </message>
+</context>
+<context>
     <name>OvPickParameters</name>
     <message>
         <source>%1 is &quot;%2&quot;; it must be a number from %3 to %4.</source>

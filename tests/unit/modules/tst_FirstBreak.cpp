@@ -5,9 +5,11 @@
 #include "OvBase/OvTaskManager.h"
 #include "OvBase/OvTranslator.h"
 #include "OvGui/canvas/OvGatherCanvas.h"
+#include "OvGui/document/OvPickHistory.h"
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
@@ -21,7 +23,7 @@
 
 namespace {
 
-constexpr int ownActions = 8; // of the menu, separators included
+constexpr int ownActions = 9; // of the menu, separators included
 
 } // namespace
 
@@ -44,6 +46,12 @@ private slots:
     void overwritesManualPicksWhenTold();
     void keepsWhatACancelledRunDelivered();
     void refusesASecondRunOnTheSameFile();
+    void offersToContinueACancelledRun();
+    void keepsAPickMadeWhileTheJobRuns();
+    void guidesByVelocityAndByMyPicks();
+    void namesTheGuideThatHasNothingToLearnFrom();
+    void previewStoresNothing();
+    void picksTheGatherShownInOneStep();
     void closingTheProjectEndsTheRun();
     void deletingTheViewLeavesTheRunAlone();
     void namesTheParameterThatDoesNotFit();
@@ -329,6 +337,159 @@ void tst_FirstBreak::refusesASecondRunOnTheSameFile()
     QTRY_VERIFY(!next->isRunning());
 }
 
+void tst_FirstBreak::offersToContinueACancelledRun()
+{
+    QVERIFY(openLine(60, 48, 1000));
+    OvAbstractJob* job = startPicking();
+    QTRY_VERIFY(document()->firstBreaks(0).pickedCount() > 0);
+    job->requestCancel();
+    QTRY_COMPARE(job->state(), OvAbstractJob::Cancelled);
+    const int left = document()->unfinishedRun().left();
+    QVERIFY(left > 0 && left < 60);
+    // What a run that goes on would have to leave alone.
+    OvFirstBreaks marked = document()->firstBreaks(0);
+    marked.timesMs[3] = 444.0F;
+    QVERIFY(document()->setFirstBreaks(0, marked));
+
+    QDialog* dialog = openPickDialog();
+    auto* next = dialog->findChild<QPushButton*>(QStringLiteral("continueButton"));
+    QVERIFY(next->isVisible() && next->isDefault());
+    QCOMPARE(next->text(), QStringLiteral("&Continue (%1 gathers left)").arg(left));
+    auto* ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    QCOMPARE(ok->text(), QStringLiteral("&Start Over"));
+    // Other values are another run.
+    auto* shots = dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"));
+    shots->setValue(9000);
+    QVERIFY(!next->isVisible());
+    QCOMPARE(ok->text(), QStringLiteral("Pick"));
+    shots->setValue(0);
+    QVERIFY(next->isVisible());
+    next->click();
+    job = PluginSession::actionJobs().last();
+    QTRY_COMPARE_WITH_TIMEOUT(job->state(), OvAbstractJob::Finished, 60000);
+    QVERIFY2(job->message().contains(QStringLiteral(" in %1 gathers").arg(left)),
+             qPrintable(job->message()));
+    QCOMPARE(document()->firstBreaks(0).timesMs[3], 444.0F);
+    QVERIFY(document()->firstBreaks(59).pickedCount() > 0);
+    QVERIFY(!document()->unfinishedRun().exists());
+}
+
+void tst_FirstBreak::keepsAPickMadeWhileTheJobRuns()
+{
+    QVERIFY(openLine(60, 48, 1000));
+    OvAbstractJob* job = startPicking();
+    QTRY_VERIFY(job->progress() > 0);
+    // Neither of them has been reached, or has, or is at it: the pick stays in any case.
+    for (const int gather : {0, 1, 2, 30, 59})
+        QVERIFY(document()->pickHistory()->edit(gather, {OvTracePick::manual(7, 333.0)}, "pick"));
+    QTRY_COMPARE_WITH_TIMEOUT(job->state(), OvAbstractJob::Finished, 60000);
+    for (const int gather : {0, 1, 2, 30, 59}) {
+        const OvFirstBreaks stored = storedBreaks(gather);
+        QCOMPARE(stored.timesMs[7], 333.0F);
+        QCOMPARE(stored.states[7], OvPickState::Manual);
+        QVERIFY(stored.pickedCount() > 24);
+        QCOMPARE(document()->firstBreaks(gather).timesMs, stored.timesMs);
+    }
+}
+
+void tst_FirstBreak::guidesByVelocityAndByMyPicks()
+{
+    QVERIFY(openLine(3));
+    QTRY_VERIFY(document()->isIndexComplete());
+    QDialog* dialog = openPickDialog();
+    auto* guide = dialog->findChild<QComboBox*>(QStringLiteral("guide"));
+    auto* velocity = dialog->findChild<QDoubleSpinBox*>(QStringLiteral("velocity"));
+    QVERIFY(!velocity->isEnabled());
+    QCOMPARE(velocity->suffix(), QStringLiteral(" m/s"));
+    guide->setCurrentIndex(1);
+    QVERIFY(velocity->isEnabled());
+    velocity->setValue(2500.0);
+    accept(dialog);
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QVERIFY(document()->firstBreaks(1).pickedCount() > 12);
+
+    dialog = openPickDialog();
+    dialog->findChild<QComboBox*>(QStringLiteral("guide"))->setCurrentIndex(2);
+    accept(dialog);
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QVERIFY(document()->firstBreaks(2).pickedCount() > 12);
+    dialog = openPickDialog();
+    dialog->findChild<QComboBox*>(QStringLiteral("guide"))->setCurrentIndex(3);
+    accept(dialog);
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QVERIFY(document()->firstBreaks(2).pickedCount() > 12);
+}
+
+void tst_FirstBreak::namesTheGuideThatHasNothingToLearnFrom()
+{
+    QVERIFY(openLine(2));
+    QTRY_VERIFY(document()->isIndexComplete());
+    ModalProbe probe;
+    probe.next([](QWidget* dialog) {
+        dialog->findChild<QComboBox*>(QStringLiteral("guide"))->setCurrentIndex(2);
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    });
+    probe.nextBox(QMessageBox::Ok);
+    openPickDialog();
+    QTRY_VERIFY(probe.isDone());
+    QTRY_COMPARE(probe.boxes().size(), std::size_t(1));
+    QVERIFY2(probe.boxes().front().text.contains(QStringLiteral("too few picks")),
+             qPrintable(probe.boxes().front().text));
+    QCOMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Failed);
+    QVERIFY(document()->firstBreaks(0).isEmpty());
+}
+
+void tst_FirstBreak::previewStoresNothing()
+{
+    QVERIFY(openLine(2));
+    QVERIFY(showView());
+    auto* canvas = qobject_cast<OvGatherCanvas*>(m_session->lastView()->canvas());
+    QVERIFY(canvas);
+    QDialog* dialog = openPickDialog();
+    auto* preview = dialog->findChild<QCheckBox*>(QStringLiteral("preview"));
+    preview->setChecked(true);
+    QTRY_VERIFY(canvas->previewPicks().pickedCount() > 12);
+    // The last of several changes is what is shown.
+    auto* farthest = dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"));
+    for (const int metres : {1, 2, 30})
+        farthest->setValue(metres);
+    const auto* gather = canvas->gather().get();
+    int near = 0;
+    for (const OvTraceHeader& header : gather->headers)
+        near += std::abs(header.offset) <= 30.0F ? 1 : 0;
+    QVERIFY(near > 0 && near < 12);
+    QTRY_COMPARE(canvas->previewPicks().pickedCount(), near);
+    preview->setChecked(false);
+    QVERIFY(canvas->previewPicks().isEmpty());
+    preview->setChecked(true);
+    QTRY_VERIFY(!canvas->previewPicks().isEmpty());
+    dialog->reject();
+    QVERIFY(canvas->previewPicks().isEmpty());
+    QVERIFY(canvas->firstBreaks().isEmpty());
+    QVERIFY(!QFileInfo::exists(document()->firstBreakPath()));
+}
+
+void tst_FirstBreak::picksTheGatherShownInOneStep()
+{
+    QVERIFY(openLine(2));
+    QVERIFY(showView());
+    QTRY_COMPARE(m_session->lastView()->gatherCount(), 2);
+    QAction* pick = PluginSession::action(m_menu, "actionPick_Gather");
+    QCOMPARE(pick->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+P")));
+    QVERIFY(document()->pickHistory()->edit(1, {OvTracePick::manual(7, 333.0)}, "pick"));
+    m_session->lastView()->setCurrentGather(1);
+    pick->trigger();
+    QTRY_VERIFY(storedBreaks(1).pickedCount() > 12);
+    QCOMPARE(storedBreaks(1).timesMs[7], 333.0F);
+    QVERIFY(storedBreaks(0).isEmpty());
+    QVERIFY(PluginSession::actionJobs().isEmpty());
+    m_session->lastView()->undoPickEdit();
+    QCOMPARE(storedBreaks(1).pickedCount(), 1);
+    QCOMPARE(storedBreaks(1).timesMs[7], 333.0F);
+    m_session->lastView()->redoPickEdit();
+    QVERIFY(storedBreaks(1).pickedCount() > 12);
+}
+
 void tst_FirstBreak::closingTheProjectEndsTheRun()
 {
     QVERIFY(openLine(200, 48, 500));
@@ -365,6 +526,8 @@ void tst_FirstBreak::namesTheParameterThatDoesNotFit()
              qPrintable(box->text()));
     box->button(QMessageBox::Ok)->click();
     QVERIFY(dialog->isVisible());
+    QVERIFY(dialog->focusWidget());
+    QCOMPARE(dialog->focusWidget()->objectName(), QStringLiteral("sbMinOff"));
     QVERIFY(PluginSession::actionJobs().isEmpty());
     dialog->reject();
     QTRY_VERIFY(!dialog);
@@ -394,7 +557,7 @@ void tst_FirstBreak::savesTheParametersWithTheProject()
     const QVariantMap stored =
         OvBaseUtil::projectValue(OvProjectManager::instance().define().id, "pickParameters")
             .toMap();
-    QCOMPARE(stored.size(), 10);
+    QCOMPARE(stored.size(), 15);
     QVERIFY(m_session->openProject());
     m_session->activate(m_session->lastView());
     dialog = openPickDialog();
