@@ -80,7 +80,12 @@ OvStatus OvSegyIndex::Private::scanFirstGather(const OvSegyFile& file, qint64 ma
 void OvSegyIndex::Private::finish(OvSegyColumns&& all)
 {
     all.finish();
-    columns = std::make_shared<const OvSegyColumns>(std::move(all));
+    take(std::move(all));
+}
+
+void OvSegyIndex::Private::take(OvSegyColumns&& finished)
+{
+    columns = std::make_shared<const OvSegyColumns>(std::move(finished));
     grouping = OvSegyGrouping(*columns, order);
 }
 

@@ -18,6 +18,8 @@ public:
     OvStatus scanFirstGather(const OvSegyFile& file, qint64 maxTraces);
     /// Takes the words of all traces and forms the gathers.
     void finish(OvSegyColumns&& all);
+    /// As finish(), with words that have been through it before.
+    void take(OvSegyColumns&& finished);
     bool hasGather(int gather) const { return gather >= 0 && gather < grouping.gatherCount(); }
     qint64 firstTrace(int gather) const { return grouping.trace(gather, 0); }
     /// Of a gather's traces in row order; none when there is no such gather.
