@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::size_t cacheBytes = 256U << 20U;
+constexpr std::size_t cacheBytes = 192U << 20U;
 constexpr std::size_t largestGatherBytes = 1U << 30U;
 constexpr int parallelReads = 2;
 constexpr double mebibyte = 1024.0 * 1024.0;
@@ -93,6 +93,9 @@ void OvGatherReader::read(int gather)
             const OvStatus status = index->readGather(*file, gather, data.get());
             const std::shared_ptr<const OvGather> result = status ? data : nullptr;
             post([=] { take(gather, index, result, status.message()); });
+            // Whoever pages goes on to the next one, or back.
+            for (const int neighbour : {gather + 1, gather - 1})
+                index->prefetchGather(*file, neighbour);
         });
 }
 

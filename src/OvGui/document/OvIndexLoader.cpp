@@ -1,7 +1,9 @@
 #include "OvGui/document/OvIndexLoader.h"
 
 #include "OvBase/OvAbstractJob.h"
+#include "OvBase/OvBaseUtil.h"
 #include "OvBase/OvTaskManager.h"
+#include "OvSeismic/segy/OvSegyIndexCache.h"
 
 #include <QFileInfo>
 
@@ -73,12 +75,14 @@ void OvIndexLoader::takeFirst(const OvStatus& status, const std::shared_ptr<OvSe
 
 void OvIndexLoader::startScan()
 {
-    m_scans.run([this, file = m_file, cancel = m_cancel](const OvBackground::Post& post) {
+    const OvSegyIndexCache cache(OvBaseUtil::cachePath() + QStringLiteral("/segyindex"));
+    m_scans.run([this, cache, file = m_file, cancel = m_cancel](const OvBackground::Post& post) {
         auto index = std::make_shared<OvSegyIndex>();
-        const OvStatus status = index->build(*file, [&](qint64 done, qint64 total) {
+        const auto tell = [&](qint64 done, qint64 total) {
             post([this, percent = percentOf(done, total)] { takeProgress(percent); });
             return !cancel->load();
-        });
+        };
+        const OvStatus status = cache.obtain(*file, {}, tell, index.get());
         post([this, status, index, cancel] { takeAll(status, index, cancel->load()); });
     });
 }

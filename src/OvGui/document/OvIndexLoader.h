@@ -14,7 +14,8 @@
 class OvAbstractJob;
 
 /// Reads the header index of one file in worker threads: the first gather at once, then the rest as
-/// a job of the task list that can be cancelled. GUI thread.
+/// a job of the task list that can be cancelled; a large file's index is kept in the user's cache
+/// folder and taken from there the next time. GUI thread.
 class OvIndexLoader : public QObject
 {
     Q_OBJECT

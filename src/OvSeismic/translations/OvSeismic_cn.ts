@@ -608,6 +608,25 @@
     </message>
 </context>
 <context>
+    <name>OvSegyIndexCache</name>
+    <message>
+        <source>Cannot keep the header index %1: %2</source>
+        <translation>无法保存道头索引 %1：%2</translation>
+    </message>
+    <message>
+        <source>The header index %1 belongs to another state of its file; it is made anew.</source>
+        <translation>道头索引 %1 与文件的当前状态不符，将重新建立。</translation>
+    </message>
+    <message>
+        <source>there is not enough memory.</source>
+        <translation>内存不足。</translation>
+    </message>
+    <message>
+        <source>A kept header index cannot be used and is made anew: %1</source>
+        <translation>已保存的道头索引无法使用，将重新建立：%1</translation>
+    </message>
+</context>
+<context>
     <name>OvSegySampleFormat</name>
     <message>
         <source>4-byte IBM floating point</source>
