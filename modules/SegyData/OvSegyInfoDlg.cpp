@@ -236,8 +236,12 @@ void OvSegyInfoDlg::connectAll()
 
 void OvSegyInfoDlg::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
+        // Findings are made in one language.
+        m_report.setFindings({});
         retranslate();
+        examine(m_progress->isVisible());
+    }
     OvDialog::changeEvent(event);
 }
 

@@ -81,7 +81,8 @@ void OvCanvasScene::paintGrid(QPainter* painter) const
 {
     painter->setPen(gridColor);
     const double apart = OvTimeAxis::labelDistance(painter->fontMetrics());
-    for (const OvTimeAxis::Tick& tick : OvTimeAxis::ticks(state, apart)) {
+    const auto ticks = OvTimeAxis::ticks(state, apart);
+    for (const OvTimeAxis::Tick& tick : ticks) {
         const int y = layout.data.top() + static_cast<int>(std::lround(state.yOf(tick.timeMs)));
         if (tick.major)
             painter->drawLine(layout.data.left(), y, layout.data.right(), y);

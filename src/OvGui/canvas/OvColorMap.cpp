@@ -4,6 +4,8 @@
 
 #include <QColor>
 
+#include <cmath>
+
 namespace {
 
 struct Ramp
@@ -27,7 +29,7 @@ Ramp rampOf(int map)
 
 int mix(int a, int b, double share)
 {
-    return static_cast<int>(a + (b - a) * share + 0.5);
+    return static_cast<int>(std::lround(a + (b - a) * share));
 }
 
 QRgb mix(const QColor& a, const QColor& b, double share)

@@ -161,7 +161,8 @@ void OvGatherPicture::requestTiles()
     if (!m_drawn || m_state.extent().isEmpty())
         return;
     const int parallel = OvBackground::paintPool()->maxThreadCount();
-    for (const QPoint& tile : m_tiles.missing(tilesWorthHaving())) {
+    const auto missing = m_tiles.missing(tilesWorthHaving());
+    for (const QPoint& tile : missing) {
         if (m_running.size() >= parallel)
             return;
         if (!m_running.contains(tile))

@@ -19,6 +19,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -373,6 +374,13 @@ void tst_TwoLanguages::informationDialogFollows()
     auto* dialog = window()->findChild<QDialog*>(QStringLiteral("OvSegyInfoDlg"));
     QVERIFY(dialog);
     NOTHING_WRONG(wrongInBoth(dialog));
+    // What the examination finds comes a moment later, in the new language.
+    const auto* findings = dialog->findChild<QListWidget*>(QStringLiteral("remarks"));
+    for (const Choice language : {OvTranslator::Chinese, OvTranslator::English}) {
+        choose(language);
+        QTRY_VERIFY(findings->count() > 0);
+        NOTHING_WRONG(wrong(dialog));
+    }
     dialog->close();
 }
 
