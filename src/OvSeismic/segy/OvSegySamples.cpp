@@ -82,18 +82,19 @@ OV_INLINE Word wordAt(const char* in, qint64 i)
     return Order::fix(raw);
 }
 
-/// (-1)^sign * 0.fraction * 16^(exponent - 64). The power of two, 4 * (exponent - 64) - 24, is
-/// applied in two halves: the first product is exact or already too large, so that only the second
-/// rounds. Below -180 nothing is left of any fraction.
+/// (-1)^sign * 0.fraction * 16^(exponent - 64), that is fraction * 2^(4 * exponent - 280), applied
+/// as two equal powers: the first product is exact or already too large, so that only the second
+/// rounds. The power 2^(2 * exponent - 140) needs no more than the exponent's bits as they stand,
+/// moved by the two excesses. Below 2^-90 nothing is left of any fraction.
 OV_INLINE float ibmValue(quint32 word)
 {
-    const qint32 stored = 4 * static_cast<qint32>((word >> 24) & 0x7F) - 280;
-    const qint32 power = stored > -180 ? stored : -180;
-    const qint32 half = power >> 1;
-    const auto first = static_cast<quint32>(half + 127) << 23;
-    const auto second = static_cast<quint32>(power - half + 127) << 23 | (word & 0x80000000U);
-    const auto fraction = static_cast<float>(static_cast<qint32>(word & 0xFFFFFF));
-    return fraction * sameBits<float>(first) * sameBits<float>(second);
+    constexpr qint32 excess = (140 - 127) << 23;
+    constexpr qint32 least = (127 - 90) << 23;
+    const qint32 wanted = static_cast<qint32>(word & 0x7F000000U) - excess;
+    const qint32 power = wanted > least ? wanted : least;
+    const auto fraction = static_cast<float>(static_cast<qint32>(word & 0x00FFFFFFU));
+    const quint32 withSign = static_cast<quint32>(power) | (word & 0x80000000U);
+    return fraction * sameBits<float>(power) * sameBits<float>(withSign);
 }
 
 template <typename Order>
