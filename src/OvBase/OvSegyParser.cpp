@@ -42,7 +42,7 @@ OvSegyParser::OvSegyParser(const QString& fileName, QObject* parent)
     const OvSegyFileInfo& info = file.info();
     d->traceLength = headerWord(info.sampleCount);
     d->sampleRate = headerWord(info.intervalUs);
-    d->formatCode = info.formatCode;
+    d->formatCode = info.declaredFormatCode;
     d->totalTraces = boundedCount(info.traceCount);
 }
 

@@ -119,6 +119,14 @@ void OvSegyDiagnosis::describeExtras()
 
 void OvSegyDiagnosis::takeWarnings()
 {
+    if (m_info.likelyFormatCode != 0) {
+        place(&add(Severity::Warning, "likely-format",
+                   tr("The samples look like format %1, %2, although another is declared.")
+                       .arg(number(m_info.likelyFormatCode),
+                            ovSegyFormatName(m_info.likelyFormatCode)),
+                   tr("Compare the traces with another file of the survey.")),
+              3225, 3226);
+    }
     for (const QString& warning : m_info.warnings)
         add(Severity::Warning, "layout", warning);
 }

@@ -1,6 +1,7 @@
 #include "OvSeismic/segy/OvSegyLayout.h"
 
 #include "OvSeismic/segy/OvPositionalFile.h"
+#include "OvSeismic/segy/OvSegyFormatGuess.h"
 #include "OvSeismic/segy/OvSegyOrder.h"
 #include "OvSeismic/segy/OvSegySampleFormat.h"
 #include "OvSeismic/segy/OvSegyText.h"
@@ -74,6 +75,7 @@ private:
     OvStatus countTraces();
     void cutTrailer(qint64 traceBytes);
     void judgeLength();
+    void judgeFormat();
     void warnOfRest();
 
     OvSegyWords binary() const
@@ -116,8 +118,10 @@ OvStatus Reader::read(QByteArray* text)
     status = placeTraces();
     if (status)
         status = countTraces();
-    if (status)
+    if (status) {
         judgeLength();
+        judgeFormat();
+    }
     return status;
 }
 
@@ -526,6 +530,24 @@ void Reader::judgeLength()
                  .arg(at + 1));
     }
     warnOfRest();
+}
+
+void Reader::judgeFormat()
+{
+    const auto guess = OvSegyFormatGuess::of(m_file, *m_info);
+    if (guess.code == m_info->declaredFormatCode)
+        return;
+    if (!guess.certain) {
+        m_info->likelyFormatCode = static_cast<short>(guess.code);
+        return;
+    }
+    m_info->formatCode = static_cast<short>(guess.code);
+    warn(
+        tr("The samples are declared as format %1 (%2), but clearly are in format %3 (%4) and read "
+           "so.")
+            .arg(QString::number(m_info->declaredFormatCode),
+                 ovSegyFormatName(m_info->declaredFormatCode), QString::number(guess.code),
+                 ovSegyFormatName(guess.code)));
 }
 
 void Reader::warnOfRest()

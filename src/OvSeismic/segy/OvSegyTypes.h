@@ -22,6 +22,9 @@ struct OvSegyFileInfo
     short formatCode = 0; ///< the sample format that the file is read in
     /// The code as stored in bytes 3225-3226; another than formatCode where it is clearly wrong.
     short declaredFormatCode = 0;
+    /// The code that the samples look like, where that is not formatCode but too few traces speak
+    /// for it to read them so; 0 otherwise.
+    short likelyFormatCode = 0;
     int sampleCount = 0;         ///< samples a trace
     double intervalUs = 0.0;     ///< sample interval, microseconds
     qint64 traceCount = 0;       ///< whole traces in the file

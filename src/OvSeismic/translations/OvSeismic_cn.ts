@@ -415,6 +415,14 @@
         <source>There is not enough memory to examine %1.</source>
         <translation>内存不足，无法检查 %1。</translation>
     </message>
+    <message>
+        <source>The samples look like format %1, %2, although another is declared.</source>
+        <translation>采样点看起来是格式 %1，即%2，但声明的是另一种格式。</translation>
+    </message>
+    <message>
+        <source>Compare the traces with another file of the survey.</source>
+        <translation>请与同一工区的其他文件对比这些道。</translation>
+    </message>
 </context>
 <context>
     <name>OvSegyFile</name>
@@ -545,6 +553,10 @@
     <message>
         <source>Cancelled.</source>
         <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>The samples are declared as format %1 (%2), but clearly are in format %3 (%4) and read so.</source>
+        <translation>声明的采样格式为 %1（%2），但采样点明显为格式 %3（%4），按后者读取。</translation>
     </message>
 </context>
 <context>

@@ -1,3 +1,4 @@
+#include "OvSeismic/segy/OvSegyDoctor.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "OvSeismic/segy/OvSegyIndex.h"
 
@@ -119,6 +120,9 @@ private slots:
     void shotGatherRecords();
     void delays_data();
     void delays();
+    void wrongDeclaration_data();
+    void wrongDeclaration();
+    void oneTraceIsNoProof();
 
 private:
     QString path(const QString& file) const { return m_root + QLatin1Char('/') + file; }
@@ -344,6 +348,60 @@ void tst_OvSegyCorpus::delays()
     QCOMPARE(read.headers.front().delayMs, delay);
     QCOMPARE(read.timeMs(0, 2.0), double(delay) + 2.0 * read.intervalMs);
     QCOMPARE(read.sampleAt(0, read.timeMs(0, 7.5)), 7.5);
+}
+
+void tst_OvSegyCorpus::wrongDeclaration_data()
+{
+    QTest::addColumn<QString>("file");
+    for (const int metre : {846, 870, 894, 918, 966, 1014, 1062, 1086}) {
+        const QString file = QStringLiteral("gathers/refr_line_A/shot_%1m_stacked.sgy")
+                                 .arg(metre, 5, 10, QLatin1Char('0'));
+        QTest::newRow(qPrintable(file)) << file;
+    }
+    for (const char* file :
+         {"gathers/sardine_test.segy", "gathers/viking_small.segy", "gathers/walkaway_9B.sgy",
+          "gathers/judi_shot_record_250.segy", "formats/bigEndianIEEEFloat.sgy"})
+        QTest::newRow(file) << QString::fromLatin1(file);
+}
+
+/// Each gather under the other of the two floating-point formats is read in its own all the same.
+void tst_OvSegyCorpus::wrongDeclaration()
+{
+    QFETCH(QString, file);
+    const OvGather right = gather(file);
+    QVERIFY(right.traceCount() > 0);
+    const int real = m_file.info().formatCode;
+    QFile original(path(file));
+    QVERIFY(original.open(QIODevice::ReadOnly));
+    QByteArray bytes = original.readAll();
+    QCOMPARE(int(bytes[3225]), real);
+    bytes[3225] = static_cast<char>(6 - real);
+    QTemporaryFile wrong;
+    QVERIFY(wrong.open() && wrong.write(bytes) == bytes.size() && wrong.flush());
+    QVERIFY(m_file.open(wrong.fileName()));
+    QCOMPARE(int(m_file.info().formatCode), real);
+    QCOMPARE(int(m_file.info().declaredFormatCode), 6 - real);
+    QCOMPARE(m_file.info().warnings.filter(QStringLiteral("clearly are in format")).size(), 1);
+    OvSegyIndex index;
+    OvGather read;
+    QVERIFY(index.build(m_file) && index.readGather(m_file, 0, &read));
+    QCOMPARE(read.samples, right.samples);
+}
+
+/// The recorded trace that is declared as IBM and looks like IEEE is read as declared, as the
+/// values that come with it are.
+void tst_OvSegyCorpus::oneTraceIsNoProof()
+{
+    QVERIFY(m_file.open(path(QStringLiteral("formats/00001034.sgy_first_trace"))));
+    QCOMPARE(int(m_file.info().formatCode), 1);
+    QCOMPARE(int(m_file.info().likelyFormatCode), 5);
+    std::vector<OvSegyFinding> findings;
+    QVERIFY(OvSegyDoctor::examine(m_file, OvSegyDoctor::Depth::Quick, &findings));
+    const auto doubt = std::find_if(findings.begin(), findings.end(), [](const auto& finding) {
+        return finding.code == QStringLiteral("likely-format");
+    });
+    QVERIFY(doubt != findings.end());
+    QCOMPARE(doubt->severity, OvSegyFinding::Severity::Warning);
 }
 
 QTEST_GUILESS_MAIN(tst_OvSegyCorpus)
