@@ -43,5 +43,9 @@ if(TARNPICK_SANITIZE)
   add_compile_options($<$<CONFIG:Debug>:-O1>)
 endif()
 
+if(TARNPICK_FUZZ)
+  add_compile_definitions(FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION)
+endif()
+
 add_library(ov_warnings INTERFACE)
 target_compile_options(ov_warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)

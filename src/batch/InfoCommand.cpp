@@ -1,5 +1,6 @@
 #include "InfoCommand.h"
 
+#include "OvSeismic/segy/OvSegyDoctor.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "OvSeismic/segy/OvSegyIndex.h"
 #include "OvSeismic/segy/OvSegySampleFormat.h"
@@ -20,11 +21,14 @@ class Info
     Q_DECLARE_TR_FUNCTIONS(InfoCommand)
 
 public:
-    OvStatus read(const QString& path);
+    OvStatus read(const QString& path, OvSegyDoctor::Depth depth);
     QString text() const;
     QString json() const;
 
-    static QString summary() { return tr("Shows what the headers of a SEG-Y file say."); }
+    static QString summary()
+    {
+        return tr("Shows what the headers of a SEG-Y file say and what is odd about it.");
+    }
     static int run(const QStringList& arguments);
 
 private:
@@ -32,10 +36,14 @@ private:
     QString revision() const;
     QString offsetRange() const;
     QString coordinateScalar() const;
+    QString findingLines() const;
+    QJsonArray findingObjects() const;
+    static QString severityLabel(OvSegyFinding::Severity severity);
     QStringList warnings() const { return info().warnings + m_index.warnings(); }
 
     OvSegyFile m_file;
     OvSegyIndex m_index;
+    std::vector<OvSegyFinding> m_findings;
 };
 
 QJsonValue offsetValue(float offset)
@@ -48,10 +56,85 @@ QString line(const QString& label, const QString& value)
     return label.leftJustified(20) + value + QLatin1Char('\n');
 }
 
-OvStatus Info::read(const QString& path)
+/// The same in every language, for programs that read them.
+QString severityName(OvSegyFinding::Severity severity)
 {
-    const OvStatus status = m_file.open(path);
-    return status ? m_index.build(m_file) : status;
+    if (severity == OvSegyFinding::Severity::Error)
+        return QStringLiteral("error");
+    return severity == OvSegyFinding::Severity::Warning ? QStringLiteral("warning")
+                                                        : QStringLiteral("info");
+}
+
+QString byteOrderName(OvByteOrder order)
+{
+    if (order == OvByteOrder::BigEndian)
+        return QStringLiteral("big");
+    return order == OvByteOrder::LittleEndian ? QStringLiteral("little")
+                                              : QStringLiteral("pair-swapped");
+}
+
+/// What the lines above the findings say already.
+bool isTold(const OvSegyFinding& finding)
+{
+    static const QStringList told = {QStringLiteral("revision"), QStringLiteral("byte-order"),
+                                     QStringLiteral("text"),     QStringLiteral("format"),
+                                     QStringLiteral("traces"),   QStringLiteral("layout")};
+    return told.contains(finding.code);
+}
+
+QJsonObject findingObject(const OvSegyFinding& finding)
+{
+    QJsonObject object = {{QStringLiteral("severity"), severityName(finding.severity)},
+                          {QStringLiteral("code"), finding.code},
+                          {QStringLiteral("text"), finding.text}};
+    if (!finding.advice.isEmpty())
+        object.insert(QStringLiteral("advice"), finding.advice);
+    if (finding.firstByte >= 0) {
+        object.insert(QStringLiteral("first_byte"), finding.firstByte);
+        object.insert(QStringLiteral("last_byte"), finding.lastByte);
+    }
+    // Counted from 1, as in the text.
+    if (finding.firstTrace >= 0)
+        object.insert(QStringLiteral("first_trace"), finding.firstTrace + 1);
+    if (finding.count > 0)
+        object.insert(QStringLiteral("count"), finding.count);
+    return object;
+}
+
+OvStatus Info::read(const QString& path, OvSegyDoctor::Depth depth)
+{
+    OvStatus status = m_file.open(path);
+    if (status)
+        status = m_index.build(m_file);
+    return status ? OvSegyDoctor::examine(m_file, depth, &m_findings) : status;
+}
+
+QString Info::severityLabel(OvSegyFinding::Severity severity)
+{
+    if (severity == OvSegyFinding::Severity::Error)
+        return tr("Error:");
+    return severity == OvSegyFinding::Severity::Warning ? tr("Warning:") : tr("Note:");
+}
+
+QString Info::findingLines() const
+{
+    QString lines;
+    for (const OvSegyFinding& finding : m_findings) {
+        if (isTold(finding))
+            continue;
+        lines += line(severityLabel(finding.severity), finding.text);
+        if (!finding.advice.isEmpty())
+            lines += line(QString(), finding.advice);
+    }
+    return lines;
+}
+
+QJsonArray Info::findingObjects() const
+{
+    QJsonArray objects;
+    for (const OvSegyFinding& finding : m_findings)
+        objects.append(findingObject(finding));
+    return objects;
 }
 
 QString Info::revision() const
@@ -78,12 +161,11 @@ QString Info::coordinateScalar() const
 
 QString Info::text() const
 {
-    const bool big = info().byteOrder == OvByteOrder::BigEndian;
     const bool ebcdic = info().textEncoding == OvTextEncoding::Ebcdic;
     QString text = line(tr("File:"), QDir::toNativeSeparators(info().path));
     text += line(tr("Size:"), tr("%1 bytes").arg(info().fileSize));
     text += line(tr("Revision:"), revision());
-    text += line(tr("Byte order:"), big ? tr("big-endian") : tr("little-endian"));
+    text += line(tr("Byte order:"), ovSegyByteOrderName(info().byteOrder));
     text +=
         line(tr("Textual header:"), ebcdic ? QStringLiteral("EBCDIC") : QStringLiteral("ASCII"));
     text += line(
@@ -96,8 +178,8 @@ QString Info::text() const
     text += line(tr("Offsets:"), offsetRange());
     text += line(tr("Coordinate scalar:"), coordinateScalar());
     for (const QString& warning : warnings())
-        text += line(tr("Warning:"), warning);
-    return text;
+        text += line(severityLabel(OvSegyFinding::Severity::Warning), warning);
+    return text + findingLines();
 }
 
 QString Info::json() const
@@ -106,9 +188,9 @@ QString Info::json() const
     object.insert(QStringLiteral("file"), info().path);
     object.insert(QStringLiteral("size"), info().fileSize);
     object.insert(QStringLiteral("revision"), revision());
-    const bool big = info().byteOrder == OvByteOrder::BigEndian;
-    object.insert(QStringLiteral("byte_order"), QLatin1String(big ? "big" : "little"));
+    object.insert(QStringLiteral("byte_order"), byteOrderName(info().byteOrder));
     object.insert(QStringLiteral("format"), info().formatCode);
+    object.insert(QStringLiteral("declared_format"), info().declaredFormatCode);
     object.insert(QStringLiteral("format_name"), ovSegyFormatName(info().formatCode));
     const bool ebcdic = info().textEncoding == OvTextEncoding::Ebcdic;
     object.insert(QStringLiteral("text_encoding"), QLatin1String(ebcdic ? "EBCDIC" : "ASCII"));
@@ -119,6 +201,7 @@ QString Info::json() const
     object.insert(QStringLiteral("offset_min_m"), offsetValue(m_index.minimumOffset()));
     object.insert(QStringLiteral("offset_max_m"), offsetValue(m_index.maximumOffset()));
     object.insert(QStringLiteral("warnings"), QJsonArray::fromStringList(warnings()));
+    object.insert(QStringLiteral("findings"), findingObjects());
     return QString::fromUtf8(QJsonDocument(object).toJson());
 }
 
@@ -129,7 +212,9 @@ int Info::run(const QStringList& arguments)
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   tr("Shows this help."));
     const QCommandLineOption json(QStringLiteral("json"), tr("Writes JSON."));
-    parser.addOptions({help, json});
+    const QCommandLineOption full(QStringLiteral("full"),
+                                  tr("Examines every trace, not only some of them."));
+    parser.addOptions({help, full, json});
     parser.addPositionalArgument(QStringLiteral("info"), summary(), QStringLiteral("info"));
     parser.addPositionalArgument(QStringLiteral("FILE"), tr("The SEG-Y file."));
     const bool parsed = parser.parse(QStringList(QString()) << QStringLiteral("info") << arguments);
@@ -143,7 +228,8 @@ int Info::run(const QStringList& arguments)
         return ExitWrongArguments;
     }
     Info info;
-    const OvStatus status = info.read(parser.positionalArguments().at(1));
+    const auto depth = parser.isSet(full) ? OvSegyDoctor::Depth::Full : OvSegyDoctor::Depth::Quick;
+    const OvStatus status = info.read(parser.positionalArguments().at(1), depth);
     if (!status) {
         printError(status.message() + QLatin1Char('\n'));
         return ExitFailed;

@@ -5,6 +5,7 @@
 #include "OvSeismic/segy/OvSegyDoctor.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "OvSeismic/segy/OvSegyIndex.h"
+#include "OvSeismic/segy/OvSegyIndexCache.h"
 #include "OvSeismic/segy/OvTraceLocator.h"
 
 #include <QCoreApplication>
@@ -44,6 +45,39 @@ void needApplication()
     static char* arguments[] = {name, nullptr};
     if (!QCoreApplication::instance())
         static const QCoreApplication application(count, arguments);
+}
+
+OvSegyFileInfo someSegy()
+{
+    OvSegyFileInfo segy;
+    segy.path = QStringLiteral("line.sgy");
+    segy.traceCount = 100;
+    segy.fileSize = 3600 + 100 * 640;
+    return segy;
+}
+
+OvSegyIndexCache::Key someKey()
+{
+    OvSegyIndexCache::Key key;
+    key.text = "key";
+    return key;
+}
+
+/// A file of 60 traces with one sample of 4 bytes each, in three field records.
+QByteArray smallSegy()
+{
+    constexpr int traces = 60;
+    QByteArray bytes(3600 + traces * 244, '\0');
+    for (const int place : {3221, 3225, 3217})
+        bytes[place] = static_cast<char>(place == 3225 ? 5 : 1);
+    for (int trace = 0; trace < traces; ++trace) {
+        const int header = 3600 + trace * 244;
+        bytes[header + 11] = static_cast<char>(1 + trace / 20);
+        bytes[header + 15] = static_cast<char>(1 + trace % 20);
+        bytes[header + 39] = static_cast<char>(trace);
+        bytes[header + 115] = 1;
+    }
+    return bytes;
 }
 
 void requireSense(const OvSegyFileInfo& info)
@@ -115,12 +149,8 @@ void Fuzz::firstBreaks(const QByteArray& bytes)
     const QString path = fileWith(bytes, "line.sgy.fb");
     for (const char* left : {"-wal", "-shm", "-journal"})
         QFile::remove(path + QLatin1String(left));
-    OvSegyFileInfo segy;
-    segy.path = QStringLiteral("line.sgy");
-    segy.traceCount = 100;
-    segy.fileSize = 3600 + 100 * 640;
     OvFirstBreakFile file;
-    const OvStatus status = file.open(path, segy);
+    const OvStatus status = file.open(path, someSegy());
     REQUIRE(status.ok() == file.isOpen());
     if (!status || file.needsUpgrade())
         return;
@@ -156,4 +186,56 @@ void Fuzz::locator(const QByteArray& bytes)
     OvTraceLocator again;
     REQUIRE(OvTraceLocator::restore(locator.save(), fileSize, &again));
     REQUIRE(again.count() == locator.count() && again.end() == locator.end());
+}
+
+void Fuzz::index(const QByteArray& bytes)
+{
+    OvSegyIndex index;
+    QByteArray locator;
+    if (!OvSegyIndexCache::decode(bytes.constData(), bytes.size(), someKey(), &index, &locator))
+        return;
+    REQUIRE(index.traceCount() > 0 && index.gatherCount() > 0);
+    qint64 traces = 0;
+    for (int gather = 0; gather < index.gatherCount(); ++gather)
+        traces += index.gatherTraceCount(gather);
+    REQUIRE(traces == index.traceCount());
+    for (const qint64 trace : {qint64(0), traces / 2, traces - 1}) {
+        const int gather = index.gatherOfTrace(trace);
+        REQUIRE(gather >= 0 && gather < index.gatherCount());
+    }
+    const std::vector<char> again = OvSegyIndexCache::encode(index, someKey(), locator);
+    REQUIRE(!again.empty());
+}
+
+QByteArray Fuzz::firstBreaksSeed()
+{
+    needApplication();
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("seed.fb"));
+    OvFirstBreaks breaks;
+    breaks.resize(1);
+    breaks.timesMs[0] = 5.0F;
+    OvFirstBreakFile file;
+    REQUIRE(file.open(path, someSegy()).ok() && file.write({7}, breaks).ok());
+    file.close();
+    QFile seed(path);
+    REQUIRE(seed.open(QIODevice::ReadOnly));
+    return seed.readAll();
+}
+
+QByteArray Fuzz::locatorSeed()
+{
+    OvTraceLocator locator(3600, 4);
+    for (int i = 0; i < 300; ++i)
+        locator.append({i * 7 % 50, i % 3});
+    return locator.save();
+}
+
+QByteArray Fuzz::indexSeed()
+{
+    OvSegyFile file;
+    OvSegyIndex index;
+    REQUIRE(file.open(fileWith(smallSegy(), "seed.sgy")).ok() && index.build(file).ok());
+    const std::vector<char> bytes = OvSegyIndexCache::encode(index, someKey(), {});
+    return {bytes.data(), static_cast<int>(bytes.size())};
 }

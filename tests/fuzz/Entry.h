@@ -14,6 +14,14 @@ void firstBreaks(const QByteArray& bytes);
 /// Takes the bytes for the positions of traces that were kept beside an index.
 void locator(const QByteArray& bytes);
 
+/// Takes the bytes for a kept header index.
+void index(const QByteArray& bytes);
+
+/// Bytes that are taken, for a run or a test to start from.
+QByteArray firstBreaksSeed();
+QByteArray locatorSeed();
+QByteArray indexSeed();
+
 using Entry = void (*)(const QByteArray&);
 
 } // namespace Fuzz

@@ -2,8 +2,7 @@
 #include "fixtures/SegyWriter.h"
 #include "fuzz/Entry.h"
 
-#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
-#include "OvSeismic/segy/OvTraceLocator.h"
+#include "OvSeismic/segy/OvSegyIndexCache.h"
 
 #include <QtTest>
 
@@ -122,6 +121,7 @@ private slots:
     void recordedSegy();
     void firstBreaks();
     void locator();
+    void index();
     void corpus();
 
 private:
@@ -167,33 +167,26 @@ void tst_Replay::recordedSegy()
 
 void tst_Replay::firstBreaks()
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("seed.fb"));
-    OvSegyFileInfo segy;
-    segy.path = QStringLiteral("line.sgy");
-    segy.traceCount = 100;
-    segy.fileSize = 3600 + 100 * 640;
-    {
-        OvFirstBreakFile file;
-        QVERIFY(file.open(path, segy));
-        OvFirstBreaks breaks;
-        breaks.resize(1);
-        breaks.timesMs[0] = 5.0F;
-        QVERIFY(file.write({7}, breaks));
-    }
-    QFile seed(path);
-    QVERIFY(seed.open(QIODevice::ReadOnly));
-    const QByteArray bytes = seed.readAll();
+    const QByteArray bytes = Fuzz::firstBreaksSeed();
     QVERIFY(bytes.startsWith("SQLite"));
     replay(&Fuzz::firstBreaks, bytes, rounds / 3);
 }
 
 void tst_Replay::locator()
 {
-    OvTraceLocator locator(3600, 4);
-    for (int i = 0; i < 300; ++i)
-        locator.append({i * 7 % 50, i % 3});
-    replay(&Fuzz::locator, locator.save(), 20 * rounds);
+    replay(&Fuzz::locator, Fuzz::locatorSeed(), 20 * rounds);
+}
+
+void tst_Replay::index()
+{
+    OvSegyIndex taken;
+    QByteArray locator;
+    OvSegyIndexCache::Key key;
+    key.text = "key";
+    const QByteArray seed = Fuzz::indexSeed();
+    QVERIFY(OvSegyIndexCache::decode(seed.constData(), seed.size(), key, &taken, &locator));
+    QCOMPARE(taken.gatherCount(), 3);
+    replay(&Fuzz::index, seed, 20 * rounds);
 }
 
 /// What fuzzing runs have found, where one was run in this tree.

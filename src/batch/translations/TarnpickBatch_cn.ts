@@ -23,10 +23,6 @@
 <context>
     <name>InfoCommand</name>
     <message>
-        <source>Shows what the headers of a SEG-Y file say.</source>
-        <translation>显示 SEG-Y 文件的头信息。</translation>
-    </message>
-    <message>
         <source>unknown</source>
         <translation>未知</translation>
     </message>
@@ -65,14 +61,6 @@
     <message>
         <source>Byte order:</source>
         <translation>字节序：</translation>
-    </message>
-    <message>
-        <source>big-endian</source>
-        <translation>大端</translation>
-    </message>
-    <message>
-        <source>little-endian</source>
-        <translation>小端</translation>
     </message>
     <message>
         <source>Textual header:</source>
@@ -129,6 +117,22 @@
     <message>
         <source>Exactly one file is needed.</source>
         <translation>需要且只能给出一个文件。</translation>
+    </message>
+    <message>
+        <source>Shows what the headers of a SEG-Y file say and what is odd about it.</source>
+        <translation>显示 SEG-Y 文件的头信息以及其中的异常。</translation>
+    </message>
+    <message>
+        <source>Error:</source>
+        <translation>错误：</translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation>提示：</translation>
+    </message>
+    <message>
+        <source>Examines every trace, not only some of them.</source>
+        <translation>检查每一道，而不只是其中一部分。</translation>
     </message>
 </context>
 <context>

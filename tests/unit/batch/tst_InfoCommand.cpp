@@ -9,6 +9,7 @@ class tst_InfoCommand : public QObject
 
 private slots:
     void json();
+    void findings();
     void jsonWithoutOffsets();
     void jsonIsTheSameInEveryLanguage();
     void text();
@@ -61,12 +62,15 @@ void tst_InfoCommand::json()
     QVERIFY(writer.write(path()));
     QCOMPARE(run({"info", path(), "--json"}), 0);
     QCOMPARE(m_error, QByteArray());
+    QJsonObject read = object();
+    const QJsonArray findings = read.take("findings").toArray();
     const QJsonObject expected = {
         {"file", path()},
         {"size", 3600 + 10 * 280},
         {"revision", "1.0"},
         {"byte_order", "little"},
         {"format", 3},
+        {"declared_format", 3},
         {"format_name", "2-byte integer"},
         {"text_encoding", "ASCII"},
         {"samples", 20},
@@ -77,7 +81,48 @@ void tst_InfoCommand::json()
         {"offset_max_m", 100},
         {"warnings", QJsonArray()},
     };
-    QCOMPARE(object(), expected);
+    QCOMPARE(read, expected);
+    const QJsonObject format = {{"severity", "info"},
+                                {"code", "format"},
+                                {"text", "The samples are in format 3, 2-byte integer."},
+                                {"first_byte", 3225},
+                                {"last_byte", 3226}};
+    QVERIFY2(findings.contains(format), m_out.constData());
+}
+
+void tst_InfoCommand::findings()
+{
+    SegyWriter writer;
+    writer.sampleCount = 10;
+    for (int i = 0; i < 2000; ++i) {
+        SegyTrace trace;
+        trace.channel = 1 + i % 1999;
+        trace.offset = 25;
+        if (i != 1500)
+            trace.samples = {1.0F, 2.0F};
+        writer.add(trace);
+    }
+    QVERIFY(writer.write(path()));
+    const auto find = [this](const char* code) {
+        for (const QJsonValue& value : object().value("findings").toArray()) {
+            if (value.toObject().value("code") == QLatin1String(code))
+                return value.toObject();
+        }
+        return QJsonObject();
+    };
+    QCOMPARE(run({"info", "--json", path()}), 0);
+    QVERIFY(find("dead-traces").isEmpty());
+    QVERIFY(!find("sampled").isEmpty());
+    QCOMPARE(run({"info", "--json", "--full", path()}), 0);
+    QVERIFY(find("sampled").isEmpty());
+    QCOMPARE(find("dead-traces").value("first_trace").toInt(), 1501);
+    QCOMPARE(find("dead-traces").value("severity").toString(), QStringLiteral("warning"));
+    QCOMPARE(find("duplicates").value("count").toInt(), 1);
+    QVERIFY(!find("duplicates").value("advice").toString().isEmpty());
+    QCOMPARE(run({"info", "--full", path()}), 0);
+    QVERIFY2(m_out.contains("no signal and are not marked as dead; the first is trace 1501"),
+             m_out.constData());
+    QVERIFY2(m_out.contains("Warning:"), m_out.constData());
 }
 
 void tst_InfoCommand::jsonWithoutOffsets()
