@@ -85,10 +85,9 @@ Outcome examineFile(const OvSegyFile& file, const OvTraceHeaderMapping& mapping,
 {
     Outcome outcome;
     const auto depth = whole ? OvSegyDoctor::Depth::Full : OvSegyDoctor::Depth::Quick;
-    outcome.status =
-        OvSegyDoctor::examine(file, depth, &outcome.findings, [&](qint64 done, qint64 total) {
-            return progress(done * 9, total * 10);
-        });
+    outcome.status = OvSegyDoctor::examine(
+        file, depth, &outcome.findings,
+        [&](qint64 done, qint64 total) { return progress(done * 9, total * 10); }, mapping);
     if (outcome.status)
         outcome.status = outcome.survey.run(
             file, mapping, whole ? std::numeric_limits<qint64>::max() : spreadTraces,

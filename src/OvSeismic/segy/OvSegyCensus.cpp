@@ -10,39 +10,51 @@
 
 namespace {
 
-constexpr int deadTrace = 2;
 constexpr float hugeSample = 1e25F;
 
-bool isPowerOfTen(int scalar)
+bool isPowerOfTen(double scalar)
 {
-    const int size = std::abs(scalar);
-    return size <= 1 || size == 10 || size == 100 || size == 1000 || size == 10000;
+    const double size = std::abs(scalar);
+    return size <= 1.0 || size == 10.0 || size == 100.0 || size == 1000.0 || size == 10000.0;
 }
 
 } // namespace
 
-void OvSegyCensus::add(qint64 trace, const char* header, const float* samples, int sampleCount)
+void OvSegyCensus::add(qint64 trace, const Header& header, const float* samples, int sampleCount)
 {
+    static const OvTraceHeaderMapping standard;
     ++m_traces;
-    const OvSegyTraceWords words = OvSegyTraceWords::decode(header, m_order);
+    const OvTraceHeaderMapping& mapping = header.size >= m_extent ? m_mapping : standard;
+    const OvTraceHeader words = mapping.decode(header.bytes, m_order, trace, 1.0);
     addWords(trace, words);
-    addStated(trace, header, sampleCount);
-    addSamples(trace, samples, sampleCount, words.traceId == deadTrace);
+    addScalars(trace, mapping, header.bytes);
+    addStated(trace, header.bytes, sampleCount);
+    addSamples(trace, samples, sampleCount, words.isDead());
     m_keys.add(words.fieldRecord, words.channel);
 }
 
-void OvSegyCensus::addWords(qint64 trace, const OvSegyTraceWords& words)
+void OvSegyCensus::addWords(qint64 trace, const OvTraceHeader& words)
 {
+    // Not a number is nothing, either.
+    const auto isThere = [](double value) { return std::abs(value) > 0.0; };
     fieldRecords.see(trace, words.fieldRecord != 0);
     channels.see(trace, words.channel != 0);
     cdps.see(trace, words.cdp != 0);
-    offsets.see(trace, words.offset != 0);
-    sourcePositions.see(trace, words.sourceX != 0 || words.sourceY != 0);
-    receiverPositions.see(trace, words.receiverX != 0 || words.receiverY != 0);
-    elevations.see(trace, words.sourceElevation != 0 || words.receiverElevation != 0);
-    oddScalars.see(trace,
-                   !isPowerOfTen(words.coordinateScalar) || !isPowerOfTen(words.elevationScalar));
-    markedDead.see(trace, words.traceId == deadTrace);
+    offsets.see(trace, isThere(double(words.offset)));
+    sourcePositions.see(trace, isThere(words.sourceX) || isThere(words.sourceY));
+    receiverPositions.see(trace, isThere(words.receiverX) || isThere(words.receiverY));
+    elevations.see(trace, isThere(double(words.sourceElevation)) ||
+                              isThere(double(words.receiverElevation)));
+    markedDead.see(trace, words.isDead());
+}
+
+void OvSegyCensus::addScalars(qint64 trace, const OvTraceHeaderMapping& mapping, const char* header)
+{
+    bool odd = false;
+    for (const auto quantity :
+         {OvTraceHeaderMapping::CoordinateScalar, OvTraceHeaderMapping::ElevationScalar})
+        odd = odd || !isPowerOfTen(mapping.word(quantity).value(header, m_order));
+    oddScalars.see(trace, odd);
 }
 
 void OvSegyCensus::addStated(qint64 trace, const char* header, int sampleCount)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "OvSeismic/segy/OvSegyTraceKeys.h"
-#include "OvSeismic/segy/OvSegyTraceWords.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 /// Counts what the doctor wants to know of the traces that it is shown.
 class OvSegyCensus
@@ -21,15 +21,24 @@ public:
         }
     };
 
-    /// What the file as a whole says.
-    OvSegyCensus(OvByteOrder order, double intervalUs)
+    /// All headers of one trace as they stand in the file.
+    struct Header
+    {
+        const char* bytes;
+        qint64 size;
+    };
+
+    /// What the file as a whole says, and where the words of its trace headers lie.
+    OvSegyCensus(OvByteOrder order, double intervalUs, const OvTraceHeaderMapping& mapping)
         : m_order(order)
         , m_intervalUs(intervalUs)
+        , m_mapping(mapping)
+        , m_extent(mapping.extent())
     {
     }
 
-    /// header: the 240 bytes as they stand in the file. samples: sampleCount values.
-    void add(qint64 trace, const char* header, const float* samples, int sampleCount);
+    /// samples: sampleCount values.
+    void add(qint64 trace, const Header& header, const float* samples, int sampleCount);
     void finish() { m_keys.sort(); }
 
     qint64 traces() const { return m_traces; }
@@ -52,12 +61,15 @@ public:
     Tally oddScalars;      ///< coordinate or elevation scalars that are no power of ten
 
 private:
-    void addWords(qint64 trace, const OvSegyTraceWords& words);
+    void addWords(qint64 trace, const OvTraceHeader& words);
+    void addScalars(qint64 trace, const OvTraceHeaderMapping& mapping, const char* header);
     void addStated(qint64 trace, const char* header, int sampleCount);
     void addSamples(qint64 trace, const float* samples, int sampleCount, bool dead);
 
     OvByteOrder m_order;
     double m_intervalUs;
+    OvTraceHeaderMapping m_mapping;
+    int m_extent;
     qint64 m_traces = 0;
     OvSegyTraceKeys m_keys;
 };

@@ -20,9 +20,13 @@ QString ordinal(qint64 trace)
 
 } // namespace
 
-OvSegyDiagnosis::OvSegyDiagnosis(const OvSegyFileInfo& info, const OvSegyCensus& census)
+using Mapping = OvTraceHeaderMapping;
+
+OvSegyDiagnosis::OvSegyDiagnosis(const OvSegyFileInfo& info, const OvSegyCensus& census,
+                                 const OvTraceHeaderMapping& mapping)
     : m_info(info)
     , m_census(census)
+    , m_mapping(mapping)
 {
     describeFile();
     describeExtras();
@@ -63,6 +67,15 @@ void OvSegyDiagnosis::place(OvSegyFinding* finding, qint64 firstByte, qint64 las
 {
     finding->firstByte = firstByte;
     finding->lastByte = lastByte;
+}
+
+void OvSegyDiagnosis::place(OvSegyFinding* finding, Mapping::Quantity first,
+                            Mapping::Quantity last) const
+{
+    const OvHeaderWord& from = m_mapping.word(first);
+    const OvHeaderWord& to = m_mapping.word(last);
+    if (from.exists() && to.exists())
+        place(finding, qMin(from.position, to.position), qMax(from.end(), to.end()));
 }
 
 /// How much of the file the counts in the sentences are about.
@@ -138,16 +151,17 @@ void OvSegyDiagnosis::judgeGeometry()
             &add(Severity::Warning, "no-field-records", tr("No trace has a field record number."),
                  tr("All traces form one gather. Where the number stands in other bytes, set them "
                     "in the header mapping.")),
-            9, 12);
+            Mapping::FieldRecord, Mapping::FieldRecord);
     }
     if (m_census.channels.count == 0) {
         place(&add(Severity::Info, "no-channels", tr("No trace has a channel number."),
                    tr("Traces are numbered within their gather.")),
-              13, 16);
+              Mapping::Channel, Mapping::Channel);
     }
     judgeOffsets();
     if (m_census.elevations.count == 0)
-        place(&add(Severity::Info, "no-elevations", tr("No trace has an elevation.")), 41, 48);
+        place(&add(Severity::Info, "no-elevations", tr("No trace has an elevation.")),
+              Mapping::ReceiverElevation, Mapping::SourceElevation);
 }
 
 void OvSegyDiagnosis::judgeOffsets()
@@ -162,15 +176,15 @@ void OvSegyDiagnosis::judgeOffsets()
                                  : tr("No trace has an offset, and coordinates are missing, too.");
         place(&add(coordinates ? Severity::Info : Severity::Warning, "no-offsets", text,
                    coordinates ? QString() : mapping),
-              37, 40);
+              Mapping::Offset, Mapping::Offset);
     }
     if (m_census.sourcePositions.count == 0)
         place(&add(Severity::Info, "no-source-positions", tr("No trace has source coordinates.")),
-              73, 80);
+              Mapping::SourceX, Mapping::SourceY);
     if (m_census.receiverPositions.count == 0)
         place(
             &add(Severity::Info, "no-receiver-positions", tr("No trace has receiver coordinates.")),
-            81, 88);
+            Mapping::ReceiverX, Mapping::ReceiverY);
 }
 
 void OvSegyDiagnosis::judgeHeaders()
@@ -201,7 +215,7 @@ void OvSegyDiagnosis::judgeHeaders()
                       "no power of ten; the first is that of trace %3.")
                        .arg(number(scalars.count), looked(), ordinal(scalars.firstTrace)),
                    tr("Check whether positions and elevations have the right size.")),
-              69, 72);
+              Mapping::ElevationScalar, Mapping::CoordinateScalar);
     }
 }
 
@@ -219,7 +233,7 @@ void OvSegyDiagnosis::judgeNumbering()
                          number(duplicates.channel)),
                 tr("Check whether shots were repeated or files joined twice."));
         finding.count = duplicates.count;
-        place(&finding, 9, 16);
+        place(&finding, Mapping::FieldRecord, Mapping::Channel);
     }
     // What a part of the traces lacks the others may have.
     if (m_census.traces() == m_info.traceCount)
@@ -236,7 +250,7 @@ void OvSegyDiagnosis::judgeMissing()
                 .arg(number(channels.records), number(channels.record), number(channels.channel)),
             tr("Check whether traces were removed on purpose."));
         finding.count = channels.records;
-        place(&finding, 13, 16);
+        place(&finding, Mapping::Channel, Mapping::Channel);
     }
     const auto records = m_census.keys().missingRecords();
     if (records.count > 0) {
@@ -246,7 +260,7 @@ void OvSegyDiagnosis::judgeMissing()
                     .arg(number(records.from), number(records.to), number(records.count),
                          number(records.first)));
         finding.count = records.count;
-        place(&finding, 9, 12);
+        place(&finding, Mapping::FieldRecord, Mapping::FieldRecord);
     }
 }
 

@@ -12,7 +12,8 @@ class OvSegyDiagnosis
     Q_DECLARE_TR_FUNCTIONS(OvSegyDoctor)
 
 public:
-    OvSegyDiagnosis(const OvSegyFileInfo& info, const OvSegyCensus& census);
+    OvSegyDiagnosis(const OvSegyFileInfo& info, const OvSegyCensus& census,
+                    const OvTraceHeaderMapping& mapping);
 
     /// Worst first, within a severity in the order of the file.
     std::vector<OvSegyFinding> findings() const { return m_findings; }
@@ -25,6 +26,9 @@ private:
     OvSegyFinding& add(Severity severity, const char* code, const OvSegyCensus::Tally& tally,
                        const QString& text, const QString& advice = {});
     void place(OvSegyFinding* finding, qint64 firstByte, qint64 lastByte) const;
+    /// From the first byte of a word of the trace header to the last of another.
+    void place(OvSegyFinding* finding, OvTraceHeaderMapping::Quantity first,
+               OvTraceHeaderMapping::Quantity last) const;
     QString looked() const;
     void describeFile();
     void describeExtras();
@@ -38,5 +42,6 @@ private:
 
     const OvSegyFileInfo& m_info;
     const OvSegyCensus& m_census;
+    const OvTraceHeaderMapping& m_mapping;
     std::vector<OvSegyFinding> m_findings;
 };

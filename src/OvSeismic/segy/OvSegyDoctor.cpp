@@ -25,10 +25,11 @@ class Examination
     Q_DECLARE_TR_FUNCTIONS(OvSegyDoctor)
 
 public:
-    Examination(const OvSegyFile& file, const OvSegyDoctor::Progress& progress)
+    Examination(const OvSegyFile& file, const OvSegyDoctor::Progress& progress,
+                const OvTraceHeaderMapping& mapping)
         : m_file(file)
         , m_progress(progress)
-        , m_census(file.info().byteOrder, file.info().intervalUs)
+        , m_census(file.info().byteOrder, file.info().intervalUs, mapping)
     {
         m_sinceProgress.start();
     }
@@ -63,7 +64,8 @@ OvStatus Examination::lookAt(qint64 first, qint64 count)
 {
     qint64 trace = first;
     return m_file.scanTraces(first, count, [&](const char* header, const float* samples, int size) {
-        m_census.add(trace++, header, samples, size);
+        m_census.add(trace, {header, m_file.headerBytes(trace)}, samples, size);
+        ++trace;
         m_go = report();
         return m_go;
     });
@@ -108,14 +110,15 @@ OvStatus Examination::run(OvSegyDoctor::Depth depth)
 } // namespace
 
 OvStatus OvSegyDoctor::examine(const OvSegyFile& file, Depth depth,
-                               std::vector<OvSegyFinding>* findings, const Progress& progress)
+                               std::vector<OvSegyFinding>* findings, const Progress& progress,
+                               const OvTraceHeaderMapping& mapping)
 {
     findings->clear();
     try {
-        Examination examination(file, progress);
+        Examination examination(file, progress, mapping);
         OvStatus status = examination.run(depth);
         if (status)
-            *findings = OvSegyDiagnosis(file.info(), examination.census()).findings();
+            *findings = OvSegyDiagnosis(file.info(), examination.census(), mapping).findings();
         return status;
     } catch (const std::bad_alloc&) {
         return OvStatus::failure(

@@ -2,6 +2,7 @@
 
 #include "OvSeismic/OvSeismicExport.h"
 #include "OvSeismic/OvStatus.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -38,9 +39,11 @@ public:
     /// in all. Returning false cancels.
     using Progress = std::function<bool(qint64 done, qint64 total)>;
 
-    /// Fills *findings, worst first, within a severity in the order of the file. Reads from the
-    /// file, so not on the GUI thread; several may run at once. Fails when it is cancelled and when
-    /// the file cannot be read; *findings is then empty.
+    /// Fills *findings, worst first, within a severity in the order of the file. mapping: where the
+    /// words of trace headers lie; a header too short for it is read by the standard places. Reads
+    /// from the file, so not on the GUI thread; several may run at once. Fails when it is cancelled
+    /// and when the file cannot be read; *findings is then empty.
     static OvStatus examine(const OvSegyFile& file, Depth depth,
-                            std::vector<OvSegyFinding>* findings, const Progress& progress = {});
+                            std::vector<OvSegyFinding>* findings, const Progress& progress = {},
+                            const OvTraceHeaderMapping& mapping = OvTraceHeaderMapping());
 };

@@ -1,6 +1,8 @@
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+#include "OvSeismic/segy/OvSegyDoctor.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "OvSeismic/segy/OvSegyIndex.h"
+#include "fixtures/SegyFormWriter.h"
 #include "fixtures/SegyWriter.h"
 
 #include <QtTest>
@@ -17,6 +19,8 @@ private slots:
     void initTestCase();
     void gathersFromManyThreads();
     void headersAndSamplesAndIndexAtOnce();
+    void tracesOfDifferentLengthAreLocatedByMany();
+    void examinedByMany();
     void firstBreakFilesOfManyThreads();
 
 private:
@@ -84,6 +88,46 @@ void tst_OvSegyConcurrency::headersAndSamplesAndIndexAtOnce()
         OvSegyIndex own;
         check(own.build(m_file).ok());
         check(own.gatherCount() == m_index.gatherCount());
+    });
+}
+
+/// Whoever comes first locates; the others use what is known, be it a part or all.
+void tst_OvSegyConcurrency::tracesOfDifferentLengthAreLocatedByMany()
+{
+    SegyFormWriter writer;
+    writer.fixedLength = 0;
+    writer.samplesStated = 20;
+    for (int i = 0; i < traceCount; ++i) {
+        writer.traces.emplace_back();
+        writer.traces.back().samples = SegyFormWriter::ramp(i, 10 + i * 7 % 30);
+    }
+    const QString path = m_folder.filePath(QStringLiteral("variable.sgy"));
+    QVERIFY(SegyWriter::writeBytes(path, writer.bytes()));
+    OvSegyFile file;
+    QVERIFY(file.open(path));
+    QVERIFY(!file.hasFixedLength());
+    inThreads([&](int number) {
+        check(file.locate({}, 50 * (1 + number)).ok());
+        const qint64 known = file.locatedCount();
+        check(known >= 50 * (1 + number));
+        for (qint64 trace = number; trace < known; trace += threadCount) {
+            std::vector<float> read(std::size_t(file.sampleCount(trace)));
+            const auto& expected = writer.traces[std::size_t(trace)].samples;
+            check(file.readSamples(trace, read.data()).ok());
+            check(std::equal(read.begin(), read.end(), expected.begin(), expected.end()));
+        }
+        check(file.locate().ok());
+        check(file.info().traceCount == traceCount && file.info().sampleCount == 39);
+        check(file.savedLocator().size() > traceCount * 4);
+    });
+}
+
+void tst_OvSegyConcurrency::examinedByMany()
+{
+    inThreads([this](int number) {
+        std::vector<OvSegyFinding> findings;
+        const auto depth = number % 2 == 0 ? OvSegyDoctor::Depth::Full : OvSegyDoctor::Depth::Quick;
+        check(OvSegyDoctor::examine(m_file, depth, &findings).ok() && !findings.empty());
     });
 }
 

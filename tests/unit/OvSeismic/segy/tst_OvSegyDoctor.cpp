@@ -71,6 +71,7 @@ private slots:
     void oddScalars();
     void noGeometry();
     void offsetsFromCoordinates();
+    void wordsElsewhere();
     void cutOffTail();
     void quickLooksAtAPart();
     void quickIsBoundedOnLongTraces();
@@ -259,6 +260,29 @@ void tst_OvSegyDoctor::offsetsFromCoordinates()
     const Findings findings = examine(traces);
     QCOMPARE(find(findings, "no-offsets")->severity, Severity::Info);
     QCOMPARE(codes(findings, Severity::Warning), QStringList());
+}
+
+void tst_OvSegyDoctor::wordsElsewhere()
+{
+    auto traces = wholeLine();
+    for (SegyTrace& trace : traces) {
+        trace.words[189] = 0;
+        trace.words[191] = static_cast<qint16>(trace.fieldRecord);
+        trace.fieldRecord = 0;
+    }
+    traces.erase(traces.begin() + 5);
+    QVERIFY(find(examine(traces), "no-field-records"));
+    OvTraceHeaderMapping mapping;
+    mapping.setWord(OvTraceHeaderMapping::FieldRecord, {189, OvHeaderType::Int32});
+    Findings findings;
+    QVERIFY(OvSegyDoctor::examine(m_file, OvSegyDoctor::Depth::Full, &findings, {}, mapping));
+    QVERIFY(!find(findings, "no-field-records"));
+    QVERIFY2(find(findings, "missing-channels")->text.contains("record 11 without channel 2"),
+             qPrintable(find(findings, "missing-channels")->text));
+    // A header without room for the mapping is read by the standard places.
+    mapping.setWord(OvTraceHeaderMapping::FieldRecord, {300, OvHeaderType::Int32});
+    QVERIFY(OvSegyDoctor::examine(m_file, OvSegyDoctor::Depth::Full, &findings, {}, mapping));
+    QVERIFY(find(findings, "no-field-records"));
 }
 
 void tst_OvSegyDoctor::cutOffTail()

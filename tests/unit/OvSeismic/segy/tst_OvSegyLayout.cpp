@@ -64,6 +64,8 @@ private slots:
     void specialFiles();
     void pipeDoesNotBlock();
     void unreadableFile();
+    void reasonOfTheSystem();
+    void fiveHundredGigabytes();
     void shrinksWhileOpen();
     void growsWhileOpen();
 
@@ -479,6 +481,55 @@ void tst_OvSegyLayout::unreadableFile()
     const OvStatus status = m_file.open(path());
     QVERIFY(!status);
     QVERIFY(status.message().contains(QStringLiteral("ermission")));
+}
+
+/// What the system says goes into the message; a name that is too long is refused to every user.
+void tst_OvSegyLayout::reasonOfTheSystem()
+{
+    const QString name = m_folder->filePath(QString(300, QLatin1Char('x')));
+    const OvStatus status = m_file.open(name);
+    QVERIFY(!status);
+    QVERIFY2(status.message().contains(QStringLiteral("too long")), qPrintable(status.message()));
+    QVERIFY(status.message().contains(name));
+}
+
+namespace {
+
+/// Read calls that this process has made, or -1 where the system does not count them.
+qint64 readCalls()
+{
+    QFile counts(QStringLiteral("/proc/self/io"));
+    if (!counts.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray& line : counts.readAll().split('\n')) {
+        if (line.startsWith("syscr: "))
+            return line.mid(7).toLongLong();
+    }
+    return -1;
+}
+
+} // namespace
+
+/// Opening reads as much of a file of half a terabyte as of a small one.
+void tst_OvSegyLayout::fiveHundredGigabytes()
+{
+    const QByteArray bytes = SegyWriter::ramps(200, 1000).bytes();
+    const auto callsToOpen = [&](qint64 size) {
+        const bool made = SegyWriter::writeBytes(path(), bytes) && QFile::resize(path(), size);
+        const qint64 before = readCalls();
+        return made && m_file.open(path()) ? readCalls() - before : -1;
+    };
+    if (readCalls() < 0)
+        QSKIP("This system does not count read calls");
+    const qint64 small = callsToOpen(bytes.size());
+    const qint64 traces = 500000000000 / 4240;
+    const qint64 large = callsToOpen(headerBytes + traces * 4240);
+    if (large < 0)
+        QSKIP("The file system does not take a sparse file of 500 GB");
+    QCOMPARE(info().traceCount, traces);
+    QVERIFY(small > 0);
+    QVERIFY2(large <= small + small / 2,
+             qPrintable(QStringLiteral("%1 calls, %2 on a small file").arg(large).arg(small)));
 }
 
 void tst_OvSegyLayout::shrinksWhileOpen()
