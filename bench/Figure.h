@@ -20,14 +20,15 @@ inline double median(std::vector<double> values)
 }
 
 /// ratio is ours over theirs in the same unit; the goal is met when it is not above.
-inline bool report(const char* name, double ours, double theirs, double goal)
+inline bool report(const char* name, double ours, double theirs, double goal,
+                   const char* unit = "ms")
 {
     const double ratio = ours / theirs;
     const bool met = ratio <= goal;
     QTextStream(stdout) << name << ' ' << QString::number(ratio, 'f', 2) << ' ' << goal << ' '
                         << (met ? "ok" : "short") << '\n';
-    QTextStream(stderr) << "  " << name << ": " << QString::number(ours, 'f', 1) << " ms against "
-                        << QString::number(theirs, 'f', 1) << " ms\n";
+    QTextStream(stderr) << "  " << name << ": " << QString::number(ours, 'f', 1) << ' ' << unit
+                        << " against " << QString::number(theirs, 'f', 1) << ' ' << unit << '\n';
     return met;
 }
 
