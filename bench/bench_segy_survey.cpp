@@ -1,0 +1,174 @@
+#include "BenchSegy.h"
+#include "Figure.h"
+#include "Process.h"
+
+#include "OvBase/OvBaseUtil.h"
+#include "OvGui/document/OvSegyDocument.h"
+#include "OvSeismic/segy/OvSegyIndexCache.h"
+#include "OvTarnpick/OvTarnpickUtil.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
+
+// Work on whole surveys: opening a file of ten million traces again, paging through 20 GiB, the
+// summary of a file of 500 GB. The two large files are sparse.
+
+namespace {
+
+constexpr int rounds = 5;
+constexpr double againstIndexing = 0.05;
+constexpr double againstSmallFile = 1.5;
+constexpr double mostMebibytes = 300.0;
+constexpr double mebibyte = 1024.0 * 1024.0;
+
+double milliseconds(const QElapsedTimer& clock)
+{
+    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+}
+
+bool write(const BenchSegy& segy, const QString& path)
+{
+    if (segy.write(path))
+        return true;
+    QTextStream(stderr) << "bench_segy_survey: cannot write " << path << '\n';
+    return false;
+}
+
+/// Milliseconds until the index is there, without keeping it.
+double obtainTime(const QString& path, const OvSegyIndexCache& cache, OvSegyIndex* index)
+{
+    QElapsedTimer clock;
+    clock.start();
+    OvSegyFile file;
+    OvStatus status = file.open(path);
+    if (status)
+        status = cache.obtain(file, {}, {}, index);
+    return status ? milliseconds(clock) : std::nan("");
+}
+
+void reopening(const QString& folder)
+{
+    const QString path = folder + "/traces.sgy";
+    BenchSegy segy;
+    segy.traces = 10000000;
+    segy.samples = 8;
+    if (!write(segy, path))
+        return;
+    const OvSegyIndexCache none{QString()};
+    const OvSegyIndexCache cache(folder + "/cache");
+    OvSegyFile file;
+    OvSegyIndex index;
+    std::vector<double> first;
+    std::vector<double> again;
+    obtainTime(path, cache, &index);
+    for (int round = 0; round < rounds; ++round) {
+        first.push_back(obtainTime(path, none, &index));
+        again.push_back(obtainTime(path, cache, &index));
+    }
+    const bool complete = index.traceCount() == segy.traces;
+    Figure::report("index_again", complete ? Figure::median(again) : std::nan(""),
+                   Figure::median(first), againstIndexing);
+    QFile::remove(path);
+}
+
+void pageThrough(OvSegyDocument* document)
+{
+    QEventLoop loop;
+    int next = 0;
+    QObject::connect(document, &OvSegyDocument::gatherLoaded, &loop,
+                     [&](int, const std::shared_ptr<const OvGather>& data) {
+                         if (!data || ++next >= document->gatherCount())
+                             loop.quit();
+                         else
+                             document->requestGather(next);
+                     });
+    document->requestGather(next);
+    loop.exec();
+    if (next < document->gatherCount())
+        QTextStream(stderr) << "bench_segy_survey: gather " << next << " did not come\n";
+}
+
+void paging(const QString& folder)
+{
+    const QString path = folder + "/survey.sgy";
+    BenchSegy segy;
+    segy.samples = 32767;
+    segy.format = 5;
+    segy.tracesPerGather = 48;
+    segy.traces = (20LL << 30) / segy.traceBytes();
+    segy.sparse = true;
+    if (!write(segy, path))
+        return;
+    OvStatus status;
+    const auto document = OvSegyDocument::open(path, &status);
+    QEventLoop loop;
+    QObject::connect(document.data(), &OvSegyDocument::indexComplete, &loop, &QEventLoop::quit);
+    if (!document->isIndexComplete())
+        loop.exec();
+    const qint64 before = Process::tidyAnonymousBytes();
+    const qint64 more = Process::peakOf([&] { pageThrough(document.data()); });
+    Figure::report("paging_memory", static_cast<double>(before + more) / mebibyte, mostMebibytes,
+                   1.0, "MiB");
+    QFile::remove(path);
+}
+
+double summaryTime(const QString& path)
+{
+    QElapsedTimer clock;
+    clock.start();
+    bool shown = false;
+    QTimer close;
+    QObject::connect(&close, &QTimer::timeout, [&] {
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            shown = true;
+            box->close();
+        }
+    });
+    close.start(0);
+    OvTarnpickUtil::displaySegyInfo(path, nullptr);
+    return shown ? milliseconds(clock) : std::nan("");
+}
+
+void summary(const QString& folder)
+{
+    const QString small = folder + "/small.sgy";
+    const QString huge = folder + "/huge.sgy";
+    BenchSegy segy;
+    segy.samples = 2000;
+    segy.format = 5;
+    segy.traces = 100;
+    if (!write(segy, small) || !write(segy, huge) ||
+        !QFile::resize(huge, 3600 + segy.traceBytes() * (500000000000LL / segy.traceBytes())))
+        return;
+    std::vector<double> ours;
+    std::vector<double> theirs;
+    summaryTime(small);
+    for (int round = 0; round < 3 * rounds; ++round) {
+        theirs.push_back(summaryTime(small));
+        ours.push_back(summaryTime(huge));
+    }
+    Figure::report("summary_500_gb", Figure::median(ours), Figure::median(theirs),
+                   againstSmallFile);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QTemporaryDir folder(QCoreApplication::applicationDirPath() + "/segy-XXXXXX");
+    OvBaseUtil::setLocalPath(folder.path());
+    qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
+    if (!OvBaseUtil::initialize())
+        return 1;
+    reopening(folder.path());
+    paging(folder.path());
+    summary(folder.path());
+    OvBaseUtil::finish();
+    return 0;
+}
