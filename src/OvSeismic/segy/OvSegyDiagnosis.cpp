@@ -140,8 +140,11 @@ void OvSegyDiagnosis::takeWarnings()
                    tr("Compare the traces with another file of the survey.")),
               3225, 3226);
     }
-    for (const QString& warning : m_info.warnings)
-        add(Severity::Warning, "layout", warning);
+    for (int i = 0; i < m_info.warnings.size(); ++i) {
+        OvSegyFinding& finding = add(Severity::Warning, "layout", m_info.warnings.at(i));
+        if (i < m_info.warningBytes.size())
+            place(&finding, m_info.warningBytes.at(i).first, m_info.warningBytes.at(i).second);
+    }
 }
 
 void OvSegyDiagnosis::judgeGeometry()

@@ -96,7 +96,11 @@ private:
     {
         return OvStatus::failure(tr("Cannot open %1: %2").arg(m_name, reason));
     }
-    void warn(const QString& sentence) { m_info->warnings += sentence; }
+    void warn(const QString& sentence, qint64 firstByte = -1, qint64 lastByte = -1)
+    {
+        m_info->warnings += sentence;
+        m_info->warningBytes.append({firstByte, lastByte});
+    }
 
     const OvPositionalFile& m_file;
     OvSegyFileInfo* m_info;
@@ -176,7 +180,8 @@ OvStatus Reader::findByteOrder()
     if (found.contradicted) {
         warn(tr("The byte-order constant in bytes 3297-3300 contradicts the sample format code; "
                 "the file is read as %1.")
-                 .arg(ovSegyByteOrderName(found.order)));
+                 .arg(ovSegyByteOrderName(found.order)),
+             3297, 3300);
     }
     return checkFormat();
 }
@@ -237,7 +242,8 @@ void Reader::readRevision()
     if (major > 2 || minor > 9 || (major == 0 && minor > 0)) {
         warn(tr("The revision number %1.%2 is unknown; the file is read as revision 0.")
                  .arg(major)
-                 .arg(minor));
+                 .arg(minor),
+             3501, 3502);
         major = 0;
         minor = 0;
     }
@@ -337,7 +343,8 @@ OvStatus Reader::findFirstTrace(qint64* first)
     if (!takeStatedTrace(first) && !counted) {
         warn(tr("The number of extended textual headers, %1, does not fit the file; none is "
                 "assumed.")
-                 .arg(binary().int16(SEGY_BIN_EXT_HEADERS)));
+                 .arg(binary().int16(SEGY_BIN_EXT_HEADERS)),
+             3505, 3506);
     }
     m_info->extendedTextHeaders =
         static_cast<int>((*first - headersEnd()) / OvSegyText::headerSize);
@@ -357,7 +364,8 @@ bool Reader::takeStatedTrace(qint64* first)
     }
     warn(tr("The position of the first trace, byte %1, does not fit the file; byte %2 is used.")
              .arg(stated)
-             .arg(*first));
+             .arg(*first),
+         3521, 3528);
     return false;
 }
 
@@ -393,7 +401,8 @@ void Reader::readUnits()
     if (binary().int16(SEGY_BIN_MEASUREMENT_SYSTEM) != feet)
         return;
     m_info->metresPerUnit = metresPerFoot;
-    warn(tr("Lengths in the file are in feet; offsets and elevations are converted to metres."));
+    warn(tr("Lengths in the file are in feet; offsets and elevations are converted to metres."),
+         3255, 3256);
 }
 
 /// Revision 2.0 has a 4-byte count here, revision 2.1 a 2-byte one; before that the word is free.
@@ -438,7 +447,8 @@ void Reader::chooseSampleCount(qint64 binarySamples, qint64 traceSamples)
     }
     if (stated != m_info->extraTraceHeaders)
         warn(tr("The number of extra trace headers, %1, does not fit the file; none is assumed.")
-                 .arg(stated));
+                 .arg(stated),
+             3507, 3510);
 }
 
 void Reader::chooseInterval(double traceInterval)
@@ -454,7 +464,8 @@ void Reader::chooseInterval(double traceInterval)
                     "µs; "
                     "%1 µs is used.")
                      .arg(interval)
-                     .arg(traceInterval));
+                     .arg(traceInterval),
+                 3217, 3218);
         }
         return;
     }
@@ -463,10 +474,11 @@ void Reader::chooseInterval(double traceInterval)
         warn(tr("The binary header has no valid sample interval; the %1 µs of the first trace "
                 "header "
                 "are used.")
-                 .arg(traceInterval));
+                 .arg(traceInterval),
+             3217, 3218);
     } else {
-        warn(
-            tr("The file has no valid sample interval; %1 µs are assumed.").arg(assumedIntervalUs));
+        warn(tr("The file has no valid sample interval; %1 µs are assumed.").arg(assumedIntervalUs),
+             3217, 3218);
     }
 }
 
@@ -516,18 +528,19 @@ void Reader::judgeLength()
     const auto length = OvSegyTraceLength::judge(m_file, *m_info, binary().int16(byteFixedLength));
     m_info->fixedLength = length.fixed;
     if (!length.fixed) {
-        warn(tr("The traces differ in length; shorter ones are filled up with zeros."));
+        warn(tr("The traces differ in length; shorter ones are filled up with zeros."), 3503, 3504);
         return;
     }
     if (!m_countWarning.isEmpty())
-        m_info->warnings.prepend(m_countWarning);
+        warn(m_countWarning, 3221, 3222);
     if (length.damagedTrace > 0) {
         const qint64 at =
             m_info->firstTraceOffset + length.damagedTrace * OvSegyLayout::traceSize(*m_info);
         warn(tr("The header of trace %1, at byte %2, makes no sense: the file may be damaged from "
                 "there on.")
                  .arg(length.damagedTrace + 1)
-                 .arg(at + 1));
+                 .arg(at + 1),
+             at + 1, at + OvSegyLayout::traceHeaderSize);
     }
     warnOfRest();
 }
@@ -547,7 +560,8 @@ void Reader::judgeFormat()
            "so.")
             .arg(QString::number(m_info->declaredFormatCode),
                  ovSegyFormatName(m_info->declaredFormatCode), QString::number(guess.code),
-                 ovSegyFormatName(guess.code)));
+                 ovSegyFormatName(guess.code)),
+        3225, 3226);
 }
 
 void Reader::warnOfRest()
@@ -559,7 +573,8 @@ void Reader::warnOfRest()
             tr("The file ends in the middle of a trace or is damaged: %1 whole traces are read, %2 "
                "bytes behind them are left out.")
                 .arg(m_info->traceCount)
-                .arg(rest));
+                .arg(rest),
+            m_info->tracesEnd - rest + 1, m_info->tracesEnd);
     }
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QPair>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 #include <QtGlobal>
 
 /// PairSwapped: the two bytes of every 16 bits are exchanged and nothing else, so that the
@@ -40,6 +42,10 @@ struct OvSegyFileInfo
     double metresPerUnit = 1.0; ///< 0.3048 where the binary header says that lengths are in feet
     short coordinateScalar = 0; ///< bytes 71-72 of the first trace header as stored
     QStringList warnings; ///< translated, one sentence each: what was odd and what was assumed
+    /// For each warning the first and last byte of the file that it is about, from 1 as the
+    /// standard counts; -1 where it is about no place. Shorter where only the first warnings have
+    /// places.
+    QVector<QPair<qint64, qint64>> warningBytes;
 
     double intervalMs() const { return intervalUs / 1000.0; }
     /// Bytes of one trace's headers, extension headers included.

@@ -1,5 +1,6 @@
 #include "OvBase/OvSegyParser.h"
 
+#include "OvSeismic/segy/OvSegyFile.h"
 #include "fixtures/SegyWriter.h"
 
 #include <QTemporaryDir>
@@ -14,6 +15,7 @@ private slots:
     void aMissingFileIsAllZero();
     void aFileOfAnotherKindIsAllZero();
     void longTracesAreShownSigned();
+    void theFormatIsTheDeclaredOne();
 
 private:
     QString write(const SegyWriter& writer);
@@ -41,6 +43,20 @@ void tst_OvSegyParser::readsTheHeaders()
     QCOMPARE(parser.sampleRate(), qint16(2000));
     QCOMPARE(parser.formatCode(), qint16(1));
     QCOMPARE(parser.totalTraces(), 7);
+}
+
+/// Also where the samples are read in another, because the headers are what is shown.
+void tst_OvSegyParser::theFormatIsTheDeclaredOne()
+{
+    SegyWriter writer;
+    writer.sampleCount = 500;
+    writer.addShot(1, 0.0, 12, 25.0);
+    writer.setWord16(3225, 1);
+    const QString path = write(writer);
+    OvSegyFile file;
+    QVERIFY(file.open(path));
+    QCOMPARE(file.info().formatCode, short(5));
+    QCOMPARE(OvSegyParser(path).formatCode(), qint16(1));
 }
 
 void tst_OvSegyParser::aMissingFileIsAllZero()

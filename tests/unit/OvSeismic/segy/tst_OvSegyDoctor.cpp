@@ -295,6 +295,8 @@ void tst_OvSegyDoctor::cutOffTail()
     QVERIFY(find(findings, "layout"));
     QVERIFY2(find(findings, "layout")->text.contains(QStringLiteral("9 whole traces are read")),
              qPrintable(find(findings, "layout")->text));
+    QCOMPARE(find(findings, "layout")->firstByte, qint64(3600 + 9 * 320 + 1));
+    QCOMPARE(find(findings, "layout")->lastByte, QFileInfo(path()).size());
 }
 
 void tst_OvSegyDoctor::quickLooksAtAPart()

@@ -8,6 +8,7 @@
 
 #include <QtTest>
 
+#include <cmath>
 #include <cstring>
 #include <random>
 
@@ -90,6 +91,9 @@ private slots:
     void damagedLocators();
     void zeroFlagOnFixedFile();
     void staleCountsAreNotVariable();
+    void wrongFloatFormat_data();
+    void wrongFloatFormat();
+    void integersAsIbmOfOneExponent();
 
 private:
     QString path() const { return m_folder->filePath(QStringLiteral("form.sgy")); }
@@ -692,6 +696,77 @@ void tst_OvSegyForms::staleCountsAreNotVariable()
     open(bytes.left(bytes.size() - 30));
     QVERIFY(m_file.hasFixedLength());
     QCOMPARE(info().traceCount, qint64(99));
+}
+
+void tst_OvSegyForms::wrongFloatFormat_data()
+{
+    QTest::addColumn<int>("written");
+    QTest::addColumn<int>("traces");
+    QTest::addColumn<QByteArray>("signal");
+    QTest::addColumn<bool>("recognised");
+    for (const int written : {1, 5}) {
+        const char* name = written == 1 ? "IBM" : "IEEE";
+        QTest::addRow("%s, waves", name) << written << 12 << QByteArray("waves") << true;
+        // One trace may be odd, and what is no signal tells nothing.
+        QTest::addRow("%s, one trace", name) << written << 1 << QByteArray("waves") << false;
+        QTest::addRow("%s, noise", name) << written << 12 << QByteArray("noise") << false;
+        QTest::addRow("%s, zeros", name) << written << 12 << QByteArray("zeros") << false;
+        QTest::addRow("%s, integers", name) << written << 12 << QByteArray("integers") << false;
+    }
+}
+
+void tst_OvSegyForms::wrongFloatFormat()
+{
+    QFETCH(int, written);
+    QFETCH(int, traces);
+    QFETCH(QByteArray, signal);
+    QFETCH(bool, recognised);
+    SegyFormWriter writer = fixed(traces, 600);
+    writer.format = written;
+    std::mt19937 random(5);
+    for (auto& trace : writer.traces) {
+        for (std::size_t i = 0; i < trace.samples.size(); ++i) {
+            const double time = double(i) * 0.002;
+            const double noise = double(random()) / double(random.max()) - 0.5;
+            const double wave = std::sin(200.0 * time) * 800.0 * std::exp(-3.0 * time);
+            if (signal != "integers")
+                trace.samples[i] = signal == "zeros"   ? 0.0
+                                   : signal == "noise" ? noise
+                                                       : wave + noise;
+        }
+    }
+    // Under its own declaration it is never in doubt.
+    open(writer.bytes());
+    QCOMPARE(int(info().formatCode), written);
+    QCOMPARE(int(info().likelyFormatCode), 0);
+    QCOMPARE(info().warnings, QStringList());
+    QByteArray bytes = writer.bytes();
+    const int declared = 6 - written;
+    bytes[3225] = static_cast<char>(declared);
+    open(bytes);
+    QCOMPARE(int(info().declaredFormatCode), declared);
+    QCOMPARE(int(info().formatCode), recognised ? written : declared);
+    QCOMPARE(warns("clearly are in format"), recognised);
+}
+
+/// 0x46 and an integer of 24 bits: read as IEEE, such words are nearly the same number.
+void tst_OvSegyForms::integersAsIbmOfOneExponent()
+{
+    SegyFormWriter writer = fixed(12, 600);
+    writer.format = 2;
+    std::mt19937 random(9);
+    for (auto& trace : writer.traces) {
+        for (double& value : trace.samples)
+            value = double(0x46000000 + random() % 5000);
+    }
+    QByteArray bytes = writer.bytes();
+    bytes[3225] = 1;
+    open(bytes);
+    QCOMPARE(int(info().formatCode), 1);
+    QCOMPARE(info().warnings, QStringList());
+    std::vector<float> read(600);
+    QVERIFY(m_file.readSamples(0, read.data()));
+    QCOMPARE(double(read[7]), writer.traces[0].samples[7] - 0x46000000);
 }
 
 QTEST_GUILESS_MAIN(tst_OvSegyForms)
