@@ -200,12 +200,18 @@ bool OvFirstBreakPlugin::makeRoomFor(const QSharedPointer<OvSegyDocument>& docum
     return true;
 }
 
+QString OvFirstBreakPlugin::needsRecords()
+{
+    return tr("One gather is picked where gathers are field records in file order. Choose them in "
+              "the menu Data, Gathers By.");
+}
+
 void OvFirstBreakPlugin::askForPicking()
 {
     OvGatherViewController* view = activeView();
     if (!view)
         return;
-    auto* dialog = new OvPickDlg(OvProjectManager::instance().define().id, view->currentGather(),
+    auto* dialog = new OvPickDlg(OvProjectManager::instance().define().id, view->documentGather(),
                                  OvPluginUtil::mainWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this,
@@ -220,9 +226,14 @@ void OvFirstBreakPlugin::askForPicking()
 void OvFirstBreakPlugin::connectPreview(OvPickDlg* dialog, OvGatherViewController* view)
 {
     auto* picker = new OvGatherPicker(view->document(), dialog);
-    const int gather = view->currentGather();
+    const int gather = view->documentGather();
     connect(dialog, &OvPickDlg::previewRequested, picker,
-            [picker, gather](const OvPickDefine& define) { picker->pick(gather, define); });
+            [picker, gather](const OvPickDefine& define) {
+                if (gather >= 0)
+                    picker->pick(gather, define);
+                else
+                    OvPluginUtil::showStatus(needsRecords());
+            });
     connect(picker, &OvGatherPicker::picked, view, &OvGatherViewController::setPreviewPicks);
     connect(picker, &OvGatherPicker::failed, view, [view](const QString& message) {
         view->setPreviewPicks(-1, {});
@@ -239,6 +250,10 @@ void OvFirstBreakPlugin::pickGather()
     const OvGatherViewController* view = activeView();
     if (!view || !view->editObstacle().isEmpty())
         return;
+    if (view->documentGather() < 0) {
+        OvPluginUtil::showStatus(needsRecords());
+        return;
+    }
     // A request that has not been answered yet makes room for this one.
     delete m_gatherPicker;
     m_gatherPicker = new OvGatherPicker(view->document(), this);
@@ -248,7 +263,7 @@ void OvFirstBreakPlugin::pickGather()
             });
     connect(m_gatherPicker, &OvGatherPicker::failed, this,
             [](const QString& message) { OvPluginUtil::showWarning(message); });
-    m_gatherPicker->pick(view->currentGather(),
+    m_gatherPicker->pick(view->documentGather(),
                          OvPickDlg::savedDefine(OvProjectManager::instance().define().id));
 }
 

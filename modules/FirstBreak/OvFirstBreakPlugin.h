@@ -41,6 +41,8 @@ private:
     void followView(OvGatherViewController* view);
     void setEditing(bool editing);
     void setSnapWindow(int windowMs);
+    /// Why the gather shown cannot be picked alone.
+    static QString needsRecords();
     void askForPicking();
     void pick(const OvPickDlg* dialog, const QSharedPointer<OvSegyDocument>& document);
     void connectPreview(OvPickDlg* dialog, OvGatherViewController* view);

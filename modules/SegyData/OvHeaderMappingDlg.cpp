@@ -31,15 +31,9 @@ namespace {
 const QString placeKey = QStringLiteral("headerMappingDialog");
 constexpr int shownTraces = 200;
 constexpr int settleMs = 200;
-constexpr int standardHeaderBytes = 240;
 constexpr int visibleProblems = 4;
 
 using Mapping = OvTraceHeaderMapping;
-
-int headerBytesOf(const OvSegyFileInfo& info)
-{
-    return standardHeaderBytes * (1 + info.extraTraceHeaders);
-}
 
 QTableView* makeTable(const char* name, QAbstractItemModel* model, QWidget* parent)
 {
@@ -74,7 +68,7 @@ OvHeaderMappingDlg::OvHeaderMappingDlg(const QSharedPointer<OvSegyDocument>& doc
                                        const OvTraceHeaderMapping& mapping, QWidget* parent)
     : OvDialog(parent)
     , m_document(document)
-    , m_model(new OvHeaderMappingModel(headerBytesOf(document->file().info()), this))
+    , m_model(new OvHeaderMappingModel(document->file().info().traceHeaderBytes(), this))
     , m_values(new OvHeaderValuesModel(this))
     , m_examination(new OvHeaderExamination(document->sharedFile(), this))
 {

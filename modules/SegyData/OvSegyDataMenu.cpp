@@ -1,5 +1,6 @@
 #include "OvSegyDataMenu.h"
 
+#include "OvGatherOrderMenu.h"
 #include "OvHeaderMappingDlg.h"
 #include "OvSegyFolder.h"
 #include "OvSegyInfoDlg.h"
@@ -35,6 +36,9 @@ OvSegyDataMenu::OvSegyDataMenu(QWidget* parent)
     m_mapping = addAction(QString(), this, &OvSegyDataMenu::editMapping,
                           QKeySequence(Qt::CTRL + Qt::Key_H));
     m_mapping->setObjectName(QStringLiteral("actionHeader_Mapping"));
+    addSeparator();
+    m_order = new OvGatherOrderMenu(this);
+    addMenu(m_order);
     setToolTipsVisible(true);
     connect(m_folder, &OvSegyFolder::changed, this, &OvSegyDataMenu::listFiles);
     connect(&OvProjectManager::instance(), &OvProjectManager::projectChanged, this,
@@ -55,6 +59,7 @@ void OvSegyDataMenu::retranslate()
     m_mapping->setText(tr("&Header Mapping..."));
     m_mapping->setToolTip(tr("Where the trace headers of this project's files keep field record, "
                              "offset, coordinates and the rest"));
+    m_order->retranslate();
     listFiles();
 }
 

@@ -5,6 +5,7 @@
 #include <QSharedPointer>
 
 class OvSegyFolder;
+class OvGatherOrderMenu;
 class OvSegyDocument;
 class OvSegyInfoDlg;
 
@@ -38,5 +39,6 @@ private:
     QAction* m_open = nullptr;
     QAction* m_information = nullptr;
     QAction* m_mapping = nullptr;
+    OvGatherOrderMenu* m_order = nullptr;
     QPointer<OvSegyInfoDlg> m_dialog;
 };

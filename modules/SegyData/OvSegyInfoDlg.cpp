@@ -3,7 +3,6 @@
 #include "OvHeaderMappingModel.h"
 #include "OvLatestWork.h"
 
-#include "OvGui/document/OvProjectMapping.h"
 #include "OvPlugins/OvPluginUtil.h"
 
 #include <QApplication>
@@ -95,18 +94,6 @@ Outcome examineFile(const OvSegyFile& file, const OvTraceHeaderMapping& mapping,
     return outcome;
 }
 
-int headerBytesOf(const OvSegyFileInfo& info)
-{
-    return 240 * (1 + info.extraTraceHeaders);
-}
-
-/// The project's mapping, or the standard one where the file cannot have it.
-OvTraceHeaderMapping mappingFor(const OvSegyFileInfo& info)
-{
-    const OvTraceHeaderMapping mapping = OvProjectMapping::mapping();
-    return mapping.validate(headerBytesOf(info)) ? mapping : OvTraceHeaderMapping();
-}
-
 } // namespace
 
 OvSegyInfoDlg::OvSegyInfoDlg(const QSharedPointer<OvSegyDocument>& document, QWidget* parent)
@@ -114,10 +101,10 @@ OvSegyInfoDlg::OvSegyInfoDlg(const QSharedPointer<OvSegyDocument>& document, QWi
     , m_document(document)
     , m_report(document)
     , m_examination(new OvLatestWork(this))
-    , m_words(new OvHeaderMappingModel(headerBytesOf(document->file().info()), this))
+    , m_words(new OvHeaderMappingModel(document->file().info().traceHeaderBytes(), this))
 {
     setObjectName(QStringLiteral("OvSegyInfoDlg"));
-    m_words->setMapping(mappingFor(document->file().info()));
+    m_words->setMapping(document->mapping());
     makePages();
     makeButtons();
     arrange();

@@ -55,7 +55,7 @@ struct OvGatherViewController::Private
     void updateBar();
     void takeMapping();
     void updateFirstBreakFile();
-    void goToFieldRecord(int record);
+    void goToKey(int value);
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
     bool handlePageKey(int key);
     bool handleScrollKey(int key);
@@ -119,8 +119,7 @@ void OvGatherViewController::Private::connectPane()
 void OvGatherViewController::Private::connectBar()
 {
     connect(bar, &OvPagingBar::gatherChosen, pane, &OvGatherPane::setCurrentGather);
-    connect(bar, &OvPagingBar::fieldRecordChosen, q,
-            [this](int record) { goToFieldRecord(record); });
+    connect(bar, &OvPagingBar::keyChosen, q, [this](int value) { goToKey(value); });
     connect(bar, &OvPagingBar::zoomInChosen, q, &OvGatherViewController::zoomIn);
     connect(bar, &OvPagingBar::zoomOutChosen, q, &OvGatherViewController::zoomOut);
     connect(bar, &OvPagingBar::fitChosen, q, &OvGatherViewController::zoomToFit);
@@ -195,19 +194,24 @@ void OvGatherViewController::Private::takeScaleFromCanvas()
 
 void OvGatherViewController::Private::updateBar()
 {
-    bar->setGather(pane->currentGather(), pane->gatherCount(), pane->fieldRecord());
+    const auto index = q->gatherIndex();
+    bar->setGather(pane->currentGather(), pane->gatherCount(), index->order().key,
+                   pane->gatherCount() > 0 ? index->keyValue(pane->currentGather()) : 0.0);
     const auto document = pane->document();
-    bar->setIndexOffered(document && !document->isIndexComplete() && !document->isIndexing());
+    bar->setIndexOffered(document && !document->isIndexing() &&
+                         (!document->isIndexComplete() || document->isIndexStale()));
 }
 
-void OvGatherViewController::Private::goToFieldRecord(int record)
+void OvGatherViewController::Private::goToKey(int value)
 {
-    const int gather =
-        pane->document() ? pane->document()->index()->gatherOfFieldRecord(record) : -1;
+    const auto index = q->gatherIndex();
+    const int gather = index->gatherOfKey(value);
     if (gather >= 0)
         pane->setCurrentGather(gather);
     else
-        emit q->outputInfo(OvGatherViewController::tr("There is no field record %1.").arg(record));
+        emit q->outputInfo(
+            OvGatherViewController::tr("%1 %2 does not exist.")
+                .arg(OvGatherOrder::name(index->order().key), QString::number(value)));
     updateBar();
 }
 
@@ -260,6 +264,32 @@ int OvGatherViewController::currentGather() const
 int OvGatherViewController::gatherCount() const
 {
     return d->pane->gatherCount();
+}
+
+std::shared_ptr<const OvSegyIndex> OvGatherViewController::gatherIndex() const
+{
+    const OvGatherSource* source = d->pane->source();
+    return source ? source->index() : std::make_shared<const OvSegyIndex>();
+}
+
+OvGatherOrder OvGatherViewController::gatherOrder() const
+{
+    const OvGatherSource* source = d->pane->source();
+    return source ? source->order() : OvGatherOrder();
+}
+
+void OvGatherViewController::setGatherOrder(const OvGatherOrder& order)
+{
+    if (order == gatherOrder())
+        return;
+    d->pane->setOrder(order);
+    emit gatherOrderChanged();
+}
+
+int OvGatherViewController::documentGather() const
+{
+    const OvGatherSource* source = d->pane->source();
+    return source ? source->documentGather(currentGather()) : -1;
 }
 
 void OvGatherViewController::setCurrentGather(int gather)
@@ -352,8 +382,8 @@ void OvGatherViewController::keyPressEvent(QKeyEvent* event)
 
 void OvGatherViewController::captureScreenshot()
 {
-    const QString name =
-        QFileInfo(description()).completeBaseName() + '_' + QString::number(d->pane->fieldRecord());
+    const QString name = QFileInfo(description()).completeBaseName() + '_' +
+                         gatherIndex()->gatherLabel(currentGather());
     const QString path = OvPictureFile::askAndSave(this, name, picture());
     if (!path.isEmpty())
         emit outputInfo(tr("Picture written to %1.").arg(path));

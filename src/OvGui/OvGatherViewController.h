@@ -2,13 +2,15 @@
 
 #include "OvGui/OvPlaneViewController.h"
 #include "OvGui/document/OvSegyDocument.h"
+#include "OvSeismic/segy/OvGatherOrder.h"
 
 class QUndoStack;
 
 /// The view of a SEG-Y file gather by gather, with its first breaks.
 ///
 /// A slider and keys page through the gathers; the mouse zooms, pans and reads time, trace and
-/// amplitude into the status bar. The traces keep the file's order.
+/// amplitude into the status bar. The gathers are those of the file's field records, in the file's
+/// order, unless another order is set.
 class OVGUI_EXPORT OvGatherViewController : public OvPlaneViewController
 {
     Q_OBJECT
@@ -33,6 +35,14 @@ public:
     OvStatus savePicture(const QString& path);
     /// The same as an image.
     QImage picture();
+    /// Which traces form a gather here, and in which order; the document's own order unless
+    /// changed. Picks belong to traces and so show in every order.
+    OvGatherOrder gatherOrder() const;
+    /// The gathers of this view; of the order from before while another one is worked out. Never
+    /// null.
+    std::shared_ptr<const OvSegyIndex> gatherIndex() const;
+    /// The current gather as one of document()->index(); -1 when this view has another order.
+    int documentGather() const;
     /// Whether the gather last asked for is on the screen.
     bool isShowingData() const;
 
@@ -46,6 +56,8 @@ public:
     QUndoStack* undoStack() const;
 
 public slots:
+    /// The trace that came first stays in view.
+    void setGatherOrder(const OvGatherOrder& order);
     /// Says why when editing is not possible, and stays off.
     void setEditing(bool editing);
     /// Milliseconds within which a pick made by hand snaps to an arrival; 0 exactly where clicked.
@@ -64,6 +76,7 @@ public slots:
 
 signals:
     void editingChanged(bool editing);
+    void gatherOrderChanged();
     /// The first time the current gather stands on the screen after a change of gather.
     void gatherShown(int gather);
 

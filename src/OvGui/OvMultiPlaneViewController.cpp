@@ -76,10 +76,9 @@ void OvMultiPlaneViewController::Private::eachCanvas(Action action) const
 void OvMultiPlaneViewController::Private::connectBar()
 {
     connect(bar, &OvPagingBar::gatherChosen, q, [this](int gather) { page(gather); });
-    connect(bar, &OvPagingBar::fieldRecordChosen, q, [this](int record) {
+    connect(bar, &OvPagingBar::keyChosen, q, [this](int value) {
         const auto* view = qobject_cast<OvGatherViewController*>(first());
-        const bool known = view != nullptr && view->document();
-        page(known ? view->document()->index()->gatherOfFieldRecord(record) : -1);
+        page(view != nullptr ? view->gatherIndex()->gatherOfKey(value) : -1);
     });
     const auto zoom = [this](double factor) {
         if (!panels.isEmpty() && panels.first()->canvas() != nullptr)
@@ -178,12 +177,16 @@ void OvMultiPlaneViewController::Private::followRecord(const OvPlaneViewControll
     const auto* view = qobject_cast<const OvGatherViewController*>(leader);
     if (view == nullptr || !view->document() || view->currentGather() >= view->gatherCount())
         return;
-    const qint32 record = view->document()->index()->fieldRecord(view->currentGather());
+    const auto index = view->gatherIndex();
+    const double key = index->keyValue(view->currentGather());
     for (const OvMirrorPanel* panel : qAsConst(panels)) {
         OvGatherViewController* other = panel->gatherSource();
         if (other == nullptr || other == leader || !other->document())
             continue;
-        const int gather = other->document()->index()->gatherOfFieldRecord(record);
+        // Another kind of gathers has nothing that corresponds.
+        const auto others = other->gatherIndex();
+        const int gather =
+            others->order().key == index->order().key ? others->gatherOfKey(key) : -1;
         if (gather >= 0)
             other->setCurrentGather(gather);
     }
@@ -199,8 +202,9 @@ void OvMultiPlaneViewController::Private::updateBar()
         return;
     const bool known = gatherView != nullptr && gatherView->document() &&
                        view->currentGather() < view->gatherCount();
-    bar->setGather(view->currentGather(), view->gatherCount(),
-                   known ? gatherView->document()->index()->fieldRecord(view->currentGather()) : 0);
+    const auto index = known ? gatherView->gatherIndex() : std::make_shared<const OvSegyIndex>();
+    bar->setGather(view->currentGather(), view->gatherCount(), index->order().key,
+                   known ? index->keyValue(view->currentGather()) : 0.0);
 }
 
 void OvMultiPlaneViewController::Private::retranslate()

@@ -135,6 +135,10 @@
         <source>%1 of %2 traces of the gather have a pick.</source>
         <translation>该道集 %2 道中有 %1 道已拾取。</translation>
     </message>
+    <message>
+        <source>One gather is picked where gathers are field records in file order. Choose them in the menu Data, Gathers By.</source>
+        <translation>单个道集的拾取仅适用于按野外文件号、文件顺序组成的道集。请在“数据”菜单的“道集方式”中选择。</translation>
+    </message>
 </context>
 <context>
     <name>OvGatherPicker</name>

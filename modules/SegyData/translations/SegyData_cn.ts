@@ -2,6 +2,65 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
+    <name>OvGatherOrderMenu</name>
+    <message>
+        <source>&amp;Gathers By</source>
+        <translation>道集方式(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Field Record</source>
+        <translation>野外文件号(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Source Position</source>
+        <translation>炮点位置(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Receiver Position</source>
+        <translation>检波点位置(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;CDP</source>
+        <translation>CDP(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Common &amp;Offset</source>
+        <translation>共炮检距(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Offset &amp;Bin Width...</source>
+        <translation>炮检距间隔(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>Traces whose offsets fall into the same bin form a gather</source>
+        <translation>炮检距落入同一间隔的道组成一个道集</translation>
+    </message>
+    <message>
+        <source>Sort &amp;Traces By</source>
+        <translation>道排序(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Descending</source>
+        <translation>降序(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Offset Bin Width</source>
+        <translation>炮检距间隔</translation>
+    </message>
+    <message>
+        <source>Width of a bin (m):</source>
+        <translation>间隔宽度 (m)：</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
     <name>OvHeaderMappingDlg</name>
     <message>
         <source>Header Mapping</source>

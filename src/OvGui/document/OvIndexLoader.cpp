@@ -16,9 +16,11 @@ int percentOf(qint64 done, qint64 total)
 
 } // namespace
 
-OvIndexLoader::OvIndexLoader(std::shared_ptr<const OvSegyFile> file, QObject* parent)
+OvIndexLoader::OvIndexLoader(std::shared_ptr<const OvSegyFile> file,
+                             const OvTraceHeaderMapping& mapping, QObject* parent)
     : QObject(parent)
     , m_file(std::move(file))
+    , m_mapping(mapping)
     , m_index(std::make_shared<const OvSegyIndex>())
     , m_reads(OvBackground::readPool())
     , m_scans(OvBackground::scanPool())
@@ -33,7 +35,7 @@ OvIndexLoader::~OvIndexLoader()
 
 void OvIndexLoader::start()
 {
-    if (m_running || m_complete)
+    if (m_running || (m_complete && !isStale()))
         return;
     m_running = true;
     m_percent = 0;
@@ -45,11 +47,42 @@ void OvIndexLoader::start()
         startScan();
         return;
     }
-    m_reads.run([this, file = m_file](const OvBackground::Post& post) {
+    m_reads.run([this, file = m_file, mapping = m_mapping,
+                 cancel = m_cancel](const OvBackground::Post& post) {
         auto index = std::make_shared<OvSegyIndex>();
-        const OvStatus status = index->buildFirstGather(*file);
-        post([this, status, index] { takeFirst(status, index); });
+        const OvStatus status = index->buildFirstGather(*file, mapping);
+        post([this, status, index, cancel] {
+            if (cancel == m_cancel)
+                takeFirst(status, index);
+        });
     });
+}
+
+void OvIndexLoader::setMapping(const OvTraceHeaderMapping& mapping)
+{
+    if (mapping == m_mapping)
+        return;
+    m_mapping = mapping;
+    if (m_running) {
+        m_cancel->store(true);
+        m_running = false;
+    }
+    if (!m_complete)
+        m_index = std::make_shared<const OvSegyIndex>();
+    start();
+    if (!m_running)
+        settle();
+}
+
+// Back to the mapping of the index that is there.
+void OvIndexLoader::settle()
+{
+    m_cancel.reset();
+    m_message.clear();
+    m_cancelled = false;
+    m_percent = 100;
+    finishJob(true);
+    emit completed();
 }
 
 void OvIndexLoader::makeJob()
@@ -76,14 +109,21 @@ void OvIndexLoader::takeFirst(const OvStatus& status, const std::shared_ptr<OvSe
 void OvIndexLoader::startScan()
 {
     const OvSegyIndexCache cache(OvBaseUtil::cachePath() + QStringLiteral("/segyindex"));
-    m_scans.run([this, cache, file = m_file, cancel = m_cancel](const OvBackground::Post& post) {
+    m_scans.run([this, cache, file = m_file, mapping = m_mapping,
+                 cancel = m_cancel](const OvBackground::Post& post) {
         auto index = std::make_shared<OvSegyIndex>();
         const auto tell = [&](qint64 done, qint64 total) {
-            post([this, percent = percentOf(done, total)] { takeProgress(percent); });
+            post([this, cancel, percent = percentOf(done, total)] {
+                if (cancel == m_cancel)
+                    takeProgress(percent);
+            });
             return !cancel->load();
         };
-        const OvStatus status = cache.obtain(*file, {}, tell, index.get());
-        post([this, status, index, cancel] { takeAll(status, index, cancel->load()); });
+        const OvStatus status = cache.obtain(*file, mapping, tell, index.get());
+        post([this, status, index, cancel] {
+            if (cancel == m_cancel)
+                takeAll(status, index, cancel->load());
+        });
     });
 }
 
@@ -101,16 +141,17 @@ void OvIndexLoader::takeAll(const OvStatus& status, const std::shared_ptr<OvSegy
                             bool cancelled)
 {
     m_running = false;
-    m_complete = status.ok() && index->traceCount() == m_file->info().traceCount;
-    if (m_complete) {
+    const bool done = status.ok() && index->traceCount() == m_file->info().traceCount;
+    if (done) {
+        m_complete = true;
         m_index = index;
         m_percent = 100;
     } else {
         m_cancelled = cancelled;
         m_message = status.message();
     }
-    finishJob();
-    if (m_complete)
+    finishJob(done);
+    if (done)
         emit completed();
     else
         emit failed(message());
@@ -118,6 +159,10 @@ void OvIndexLoader::takeAll(const OvStatus& status, const std::shared_ptr<OvSegy
 
 QString OvIndexLoader::cancelledMessage() const
 {
+    if (isStale())
+        return tr("Reading the headers of %1 by the new mapping was cancelled; the gathers are "
+                  "those of the mapping before. Read the headers to see the new ones.")
+            .arg(QFileInfo(m_file->info().path).fileName());
     return tr("Reading the headers of %1 was cancelled; only the first gather is "
               "shown. Read the headers to see all gathers.")
         .arg(QFileInfo(m_file->info().path).fileName());
@@ -132,11 +177,11 @@ void OvIndexLoader::retranslate()
         m_job->setMessage(cancelledMessage());
 }
 
-void OvIndexLoader::finishJob()
+void OvIndexLoader::finishJob(bool done)
 {
     if (!m_job)
         return;
-    if (!m_complete) {
+    if (!done) {
         m_job->finish(m_cancelled ? OvAbstractJob::Cancelled : OvAbstractJob::Failed, message());
         return;
     }

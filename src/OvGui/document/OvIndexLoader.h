@@ -4,6 +4,7 @@
 #include "OvSeismic/OvStatus.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "OvSeismic/segy/OvSegyIndex.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 #include <QObject>
 #include <QPointer>
@@ -21,11 +22,18 @@ class OvIndexLoader : public QObject
     Q_OBJECT
 
 public:
-    explicit OvIndexLoader(std::shared_ptr<const OvSegyFile> file, QObject* parent = nullptr);
+    OvIndexLoader(std::shared_ptr<const OvSegyFile> file, const OvTraceHeaderMapping& mapping,
+                  QObject* parent = nullptr);
     /// Stops a scan that still runs, without waiting for it.
     ~OvIndexLoader() override;
 
     void start();
+    /// Reads the headers by another mapping. A complete index stays as it is until the new one is
+    /// complete, also when that fails.
+    void setMapping(const OvTraceHeaderMapping& mapping);
+    const OvTraceHeaderMapping& mapping() const { return m_mapping; }
+    /// Whether the complete index was read by a mapping from before.
+    bool isStale() const { return m_complete && m_index->mapping() != m_mapping; }
     bool isRunning() const { return m_running; }
     bool isComplete() const { return m_complete; }
     int percent() const { return m_percent; }
@@ -42,17 +50,20 @@ signals:
     void failed(const QString& message);
 
 private:
+    using Flag = std::shared_ptr<std::atomic<bool>>;
     void startScan();
+    void settle();
     void makeJob();
     void takeFirst(const OvStatus& status, const std::shared_ptr<OvSegyIndex>& index);
     void takeProgress(int percent);
     void takeAll(const OvStatus& status, const std::shared_ptr<OvSegyIndex>& index, bool cancelled);
-    void finishJob();
+    void finishJob(bool done);
     QString cancelledMessage() const;
 
     std::shared_ptr<const OvSegyFile> m_file;
+    OvTraceHeaderMapping m_mapping;
     std::shared_ptr<const OvSegyIndex> m_index;
-    std::shared_ptr<std::atomic<bool>> m_cancel;
+    Flag m_cancel; // of the scan at work; what another one finds is dropped
     QPointer<OvAbstractJob> m_job;
     bool m_running = false;
     bool m_complete = false;

@@ -2,42 +2,30 @@
 
 #include "OvGui/document/OvSegyDocument.h"
 
-#include <algorithm>
+#include <memory>
 
 namespace {
 
 constexpr int mostSteps = 1000;
-
-QVector<OvTracePick> picksOf(const OvFirstBreaks& breaks, const QVector<OvTracePick>& like)
-{
-    QVector<OvTracePick> picks;
-    picks.reserve(like.size());
-    for (const OvTracePick& pick : like)
-        picks.append(OvTracePick::of(breaks, pick.row));
-    return picks;
-}
-
-OvFirstBreaks completeBreaks(const OvSegyDocument& document, int gather)
-{
-    OvFirstBreaks breaks = document.firstBreaks(gather);
-    breaks.resize(document.index()->gatherTraceCount(gather));
-    return breaks;
-}
 
 } // namespace
 
 class OvPickHistory::Step : public QUndoCommand
 {
 public:
-    Step(OvPickHistory* history, int gather, QVector<OvTracePick> before,
-         QVector<OvTracePick> after, const QString& text)
+    Step(OvPickHistory* history, const QString& text)
         : QUndoCommand(text)
         , m_history(history)
-        , m_gather(gather)
-        , m_before(std::move(before))
-        , m_after(std::move(after))
     {
     }
+
+    void add(qint64 trace, const OvTracePick& before, const OvTracePick& after)
+    {
+        m_traces.push_back(trace);
+        m_before.append(before);
+        m_after.append(after);
+    }
+    bool isEmpty() const { return m_traces.empty(); }
 
     void undo() override { store(m_before); }
     void redo() override { store(m_after); }
@@ -45,14 +33,14 @@ public:
 private:
     void store(const QVector<OvTracePick>& picks)
     {
-        m_history->m_gather = m_gather;
-        m_history->m_outcome = m_history->m_document->setPicks(m_gather, picks);
+        m_history->m_trace = m_traces.front();
+        m_history->m_outcome = m_history->m_document->setPicksOf(m_traces, picks);
         // A step that could not be taken must not be taken back.
         setObsolete(!m_history->m_outcome);
     }
 
     OvPickHistory* m_history;
-    int m_gather;
+    std::vector<qint64> m_traces;
     QVector<OvTracePick> m_before;
     QVector<OvTracePick> m_after;
 };
@@ -67,41 +55,63 @@ OvPickHistory::~OvPickHistory() = default;
 
 OvStatus OvPickHistory::edit(int gather, const QVector<OvTracePick>& picks, const QString& text)
 {
+    const auto index = m_document->index();
+    if (gather < 0 || gather >= index->gatherCount())
+        return m_document->firstBreakStatus();
+    const std::vector<qint64> all = index->gatherTraces(gather);
+    std::vector<qint64> traces;
+    QVector<OvTracePick> fitting;
+    for (const OvTracePick& pick : picks) {
+        if (pick.row < 0 || pick.row >= static_cast<int>(all.size()))
+            continue;
+        traces.push_back(all[static_cast<std::size_t>(pick.row)]);
+        fitting.append(pick);
+    }
+    return edit(traces, fitting, text);
+}
+
+OvStatus OvPickHistory::edit(const std::vector<qint64>& traces, const QVector<OvTracePick>& picks,
+                             const QString& text)
+{
     const OvStatus writable = m_document->firstBreakStatus();
-    if (!writable || gather < 0 || gather >= m_document->gatherCount())
+    if (!writable)
         return writable;
-    const OvFirstBreaks breaks = completeBreaks(*m_document, gather);
-    QVector<OvTracePick> after;
-    for (const OvTracePick& pick : picks)
-        if (pick.row >= 0 && pick.row < breaks.size() &&
-            !pick.isSame(OvTracePick::of(breaks, pick.row)))
-            after.append(pick);
-    if (after.isEmpty())
+    OvFirstBreaks breaks = m_document->firstBreaksOf(traces);
+    breaks.resize(picks.size());
+    auto step = std::make_unique<Step>(this, text);
+    for (int i = 0; i < picks.size(); ++i) {
+        OvTracePick after = picks.at(i);
+        after.row = i;
+        const OvTracePick before = OvTracePick::of(breaks, i);
+        if (!after.isSame(before))
+            step->add(traces[static_cast<std::size_t>(i)], before, after);
+    }
+    if (step->isEmpty())
         return OvStatus::success();
-    m_stack.push(new Step(this, gather, picksOf(breaks, after), after, text));
+    m_stack.push(step.release());
     return m_outcome;
 }
 
 template <typename Move>
-OvStatus OvPickHistory::move(bool possible, Move how, int* gather)
+OvStatus OvPickHistory::move(bool possible, Move how, qint64* trace)
 {
-    *gather = -1;
+    *trace = -1;
     const OvStatus writable = m_document->firstBreakStatus();
     if (!possible || !writable)
         return writable;
     how();
-    *gather = m_gather;
+    *trace = m_trace;
     return m_outcome;
 }
 
-OvStatus OvPickHistory::undo(int* gather)
+OvStatus OvPickHistory::undo(qint64* trace)
 {
     return move(
-        m_stack.canUndo(), [this] { m_stack.undo(); }, gather);
+        m_stack.canUndo(), [this] { m_stack.undo(); }, trace);
 }
 
-OvStatus OvPickHistory::redo(int* gather)
+OvStatus OvPickHistory::redo(qint64* trace)
 {
     return move(
-        m_stack.canRedo(), [this] { m_stack.redo(); }, gather);
+        m_stack.canRedo(), [this] { m_stack.redo(); }, trace);
 }

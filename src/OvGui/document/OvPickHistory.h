@@ -25,20 +25,24 @@ public:
     /// Stores picks of a gather as one step. Nothing happens when all are as they were. text names
     /// the step.
     OvStatus edit(int gather, const QVector<OvTracePick>& picks, const QString& text);
-    /// *gather receives the gather that was changed, -1 when there was nothing to undo. After a
+    /// The same for traces by their position in the file, one pick for each; the rows of the picks
+    /// mean nothing.
+    OvStatus edit(const std::vector<qint64>& traces, const QVector<OvTracePick>& picks,
+                  const QString& text);
+    /// *trace receives the first trace that was changed, -1 when there was nothing to undo. After a
     /// failure the picks are as they were.
-    OvStatus undo(int* gather);
-    OvStatus redo(int* gather);
+    OvStatus undo(qint64* trace);
+    OvStatus redo(qint64* trace);
     /// For actions that follow it; step back and forth with undo() and redo() above.
     QUndoStack* stack() { return &m_stack; }
 
 private:
     class Step;
     template <typename Move>
-    OvStatus move(bool possible, Move how, int* gather);
+    OvStatus move(bool possible, Move how, qint64* trace);
 
     OvSegyDocument* m_document;
     QUndoStack m_stack;
-    int m_gather = -1; // that was stored last
+    qint64 m_trace = -1; // the first that was stored last
     OvStatus m_outcome;
 };

@@ -1,9 +1,11 @@
 #include "OvGui/document/OvSegyDocument.h"
 
+#include "OvBase/OvProjectManager.h"
 #include "OvGui/document/OvFirstBreakStore.h"
 #include "OvGui/document/OvGatherReader.h"
 #include "OvGui/document/OvIndexLoader.h"
 #include "OvGui/document/OvPickHistory.h"
+#include "OvGui/document/OvProjectMapping.h"
 #include "OvGui/document/OvTracePick.h"
 
 #include <QCoreApplication>
@@ -46,6 +48,7 @@ public:
 
     QSharedPointer<OvSegyDocument> self() const { return registry().value(key).toStrongRef(); }
     void start(OvSegyDocument* q);
+    OvTraceHeaderMapping usableMapping(OvStatus* status) const;
     void connectLoader(OvSegyDocument* q);
     std::vector<qint64> tracesOf(int gather) const;
     OvStatus check(int gather, int breaks) const;
@@ -56,7 +59,7 @@ public:
 void OvSegyDocument::Private::start(OvSegyDocument* q)
 {
     store = std::make_unique<OvFirstBreakStore>(file->info());
-    loader = std::make_unique<OvIndexLoader>(file);
+    loader = std::make_unique<OvIndexLoader>(file, usableMapping(nullptr));
     reader = std::make_unique<OvGatherReader>(file);
     history = std::make_unique<OvPickHistory>(q);
     connectLoader(q);
@@ -67,7 +70,21 @@ void OvSegyDocument::Private::start(OvSegyDocument* q)
             const auto keep = self();
             emit q->gatherLoaded(gather, data, message);
         });
+    QObject::connect(&OvProjectManager::instance(), &OvProjectManager::traceHeaderDefineChanged, q,
+                     [this] {
+                         const auto keep = self();
+                         loader->setMapping(usableMapping(nullptr));
+                     });
     loader->start();
+}
+
+OvTraceHeaderMapping OvSegyDocument::Private::usableMapping(OvStatus* status) const
+{
+    const OvTraceHeaderMapping mapping = OvProjectMapping::mapping();
+    const OvStatus usable = mapping.validate(file->info().traceHeaderBytes());
+    if (status)
+        *status = usable;
+    return usable ? mapping : OvTraceHeaderMapping();
 }
 
 void OvSegyDocument::Private::connectLoader(OvSegyDocument* q)
@@ -157,6 +174,7 @@ QSharedPointer<OvSegyDocument> OvSegyDocument::open(const QString& path, OvStatu
     const QString key = keyOf(path);
     const QSharedPointer<OvSegyDocument> known = registry().value(key).toStrongRef();
     if (known) {
+        known->d->loader->setMapping(known->d->usableMapping(nullptr)); // of another project
         *status = OvStatus::success();
         return known;
     }
@@ -193,6 +211,16 @@ std::shared_ptr<const OvSegyFile> OvSegyDocument::sharedFile() const
 bool OvSegyDocument::isIndexComplete() const
 {
     return d->loader->isComplete();
+}
+
+bool OvSegyDocument::isIndexStale() const
+{
+    return d->loader->isStale();
+}
+
+OvTraceHeaderMapping OvSegyDocument::mapping(OvStatus* status) const
+{
+    return d->usableMapping(status);
 }
 
 bool OvSegyDocument::isIndexing() const
@@ -281,15 +309,10 @@ OvStatus OvSegyDocument::setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>
 OvStatus OvSegyDocument::setPicks(int gather, const QVector<OvTracePick>& picks)
 {
     const std::vector<qint64> traces = d->tracesOf(gather);
-    std::vector<OvFirstBreakUpdate> updates(1);
-    updates[0].breaks.resize(picks.size());
-    for (int i = 0; i < picks.size(); ++i) {
-        OvTracePick pick = picks.at(i);
-        updates[0].traces.push_back(traces.at(static_cast<std::size_t>(pick.row)));
-        pick.row = i;
-        pick.putInto(&updates[0].breaks);
-    }
-    return d->write(this, &updates);
+    std::vector<qint64> picked;
+    for (const OvTracePick& pick : picks)
+        picked.push_back(traces.at(static_cast<std::size_t>(pick.row)));
+    return setPicksOf(picked, picks);
 }
 
 OvStatus OvSegyDocument::setFirstBreaksOf(const std::vector<qint64>& traces,
@@ -320,6 +343,19 @@ void OvSegyDocument::takeStored(const std::vector<OvFirstBreakUpdate>& stored)
 void OvSegyDocument::endJobStorage()
 {
     d->store->endFollowing();
+}
+
+OvStatus OvSegyDocument::setPicksOf(const std::vector<qint64>& traces,
+                                    const QVector<OvTracePick>& picks)
+{
+    OvFirstBreaks breaks;
+    breaks.resize(picks.size());
+    for (int i = 0; i < picks.size(); ++i) {
+        OvTracePick pick = picks.at(i);
+        pick.row = i;
+        pick.putInto(&breaks);
+    }
+    return setFirstBreaksOf(traces, breaks);
 }
 
 OvPickHistory* OvSegyDocument::pickHistory() const

@@ -6,6 +6,7 @@
 #include "OvSeismic/segy/OvGather.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "OvSeismic/segy/OvSegyIndex.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 #include <QObject>
 #include <QSharedPointer>
@@ -40,10 +41,18 @@ public:
     /// For workers, which may outlive the document.
     std::shared_ptr<const OvSegyFile> sharedFile() const;
 
+    /// Where the words of the trace headers lie, by the open project; what the file cannot have (a
+    /// place behind its headers, say) makes it the standard mapping, with the reason in *status.
+    OvTraceHeaderMapping mapping(OvStatus* status = nullptr) const;
+
+    /// True from the first time on: while the headers are read again by another mapping the index
+    /// is the one from before.
     bool isIndexComplete() const;
+    /// Whether the index is complete, but by another mapping than mapping().
+    bool isIndexStale() const;
     /// Whether the headers are being read now.
     bool isIndexing() const;
-    /// Per cent of the headers read; 100 when the index is complete.
+    /// Per cent of the headers read; 100 when that has ended well.
     int indexPercent() const;
     /// Why the index is not complete although nobody reads it: a failure or a cancel; else empty.
     QString indexMessage() const;
@@ -74,6 +83,8 @@ public:
     OvStatus setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>& breaks);
     /// Some traces of a gather; the others stay as they are stored.
     OvStatus setPicks(int gather, const QVector<OvTracePick>& picks);
+    /// One pick for each of traces; the rows of the picks mean nothing.
+    OvStatus setPicksOf(const std::vector<qint64>& traces, const QVector<OvTracePick>& picks);
 
     /// The same by the traces' positions in the file, for gathers of another order than index()'s:
     /// one entry a trace, in the order of traces, empty when none of them has anything.
@@ -95,6 +106,7 @@ signals:
     void firstGatherReady();
     /// At most 20 times a second while the index is built; per cent.
     void indexProgress(int percent);
+    /// Each time that the index has become another one.
     void indexComplete();
     /// Also after a cancel; what was known stays.
     void indexFailed(const QString& message);

@@ -43,6 +43,7 @@ void OvMirrorPanel::mirrorGather(OvGatherViewController* source)
     m_canvas = new OvGatherCanvas(this);
     layout()->addWidget(m_canvas);
     m_pane = new OvGatherPane(source->document(), m_canvas);
+    m_pane->setOrder(source->gatherOrder());
     m_pane->setCurrentGather(source->currentGather());
     setFocusProxy(m_canvas);
     new OvPanTool(m_canvas);
@@ -51,6 +52,8 @@ void OvMirrorPanel::mirrorGather(OvGatherViewController* source)
     connect(readout, &OvReadoutTool::textChanged, this, &OvMirrorPanel::readoutChanged);
     connect(source, &OvPlaneViewController::currentGatherChanged, m_pane,
             &OvGatherPane::setCurrentGather);
+    connect(source, &OvGatherViewController::gatherOrderChanged, m_pane,
+            [this, source] { m_pane->setOrder(source->gatherOrder()); });
     connect(m_pane, &OvGatherPane::gatherShown, this, &OvMirrorPanel::gatherShown);
     source->installEventFilter(this);
     takeProperties();

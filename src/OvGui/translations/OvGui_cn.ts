@@ -42,8 +42,16 @@
         <translation>正在读取道头… %1 %；显示第一个道集</translation>
     </message>
     <message>
-        <source>field record %1 - gather %2 of %3</source>
-        <translation>野外文件号 %1 - 道集 %2 / %3</translation>
+        <source>%1 - gather %2 of %3</source>
+        <translation>%1 - 道集 %2 / %3</translation>
+    </message>
+    <message>
+        <source>Ordering the traces…</source>
+        <translation>正在排序各道…</translation>
+    </message>
+    <message>
+        <source>Reading headers by the new mapping… %1 %</source>
+        <translation>正在按新的映射读取道头… %1 %</translation>
     </message>
 </context>
 <context>
@@ -60,10 +68,6 @@
 <context>
     <name>OvGatherViewController</name>
     <message>
-        <source>There is no field record %1.</source>
-        <translation>没有野外文件号 %1。</translation>
-    </message>
-    <message>
         <source>No data</source>
         <translation>无数据</translation>
     </message>
@@ -75,6 +79,10 @@
         <source>The wheel zooms at the mouse, with Ctrl the time only, with Shift the traces only. Drag to move; drag with the right button, or with Shift, to zoom to a rectangle; double-click to see the whole gather. Left and Right, Page Up and Page Down leaf through the gathers, Up and Down scroll, + - and 0 zoom. E turns the editing of picks on and off: then click or drag to set picks, with Shift or the right button to remove, with Ctrl to reject them; Ctrl+Left and Ctrl+Right choose a trace, Up and Down move its pick, Space sets, Delete removes, R rejects it.</source>
         <translation>滚轮以鼠标位置为中心缩放，按住 Ctrl 只缩放时间，按住 Shift 只缩放道。拖动可移动数据；用右键拖动，或按住 Shift 拖动，可放大到所选矩形；双击显示整个道集。左右方向键和 Page Up、Page Down 翻阅道集，上下方向键滚动，+、- 和 0 缩放。E 键开启或关闭拾取编辑：开启后单击或拖动设置拾取，按住 Shift 或用右键删除，按住 Ctrl 剔除；Ctrl+左、Ctrl+右选择道，上下方向键移动该道的拾取，空格键设置，Delete 键删除，R 键剔除。</translation>
     </message>
+    <message>
+        <source>%1 %2 does not exist.</source>
+        <translation>没有%1为 %2 的道集。</translation>
+    </message>
 </context>
 <context>
     <name>OvIndexLoader</name>
@@ -85,6 +93,10 @@
     <message>
         <source>Reading the headers of %1 was cancelled; only the first gather is shown. Read the headers to see all gathers.</source>
         <translation>%1 的道头读取已取消；只显示第一个道集。读取道头后可查看全部道集。</translation>
+    </message>
+    <message>
+        <source>Reading the headers of %1 by the new mapping was cancelled; the gathers are those of the mapping before. Read the headers to see the new ones.</source>
+        <translation>已取消按新的映射读取 %1 的道头；道集仍按之前的映射。读取道头即可看到新的道集。</translation>
     </message>
 </context>
 <context>
@@ -164,6 +176,46 @@
         <source>Read all trace headers of the file, to see all its gathers</source>
         <translation>读取文件的全部道头，以查看其所有道集</translation>
     </message>
+    <message>
+        <source> m</source>
+        <translation> m</translation>
+    </message>
+    <message>
+        <source>Sou&amp;rce</source>
+        <translation>炮点(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Receiver</source>
+        <translation>检波点(&amp;R)</translation>
+    </message>
+    <message>
+        <source>CDP (&amp;R)</source>
+        <translation>CDP(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Offset (&amp;R)</source>
+        <translation>炮检距(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Go to a source position by its number, counted from the first trace on; the arrows step to the neighbouring gathers</source>
+        <translation>按编号转到炮点位置，编号从第一道起计；箭头转到相邻道集</translation>
+    </message>
+    <message>
+        <source>Go to a receiver position by its number, counted from the first trace on; the arrows step to the neighbouring gathers</source>
+        <translation>按编号转到检波点位置，编号从第一道起计；箭头转到相邻道集</translation>
+    </message>
+    <message>
+        <source>Go to a CDP; the arrows step to the neighbouring gathers</source>
+        <translation>转到指定 CDP；箭头转到相邻道集</translation>
+    </message>
+    <message>
+        <source>Go to the gather that an offset falls into; the arrows step to the neighbouring gathers</source>
+        <translation>转到炮检距所属的道集；箭头转到相邻道集</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>未知</translation>
+    </message>
 </context>
 <context>
     <name>OvPickDesk</name>
@@ -172,20 +224,20 @@
         <translation>没有可拾取的数据。</translation>
     </message>
     <message>
-        <source>Field record %1 has no picks to classify.</source>
-        <translation>野外文件号 %1 没有可判别的拾取。</translation>
-    </message>
-    <message>
-        <source>%1 of %2 picks of field record %3 look wrong and are rejected.</source>
-        <translation>野外文件号 %3 的 %2 个拾取中有 %1 个可能有误，已剔除。</translation>
-    </message>
-    <message>
         <source>The gather is not there yet.</source>
         <translation>道集尚未就绪。</translation>
     </message>
     <message>
         <source>Classify Error Picks</source>
         <translation>判别错误初至</translation>
+    </message>
+    <message>
+        <source>%1 has no picks to classify.</source>
+        <translation>%1没有可判别的拾取。</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 picks look wrong and are rejected.</source>
+        <translation>%1：%3 个拾取中有 %2 个可能有误，已剔除。</translation>
     </message>
 </context>
 <context>

@@ -2,8 +2,8 @@
 
 #include <QSpinBox>
 
-/// Takes the number of a field record; its arrows and keys step to the neighbouring gathers,
-/// whatever their numbers.
+/// Takes the number of a field record, or the key of gathers of another kind; its arrows and keys
+/// step to the neighbouring gathers, whatever their numbers.
 class OvFieldRecordBox : public QSpinBox
 {
     Q_OBJECT

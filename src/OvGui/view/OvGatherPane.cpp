@@ -27,22 +27,27 @@ OvGatherPane::OvGatherPane(QSharedPointer<OvSegyDocument> document, OvGatherCanv
             emit gatherShown(m_current);
         reportFirstBreaks();
     });
-    if (m_document) {
-        const OvSegyDocument* source = m_document.data();
-        connect(source, &OvSegyDocument::gatherLoaded, this, &OvGatherPane::takeLoaded);
-        connect(source, &OvSegyDocument::firstGatherReady, this, &OvGatherPane::takeIndex);
-        connect(source, &OvSegyDocument::indexComplete, this, &OvGatherPane::takeIndex);
-        connect(source, &OvSegyDocument::indexFailed, this, &OvGatherPane::updateMessage);
-        connect(source, &OvSegyDocument::indexProgress, this, &OvGatherPane::updateMessage);
-        connect(source, &OvSegyDocument::firstBreaksChanged, this, [this](int gather) {
-            if (gather == m_onCanvas)
-                updateBreaks();
-        });
-    }
+    if (m_document)
+        connectDocument();
     load();
 }
 
 OvGatherPane::~OvGatherPane() = default;
+
+void OvGatherPane::connectDocument()
+{
+    m_source = new OvGatherSource(m_document, this);
+    connect(m_source, &OvGatherSource::gatherLoaded, this, &OvGatherPane::takeLoaded);
+    connect(m_source, &OvGatherSource::indexChanged, this, &OvGatherPane::takeIndex);
+    const OvSegyDocument* document = m_document.data();
+    connect(document, &OvSegyDocument::indexFailed, this, &OvGatherPane::updateMessage);
+    connect(document, &OvSegyDocument::indexProgress, this, &OvGatherPane::updateMessage);
+    connect(document, &OvSegyDocument::tracePicksChanged, this,
+            [this](const std::vector<qint64>& traces) {
+                if (m_onCanvas >= 0 && m_source->holdsAny(m_onCanvas, traces))
+                    updateBreaks();
+            });
+}
 
 void OvGatherPane::reportFirstBreaks()
 {
@@ -56,12 +61,30 @@ void OvGatherPane::reportFirstBreaks()
 
 int OvGatherPane::gatherCount() const
 {
-    return m_document ? m_document->gatherCount() : 0;
+    return m_source ? m_source->gatherCount() : 0;
 }
 
-qint32 OvGatherPane::fieldRecord() const
+QString OvGatherPane::nameOf(int gather) const
 {
-    return m_current < gatherCount() ? m_document->index()->fieldRecord(m_current) : 0;
+    if (gather >= gatherCount())
+        return {};
+    const auto index = m_source->index();
+    return QStringLiteral("%1 %2").arg(OvGatherOrder::name(index->order().key),
+                                       index->gatherLabel(gather));
+}
+
+void OvGatherPane::showTrace(qint64 trace)
+{
+    const int gather = m_source ? m_source->index()->gatherOfTrace(trace) : -1;
+    if (gather >= 0)
+        setCurrentGather(gather);
+}
+
+void OvGatherPane::setOrder(const OvGatherOrder& order)
+{
+    if (m_source)
+        m_source->setOrder(order);
+    updateMessage();
 }
 
 void OvGatherPane::setCurrentGather(int gather)
@@ -92,7 +115,7 @@ void OvGatherPane::load()
     updateMessage();
     if (m_current >= gatherCount() || m_onCanvas == m_current)
         return;
-    const auto data = m_document->cachedGather(m_current);
+    const auto data = m_source->cachedGather(m_current);
     if (data) {
         show(data);
         return;
@@ -101,7 +124,7 @@ void OvGatherPane::load()
         return;
     m_requested = m_current;
     m_patience.start(patienceMs);
-    m_document->requestGather(m_current);
+    m_source->requestGather(m_current);
 }
 
 void OvGatherPane::takeLoaded(int gather, const std::shared_ptr<const OvGather>& data,
@@ -129,6 +152,8 @@ void OvGatherPane::takeLoaded(int gather, const std::shared_ptr<const OvGather>&
 void OvGatherPane::show(const std::shared_ptr<const OvGather>& data)
 {
     m_onCanvas = m_current;
+    m_shownOrder = m_source->index()->order();
+    m_shownMapping = m_source->index()->mapping();
     m_error.clear();
     m_painted = false;
     m_canvas->setGather(data);
@@ -139,13 +164,26 @@ void OvGatherPane::show(const std::shared_ptr<const OvGather>& data)
     emit showingChanged();
 }
 
+bool OvGatherPane::isSame(const OvGather& shown) const
+{
+    const auto index = m_source->index();
+    return m_onCanvas == m_current && shown.traceCount() == index->gatherTraceCount(m_current) &&
+           m_shownOrder == index->order() && m_shownMapping == index->mapping();
+}
+
 void OvGatherPane::takeIndex()
 {
+    const int before = m_current;
     const auto shown = m_canvas->gather();
-    const bool same = shown && m_current < gatherCount() &&
-                      shown->traceCount() == m_document->index()->gatherTraceCount(m_current);
-    if (!same)
+    const bool same = shown && m_current < gatherCount() && isSame(*shown);
+    if (!same) {
+        // The same traces stay in view, whatever gather they are in now.
+        const int gather = shown && shown->traceCount() > 0
+                               ? m_source->index()->gatherOfTrace(shown->headers.front().traceIndex)
+                               : m_current;
+        m_current = std::max(0, std::min(std::max(gather, 0), gatherCount() - 1));
         m_onCanvas = -1;
+    }
     m_requested = -1;
     m_error.clear();
     load();
@@ -154,20 +192,23 @@ void OvGatherPane::takeIndex()
     if (same)
         prefetch();
     emit gatherCountChanged();
+    if (m_current != before)
+        emit currentGatherChanged(m_current);
 }
 
 void OvGatherPane::prefetch()
 {
     for (const int gather : {m_current - 1, m_current + 1})
-        if (gather >= 0 && gather < gatherCount() && !m_document->cachedGather(gather))
-            m_document->requestGather(gather);
+        if (gather >= 0 && gather < gatherCount() && !m_source->cachedGather(gather))
+            m_source->requestGather(gather);
 }
 
 void OvGatherPane::updateBreaks()
 {
     if (m_onCanvas >= 0)
-        m_canvas->setFirstBreaks(m_document->firstBreaks(m_onCanvas));
-    m_canvas->setPreviewPicks(m_previewGather == m_onCanvas ? m_preview : OvFirstBreaks());
+        m_canvas->setFirstBreaks(m_source->firstBreaks(m_onCanvas));
+    const bool previews = m_source && m_source->documentGather(m_onCanvas) == m_previewGather;
+    m_canvas->setPreviewPicks(previews ? m_preview : OvFirstBreaks());
 }
 
 void OvGatherPane::setPreviewPicks(int gather, const OvFirstBreaks& breaks)
@@ -184,10 +225,9 @@ void OvGatherPane::updateTitle()
     const auto gather = m_canvas->gather();
     QString place;
     if (gather && m_onCanvas >= 0)
-        place = tr("field record %1 - gather %2 of %3")
-                    .arg(gather->fieldRecord)
-                    .arg(m_onCanvas + 1)
-                    .arg(gatherCount());
+        place = tr("%1 - gather %2 of %3")
+                    .arg(nameOf(m_onCanvas), QString::number(m_onCanvas + 1),
+                         QString::number(gatherCount()));
     m_canvas->setTitle(QFileInfo(m_document->segyPath()).fileName(), place);
 }
 
@@ -215,6 +255,8 @@ QString OvGatherPane::message() const
         return indexingMessage();
     if (!m_document->indexMessage().isEmpty())
         return m_document->indexMessage();
+    if (m_source->isOrdering() && m_document->isIndexComplete())
+        return tr("Ordering the traces…");
     if (gatherCount() == 0)
         return tr("%1 holds no traces.").arg(QFileInfo(m_document->segyPath()).fileName());
     if (m_onCanvas == m_current || (m_canvas->gather() && m_patience.isActive()))
@@ -228,6 +270,8 @@ QString OvGatherPane::indexingMessage() const
         return tr("Loading…");
     if (m_patience.isActive())
         return {};
+    if (m_document->isIndexComplete())
+        return tr("Reading headers by the new mapping… %1 %").arg(m_document->indexPercent());
     return tr("Reading headers… %1 %; showing the first gather").arg(m_document->indexPercent());
 }
 

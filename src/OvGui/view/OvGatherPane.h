@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OvGui/document/OvSegyDocument.h"
+#include "OvGui/document/OvGatherSource.h"
 
 #include <QObject>
 #include <QTimer>
@@ -19,9 +19,16 @@ public:
     ~OvGatherPane() override;
 
     QSharedPointer<OvSegyDocument> document() const { return m_document; }
+    /// Null without a document.
+    OvGatherSource* source() const { return m_source; }
     int currentGather() const { return m_current; }
     int gatherCount() const;
-    qint32 fieldRecord() const;
+    /// "Field record 12", "Common offset 25 - 50 m": the key of the current gather.
+    QString gatherName() const { return nameOf(m_current); }
+    /// Goes to the gather that a trace of the file is in.
+    void showTrace(qint64 trace);
+    /// Keeps the trace in view that came first before.
+    void setOrder(const OvGatherOrder& order);
     /// Bounded to the gathers there are.
     void setCurrentGather(int gather);
     /// Shows proposed picks whenever that gather is on the canvas; empty ones end it.
@@ -42,11 +49,14 @@ signals:
     void info(const QString& text);
 
 private:
+    void connectDocument();
     void load();
     void takeLoaded(int gather, const std::shared_ptr<const OvGather>& data,
                     const QString& message);
     void show(const std::shared_ptr<const OvGather>& data);
     void takeIndex();
+    bool isSame(const OvGather& shown) const;
+    QString nameOf(int gather) const;
     void prefetch();
     /// Says once that the first breaks cannot be used, if so.
     void reportFirstBreaks();
@@ -58,8 +68,11 @@ private:
 
     QSharedPointer<OvSegyDocument> m_document;
     OvGatherCanvas* m_canvas;
+    OvGatherSource* m_source = nullptr;
     int m_current = 0;
     int m_onCanvas = -1;
+    OvGatherOrder m_shownOrder; // of what is on the canvas
+    OvTraceHeaderMapping m_shownMapping;
     int m_requested = -1;
     int m_previewGather = -1;
     OvFirstBreaks m_preview;

@@ -9,6 +9,8 @@
 #include <QSlider>
 #include <QToolButton>
 
+#include <cmath>
+
 OvPagingBar::OvPagingBar(QWidget* parent)
     : QWidget(parent)
 {
@@ -16,7 +18,7 @@ OvPagingBar::OvPagingBar(QWidget* parent)
     arrange();
     connectWidgets();
     retranslate();
-    setGather(0, 0, 0);
+    setGather(0, 0, OvGatherKey::FieldRecord, 0.0);
 }
 
 QToolButton* OvPagingBar::makeButton(const QString& name)
@@ -86,7 +88,7 @@ void OvPagingBar::connectWidgets()
     connect(m_gatherBox, QOverload<int>::of(&QSpinBox::valueChanged), this,
             [this](int number) { emit gatherChosen(number - 1); });
     connect(m_recordBox, QOverload<int>::of(&QSpinBox::valueChanged), this,
-            &OvPagingBar::fieldRecordChosen);
+            &OvPagingBar::keyChosen);
     connect(m_recordBox, &OvFieldRecordBox::stepped, this,
             [this](int steps) { emit gatherChosen(m_gather + steps); });
     connect(m_zoomIn, &QToolButton::clicked, this, &OvPagingBar::zoomInChosen);
@@ -95,11 +97,11 @@ void OvPagingBar::connectWidgets()
     connect(m_index, &QToolButton::clicked, this, &OvPagingBar::indexChosen);
 }
 
-void OvPagingBar::setGather(int gather, int count, qint32 fieldRecord)
+void OvPagingBar::setGather(int gather, int count, OvGatherKey key, double value)
 {
     m_gather = gather;
     m_count = count;
-    m_fieldRecord = fieldRecord;
+    m_key = key;
     const QSignalBlocker slider(m_slider);
     const QSignalBlocker gatherBox(m_gatherBox);
     const QSignalBlocker recordBox(m_recordBox);
@@ -108,13 +110,33 @@ void OvPagingBar::setGather(int gather, int count, qint32 fieldRecord)
     m_slider->setValue(gather);
     m_gatherBox->setRange(qMin(1, count), count);
     m_gatherBox->setValue(gather + 1);
-    m_recordBox->setValue(fieldRecord);
+    m_recordBox->setSuffix(key == OvGatherKey::OffsetBin ? tr(" m") : QString());
+    m_recordBox->setValue(std::isnan(value) ? m_recordBox->minimum()
+                                            : static_cast<int>(std::floor(value)));
     m_previous->setEnabled(gather > 0);
     m_next->setEnabled(gather + 1 < count);
     for (QWidget* widget : {static_cast<QWidget*>(m_slider), static_cast<QWidget*>(m_gatherBox),
                             static_cast<QWidget*>(m_recordBox)})
         widget->setEnabled(count > 1);
     m_countLabel->setText(tr("of %1").arg(count));
+    retranslateKey();
+}
+
+void OvPagingBar::retranslateKey()
+{
+    const QStringList labels{tr("Field &record"), tr("Sou&rce"), tr("&Receiver"), tr("CDP (&R)"),
+                             tr("Offset (&R)")};
+    const QStringList tips{tr("Go to a field record; the arrows step to the neighbouring gathers"),
+                           tr("Go to a source position by its number, counted from the first trace "
+                              "on; the arrows step to the neighbouring gathers"),
+                           tr("Go to a receiver position by its number, counted from the first "
+                              "trace on; the arrows step to the neighbouring gathers"),
+                           tr("Go to a CDP; the arrows step to the neighbouring gathers"),
+                           tr("Go to the gather that an offset falls into; the arrows step to the "
+                              "neighbouring gathers")};
+    m_recordLabel->setText(labels.at(static_cast<int>(m_key)));
+    m_recordBox->setToolTip(tips.at(static_cast<int>(m_key)));
+    m_recordBox->setSpecialValueText(tr("unknown"));
 }
 
 void OvPagingBar::setIndexOffered(bool offered)
@@ -131,7 +153,6 @@ void OvPagingBar::setReadout(const QString& text)
 void OvPagingBar::retranslate()
 {
     m_gatherLabel->setText(tr("&Gather"));
-    m_recordLabel->setText(tr("Field &record"));
     m_countLabel->setText(tr("of %1").arg(m_count));
     m_zoomOut->setText(tr("−"));
     m_zoomIn->setText(tr("+"));
@@ -142,8 +163,7 @@ void OvPagingBar::retranslate()
     m_next->setToolTip(tr("Next gather (Right or Page Down)"));
     m_slider->setToolTip(tr("Leaf through the gathers (Home and End for the first and the last)"));
     m_gatherBox->setToolTip(tr("Position of the gather in the file"));
-    m_recordBox->setToolTip(
-        tr("Go to a field record; the arrows step to the neighbouring gathers"));
+    retranslateKey();
     m_zoomIn->setToolTip(tr("Zoom in (+)"));
     m_zoomOut->setToolTip(tr("Zoom out (-)"));
     m_fit->setToolTip(tr("Show the whole gather (0)"));

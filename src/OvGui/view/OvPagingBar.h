@@ -1,5 +1,7 @@
 #pragma once
 
+#include "OvSeismic/segy/OvGatherOrder.h"
+
 #include <QWidget>
 
 class OvFieldRecordBox;
@@ -8,7 +10,7 @@ class QSlider;
 class QSpinBox;
 class QToolButton;
 
-/// The strip under a gather: paging, field record, zoom, and what lies under the mouse.
+/// The strip under a gather: paging, the key of the gather, zoom, and what lies under the mouse.
 class OvPagingBar : public QWidget
 {
     Q_OBJECT
@@ -16,8 +18,8 @@ class OvPagingBar : public QWidget
 public:
     explicit OvPagingBar(QWidget* parent = nullptr);
 
-    /// gather counts from 0. Emits nothing.
-    void setGather(int gather, int count, qint32 fieldRecord);
+    /// gather counts from 0; value is that of its key, NaN where that is unknown. Emits nothing.
+    void setGather(int gather, int count, OvGatherKey key, double value);
     /// Offers to read the headers (again).
     void setIndexOffered(bool offered);
     void setReadout(const QString& text);
@@ -25,7 +27,8 @@ public:
 
 signals:
     void gatherChosen(int gather);
-    void fieldRecordChosen(int fieldRecord);
+    /// A value of the key: field record, CDP, number of a position, offset in m.
+    void keyChosen(int value);
     void zoomInChosen();
     void zoomOutChosen();
     void fitChosen();
@@ -35,11 +38,12 @@ private:
     void makeWidgets();
     void arrange();
     void connectWidgets();
+    void retranslateKey();
     QToolButton* makeButton(const QString& name);
 
     int m_gather = 0;
     int m_count = 0;
-    qint32 m_fieldRecord = 0;
+    OvGatherKey m_key = OvGatherKey::FieldRecord;
     QToolButton* m_previous;
     QToolButton* m_next;
     QSlider* m_slider;

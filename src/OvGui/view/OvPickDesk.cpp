@@ -46,17 +46,26 @@ void OvPickDesk::store(const QVector<OvTracePick>& picks, const QString& text)
     const auto document = m_pane->document();
     if (!document || !m_pane->isOnCanvas())
         return;
-    const OvStatus status = document->pickHistory()->edit(m_pane->currentGather(), picks, text);
+    const OvStatus status = edit(picks, text);
     if (!status)
         emit info(status.message());
 }
 
-void OvPickDesk::showOutcome(const OvStatus& status, int gather)
+OvStatus OvPickDesk::edit(const QVector<OvTracePick>& picks, const QString& text)
+{
+    const auto gather = m_canvas->gather();
+    std::vector<qint64> traces;
+    for (const OvTracePick& pick : picks)
+        traces.push_back(gather->headers.at(static_cast<std::size_t>(pick.row)).traceIndex);
+    return m_pane->document()->pickHistory()->edit(traces, picks, text);
+}
+
+void OvPickDesk::showOutcome(const OvStatus& status, qint64 trace)
 {
     if (!status)
         emit info(status.message());
-    else if (gather >= 0)
-        m_pane->setCurrentGather(gather);
+    else if (trace >= 0)
+        m_pane->showTrace(trace);
 }
 
 void OvPickDesk::undo()
@@ -64,9 +73,9 @@ void OvPickDesk::undo()
     const auto document = m_pane->document();
     if (!document)
         return;
-    int gather = -1;
-    const OvStatus status = document->pickHistory()->undo(&gather);
-    showOutcome(status, gather);
+    qint64 trace = -1;
+    const OvStatus status = document->pickHistory()->undo(&trace);
+    showOutcome(status, trace);
 }
 
 void OvPickDesk::redo()
@@ -74,20 +83,18 @@ void OvPickDesk::redo()
     const auto document = m_pane->document();
     if (!document)
         return;
-    int gather = -1;
-    const OvStatus status = document->pickHistory()->redo(&gather);
-    showOutcome(status, gather);
+    qint64 trace = -1;
+    const OvStatus status = document->pickHistory()->redo(&trace);
+    showOutcome(status, trace);
 }
 
 QString OvPickDesk::summary(int wrong, int picked) const
 {
-    const QString record = QString::number(m_pane->fieldRecord());
+    const QString name = m_pane->gatherName();
     if (picked == 0)
-        return tr("Field record %1 has no picks to classify.").arg(record);
-    return tr("%1 of %2 picks of field record %3 look wrong and are rejected.")
-        .arg(wrong)
-        .arg(picked)
-        .arg(record);
+        return tr("%1 has no picks to classify.").arg(name);
+    return tr("%1: %2 of %3 picks look wrong and are rejected.")
+        .arg(name, QString::number(wrong), QString::number(picked));
 }
 
 void OvPickDesk::classify()
@@ -105,7 +112,6 @@ void OvPickDesk::classify()
         picks.append(pick);
     }
     const auto document = m_pane->document();
-    const OvStatus status =
-        document->pickHistory()->edit(m_pane->currentGather(), picks, tr("Classify Error Picks"));
+    const OvStatus status = edit(picks, tr("Classify Error Picks"));
     emit info(status ? summary(picks.size(), breaks.pickedCount()) : status.message());
 }

@@ -36,7 +36,8 @@ signals:
 
 private:
     void store(const QVector<OvTracePick>& picks, const QString& text);
-    void showOutcome(const OvStatus& status, int gather);
+    OvStatus edit(const QVector<OvTracePick>& picks, const QString& text);
+    void showOutcome(const OvStatus& status, qint64 trace);
     QString summary(int wrong, int picked) const;
 
     OvGatherPane* m_pane;

@@ -69,11 +69,12 @@ OvStatus OvHeaderSurvey::run(const OvSegyFile& file, const OvTraceHeaderMapping&
 {
     *this = {};
     m_mapping = mapping;
-    const Spread spread(file.info().traceCount, std::max(groupSize, mostTraces));
+    OvStatus status = file.locate({}, mostTraces);
+    const qint64 traces = file.locatedCount();
+    const Spread spread(traces, std::max(groupSize, mostTraces));
     std::vector<char> header(static_cast<std::size_t>(mapping.extent()));
     QElapsedTimer sinceProgress;
     sinceProgress.start();
-    OvStatus status;
     for (qint64 n = 0; n < spread.count() && status; ++n) {
         status = file.readHeaderBytes(spread.trace(n), mapping.extent(), header.data());
         if (!status)

@@ -48,6 +48,8 @@ struct OvSegyFileInfo
     QVector<QPair<qint64, qint64>> warningBytes;
 
     double intervalMs() const { return intervalUs / 1000.0; }
+    /// Bytes of the headers of one trace, extension headers included.
+    int traceHeaderBytes() const { return 240 * (1 + extraTraceHeaders); }
     /// Bytes of one trace's headers, extension headers included.
     int headerBytes() const { return 240 * (1 + extraTraceHeaders); }
 };

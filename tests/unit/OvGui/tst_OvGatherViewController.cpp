@@ -98,7 +98,7 @@ private slots:
     void titleAndStripNameTheGather()
     {
         QCOMPARE(Views::canvasOf(*m_view)->title(),
-                 QString("line.sgy - field record 100 - gather 1 of 5"));
+                 QString("line.sgy - Field record 100 - gather 1 of 5"));
         QCOMPARE(child<QSlider>("gatherSlider")->maximum(), 4);
         QCOMPARE(child<QSpinBox>("gatherBox")->value(), 1);
         QCOMPARE(child<QSpinBox>("fieldRecordBox")->value(), 100);

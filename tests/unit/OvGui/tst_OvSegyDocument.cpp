@@ -349,8 +349,9 @@ private slots:
         document->endJobStorage();
         QCOMPARE(document->firstBreaks(1).timesMs[5], 99.0F);
         QCOMPARE(document->firstBreaks(1).timesMs[6], 20.0F);
-        int gather = -1;
-        QVERIFY(document->pickHistory()->undo(&gather));
+        qint64 trace = -1;
+        QVERIFY(document->pickHistory()->undo(&trace));
+        QCOMPARE(trace, qint64(24 + 6));
         QCOMPARE(document->firstBreaks(1).timesMs[5], 99.0F);
         QCOMPARE(document->firstBreaks(1).timesMs[6], 10.0F);
     }

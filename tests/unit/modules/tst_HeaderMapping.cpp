@@ -60,6 +60,10 @@ private slots:
     void examinesTheWholeFile();
     void surveysASpreadOfALongFile();
     void keepsTheMappingWithTheProject();
+    void readsTheHeadersOfOpenFilesAgain();
+    void aFileOpenedLaterIsReadByIt();
+    void aCancelKeepsTheGathersFromBefore();
+    void aFileWithoutSuchBytesKeepsTheStandard();
     void cancelKeepsNothing();
     void remembersItsPlace();
     void opensItsPageWithF1();
@@ -422,6 +426,93 @@ void tst_HeaderMapping::keepsTheMappingWithTheProject()
     PluginSession other;
     QVERIFY(other.openProject());
     QVERIFY(OvProjectMapping::mapping().isDefault());
+}
+
+void tst_HeaderMapping::readsTheHeadersOfOpenFilesAgain()
+{
+    openDialog(twoShots());
+    const auto document = m_session->lastView()->document();
+    QTRY_VERIFY(document->isIndexComplete());
+    QCOMPARE(document->index()->fieldRecord(0), 100);
+    OvFirstBreaks breaks;
+    breaks.resize(10);
+    breaks.timesMs[3] = 12.0F;
+    breaks.states[3] = OvPickState::Manual;
+    QVERIFY(document->setFirstBreaks(1, breaks));
+    // The last digits of the crossline: five traces a record.
+    set(Mapping::FieldRecord, Byte, 195);
+    set(Mapping::FieldRecord, Type, int(OvHeaderType::Int16));
+    press(QDialogButtonBox::Ok);
+    QTRY_COMPARE(document->gatherCount(), 1); // each trace a record of its own: one gather
+    QCOMPARE(document->index()->fieldRecord(0), 50);
+    QVERIFY(document->isIndexComplete() && !document->isIndexStale());
+    QCOMPARE(document->firstBreaks(0).timesMs[13], 12.0F); // the pick is with its trace
+    QTRY_COMPARE(m_session->lastView()->gatherCount(), 1);
+}
+
+void tst_HeaderMapping::aFileOpenedLaterIsReadByIt()
+{
+    QVERIFY(m_session->openProject());
+    Mapping mapping;
+    mapping.setWord(Mapping::FieldRecord, {189, OvHeaderType::Int32, OvHeaderOrder::File});
+    QVERIFY(OvProjectMapping::setMapping(mapping));
+    QVERIFY(twoShots().write(m_session->path(QStringLiteral("line.sgy"))));
+    OvStatus status;
+    const auto document =
+        OvSegyDocument::open(m_session->path(QStringLiteral("line.sgy")), &status);
+    QVERIFY(document);
+    QTRY_VERIFY(document->isIndexComplete());
+    QCOMPARE(document->index()->fieldRecord(0), 7);
+    QCOMPARE(document->index()->fieldRecord(1), 8);
+    // Another project, another mapping.
+    PluginSession other;
+    QVERIFY(other.openProject());
+    QCOMPARE(OvSegyDocument::open(document->segyPath(), &status), document);
+    QTRY_COMPARE(document->index()->fieldRecord(0), 100);
+}
+
+void tst_HeaderMapping::aCancelKeepsTheGathersFromBefore()
+{
+    SegyWriter writer = twoShots();
+    const QString path = m_session->path(QStringLiteral("line.sgy"));
+    QVERIFY(writer.write(path));
+    QVERIFY(QFile::resize(path, 3600 + qint64(3000000) * 280)); // enough to be caught at it
+    QVERIFY(m_session->openProject());
+    OvStatus status;
+    const auto document = OvSegyDocument::open(path, &status);
+    QVERIFY(document);
+    QTRY_VERIFY_WITH_TIMEOUT(document->isIndexComplete(), 60000);
+    const auto before = document->index();
+    Mapping mapping;
+    mapping.setWord(Mapping::FieldRecord, {189, OvHeaderType::Int32, OvHeaderOrder::File});
+    QVERIFY(OvProjectMapping::setMapping(mapping));
+    QVERIFY(document->isIndexing() && document->isIndexStale());
+    for (OvAbstractJob* job : OvTaskManager::instance().tasks())
+        job->requestCancel();
+    QTRY_VERIFY(!document->isIndexing());
+    QCOMPARE(document->index(), before);
+    QVERIFY(document->isIndexComplete() && document->isIndexStale());
+    QVERIFY2(document->indexMessage().contains(QLatin1String("mapping before")),
+             qPrintable(document->indexMessage()));
+    // Back to what it was read by: nothing is left to do.
+    QVERIFY(OvProjectMapping::setMapping({}));
+    QVERIFY(!document->isIndexing() && !document->isIndexStale());
+    QCOMPARE(document->indexMessage(), QString());
+}
+
+void tst_HeaderMapping::aFileWithoutSuchBytesKeepsTheStandard()
+{
+    QVERIFY(m_session->openProject());
+    QVERIFY(OvProjectMapping::setMapping(Mapping::preset(Mapping::Revision2)));
+    QVERIFY(twoShots().write(m_session->path(QStringLiteral("line.sgy"))));
+    OvStatus status;
+    const auto document =
+        OvSegyDocument::open(m_session->path(QStringLiteral("line.sgy")), &status);
+    QVERIFY(document);
+    QTRY_VERIFY(document->isIndexComplete());
+    QCOMPARE(document->index()->fieldRecord(0), 100);
+    QVERIFY(document->mapping(&status).isDefault());
+    QVERIFY2(status.message().contains(QLatin1String("240 bytes")), qPrintable(status.message()));
 }
 
 void tst_HeaderMapping::cancelKeepsNothing()
