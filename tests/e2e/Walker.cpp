@@ -11,6 +11,8 @@ namespace {
 constexpr int toolTimeoutMs = 20000;
 constexpr int probeTimeoutMs = 5000;
 constexpr int screenAttempts = 3;
+constexpr int loginAttempts = 3;
+constexpr int loginPatienceMs = 10000;
 
 QString buildFolder()
 {
@@ -157,9 +159,28 @@ QString Walker::waitForWindow(int timeoutMs)
         },
         timeoutMs);
     const QString first = QString::fromLatin1(windows.split('\n').last());
-    if (!first.isEmpty())
-        tool("xdotool", {"windowactivate", "--sync", first});
-    return first;
+    if (first.isEmpty())
+        return first;
+    tool("xdotool", {"windowactivate", "--sync", first});
+    // The program takes the focus by itself, some time after the window manager has offered it;
+    // keys before that are lost.
+    const bool focused = waitFor([&] {
+        return tool("xdotool", {"getwindowfocus", "-f"}).trimmed() == first.toLatin1();
+    });
+    return focused ? first : QString();
+}
+
+bool Walker::logIn()
+{
+    for (int attempt = 1; attempt <= loginAttempts; ++attempt) {
+        if (waitForWindow().isEmpty())
+            return false;
+        key("Return");
+        if (waitFor([this] { return !ask("window").isEmpty(); }, loginPatienceMs))
+            return waitForMainWindow();
+        qWarning().noquote() << "Return number" << attempt << "had no effect." << programOutput();
+    }
+    return false;
 }
 
 void Walker::key(const QString& keys)
@@ -244,10 +265,16 @@ bool Walker::waitForMainWindow()
 
 bool Walker::waitForDialog(const QString& name)
 {
+    // Keys are lost before it has the focus, and the mouse misses while it is still being placed.
+    QJsonValue before;
     return waitFor([&] {
         const QJsonObject window = ask("window");
         const QString modal = window["modalClass"].toString();
-        return !modal.isEmpty() && (name.isEmpty() || modal == name || window["modal"] == name);
+        const QJsonValue now = window["modalRect"];
+        const bool isStill = now == before;
+        before = now;
+        return isStill && window["modalActive"].toBool() && !modal.isEmpty() &&
+               (name.isEmpty() || modal == name || window["modal"] == name);
     });
 }
 

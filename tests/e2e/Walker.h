@@ -35,6 +35,10 @@ public:
     /// The first window of the program that the window manager shows; empty when none comes.
     QString waitForWindow(int timeoutMs = 30000);
 
+    /// Return in the login window, again where the first one was lost, until the main window is
+    /// there.
+    bool logIn();
+
     void key(const QString& keys);
     void type(const QString& text);
     void click(const QRect& rect);

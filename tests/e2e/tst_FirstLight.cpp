@@ -99,10 +99,7 @@ void tst_FirstLight::cleanup()
 
 bool tst_FirstLight::enter(const QStringList& arguments)
 {
-    if (!m_walker.startProgram(arguments) || m_walker.waitForWindow().isEmpty())
-        return false;
-    m_walker.key("Return");
-    return m_walker.waitForMainWindow();
+    return m_walker.startProgram(arguments) && m_walker.logIn();
 }
 
 bool tst_FirstLight::makeProject(const QString& name, const QString& folder)

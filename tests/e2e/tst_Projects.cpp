@@ -56,10 +56,7 @@ void tst_Projects::cleanup()
 
 bool tst_Projects::enter(const QString& language)
 {
-    if (!m_walker.startProgram({"--lang", language}) || m_walker.waitForWindow().isEmpty())
-        return false;
-    m_walker.key("Return");
-    return m_walker.waitForMainWindow();
+    return m_walker.startProgram({"--lang", language}) && m_walker.logIn();
 }
 
 bool tst_Projects::leave()

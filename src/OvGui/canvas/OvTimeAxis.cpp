@@ -74,7 +74,8 @@ void OvTimeAxis::paint(QPainter* painter, const QRect& area, const OvViewState& 
 {
     const QFontMetrics metrics(painter->font());
     const double step = niceStep(state.pixelsPerMs(), labelDistance(metrics));
-    for (const Tick& tick : ticks(state, labelDistance(metrics))) {
+    const auto drawn = ticks(state, labelDistance(metrics));
+    for (const Tick& tick : drawn) {
         const int y = area.top() + static_cast<int>(std::lround(state.yOf(tick.timeMs)));
         const int length = tick.major ? tickLength : tickLength / 2;
         painter->drawLine(area.right() - length, y, area.right(), y);

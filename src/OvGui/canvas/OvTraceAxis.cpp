@@ -142,7 +142,8 @@ void OvTraceAxis::paint(QPainter* painter, const QRect& area, const OvViewState&
                 painter->drawLine(xOf(row), area.bottom() - tickLength / 2, xOf(row),
                                   area.bottom());
     const int textTop = area.bottom() - tickLength - metrics.height();
-    for (const Tick& tick : ticks(state, metrics)) {
+    const auto drawn = ticks(state, metrics);
+    for (const Tick& tick : drawn) {
         const int x = xOf(tick.row);
         if (x < area.left() || x > area.right())
             continue;

@@ -53,16 +53,23 @@ QImage OvWiggleRenderer::render()
     return picture();
 }
 
+quint8* OvWiggleRenderer::paperLine(int y)
+{
+    return m_paper.data() +
+           static_cast<std::size_t>(y) * static_cast<std::size_t>(m_geometry.width);
+}
+
 void OvWiggleRenderer::drawDead(int row)
 {
     const double width = m_geometry.width;
     const auto begin = static_cast<int>(std::clamp(std::round(m_geometry.xOf(row)), 0.0, width));
     const auto end = static_cast<int>(std::clamp(std::round(m_geometry.xOf(row + 1)), 0.0, width));
     const OvTileGeometry::Lines lines = m_geometry.linesOf(m_gather.gather(), row);
-    for (int y = lines.first; y < lines.end; ++y)
+    for (int y = lines.first; y < lines.end; ++y) {
+        quint8* line = paperLine(y);
         for (int x = begin; x < end; ++x)
-            m_paper[static_cast<std::size_t>(y * m_geometry.width + x)] =
-                static_cast<quint8>(qRed(OvPaper::deadColor(x, y)));
+            line[x] = static_cast<quint8>(qRed(OvPaper::deadColor(x, y)));
+    }
 }
 
 void OvWiggleRenderer::drawTrace(int row)
@@ -128,7 +135,8 @@ void OvWiggleRenderer::drawRow(int y, double center)
     m_coverEnd = 0;
     for (int subRow = y * subRows; subRow < (y + 1) * subRows; ++subRow) {
         const Span line = ink(subRow);
-        const Span& here = m_spans[static_cast<std::size_t>(subRow + m_reach)];
+        const Span& here =
+            m_spans[static_cast<std::size_t>(subRow) + static_cast<std::size_t>(m_reach)];
         const bool filled = m_area && here.low <= here.high && here.high > 0.0F;
         const bool lined = m_line && line.low <= line.high;
         if (!filled && !lined)
@@ -166,10 +174,12 @@ void OvWiggleRenderer::cover(double from, double to)
 void OvWiggleRenderer::blend(int y)
 {
     const int end = std::min(m_coverEnd, m_geometry.width);
-    quint8* line = m_paper.data() + static_cast<std::size_t>(y * m_geometry.width);
+    quint8* line = paperLine(y);
     for (int x = m_coverBegin; x < end; ++x) {
         const float ink = std::min(1.0F, m_cover[static_cast<std::size_t>(x)]);
-        line[x] = static_cast<quint8>(static_cast<float>(line[x]) * (1.0F - ink) + 0.5F);
+        const float shade = static_cast<float>(line[x]) * (1.0F - ink);
+        // Never negative, so cutting off rounds well, several pixels at a time.
+        line[x] = static_cast<quint8>(shade + 0.5F); // NOLINT(bugprone-incorrect-roundings)
     }
     std::fill(m_cover.begin() + std::min(m_coverBegin, m_coverEnd), m_cover.begin() + m_coverEnd,
               0.0F);
@@ -180,7 +190,8 @@ QImage OvWiggleRenderer::picture() const
     QImage image(m_geometry.width, m_geometry.height, QImage::Format_RGB32);
     for (int y = 0; y < m_geometry.height; ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        const quint8* paper = m_paper.data() + static_cast<std::size_t>(y * m_geometry.width);
+        const quint8* paper = m_paper.data() + static_cast<std::size_t>(y) *
+                                                   static_cast<std::size_t>(m_geometry.width);
         std::transform(paper, paper + m_geometry.width, line,
                        [](quint8 grey) { return qRgb(grey, grey, grey); });
     }

@@ -27,6 +27,7 @@ private:
         float high;
     };
     void drawDead(int row);
+    quint8* paperLine(int y);
     void drawTrace(int row);
     void measure(int row);
     Span extremes(const float* samples, double from, double to) const;

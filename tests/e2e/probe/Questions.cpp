@@ -183,6 +183,8 @@ QJsonObject aboutWindows()
             {"popup", QApplication::activePopupWidget() != nullptr},
             {"modal", modal ? modal->objectName() : QString()},
             {"modalClass", modal ? modal->metaObject()->className() : ""},
+            {"modalActive", modal && modal->isActiveWindow()},
+            {"modalRect", modal ? toJson(globalRect(modal, modal->rect())) : QJsonArray()},
             {"modalTitle", modal ? modal->windowTitle() : QString()},
             {"message", box ? box->text() : QString()}};
 }
