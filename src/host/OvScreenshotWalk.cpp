@@ -62,7 +62,11 @@ QDialog* informationDialog()
 {
     QMainWindow* window = OvHostSession::mainWindow();
     auto* dialog = window->findChild<QDialog*>(QStringLiteral("OvSegyInfoDlg"));
-    return dialog && dialog->isVisible() ? dialog : nullptr;
+    if (!dialog || !dialog->isVisible())
+        return nullptr;
+    // It examines the file by itself at first.
+    const auto* findings = dialog->findChild<QListView*>(QStringLiteral("remarks"));
+    return findings && findings->model()->rowCount() > 0 ? dialog : nullptr;
 }
 
 bool pictureOfInformation(const QString& folder, const QString& name)

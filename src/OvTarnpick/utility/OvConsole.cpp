@@ -115,6 +115,8 @@ void OvConsole::qOutput(QtMsgType type, const char* msg)
     emit output(line);
 }
 
+// By value: the slot is known by this signature.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void OvConsole::outputPairInfos(QStringList infos)
 {
     if (infos.isEmpty() || !d || !d->textArea)
