@@ -51,8 +51,7 @@ OvDocumentJob::Work OvExportJob::makeWork()
         const auto breaksOf = [&](int gather, OvFirstBreaks* breaks) {
             if (!firstBreaks.isOpen())
                 return OvStatus::success();
-            const OvGather headers = index->gatherHeaders(*file, gather);
-            OvStatus status = firstBreaks.read(OvFirstBreakBlocks::tracesOf(headers), breaks);
+            OvStatus status = firstBreaks.read(index->gatherTraces(gather), breaks);
             *picks += exportedPicks(*breaks);
             return status;
         };

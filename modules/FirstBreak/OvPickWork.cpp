@@ -2,6 +2,7 @@
 
 #include "OvSeismic/picking/OvPickTeacher.h"
 #include "OvSeismic/segy/OvSegyFile.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 #include <QCryptographicHash>
 
@@ -41,6 +42,7 @@ QString OvPickWork::runText(const OvPickDefine& define, const QString& gathering
 QString OvPickWork::gatheringText(const OvSegyIndex& index)
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
+    hash.addData(index.mapping().toText().toUtf8());
     for (int gather = 0; gather < index.gatherCount(); ++gather) {
         const qint32 words[] = {index.fieldRecord(gather), index.gatherTraceCount(gather)};
         hash.addData(reinterpret_cast<const char*>(words), sizeof(words));
@@ -81,6 +83,8 @@ OvStatus OvPickWork::open()
     OvStatus status = m_file.open(m_order.firstBreakPath, m_order.segy->info());
     if (status)
         status = m_file.upgrade(*m_order.segy, *m_order.index);
+    if (status)
+        status = m_file.noteMapping(m_order.index->mapping().toText());
     // A run that the machine takes down with it goes on from its last gather that was stored.
     return status ? m_file.relaxDurability() : status;
 }
@@ -154,7 +158,7 @@ OvStatus OvPickWork::pickOne(const std::atomic<bool>* cancel)
 OvStatus OvPickWork::take(const OvGather& gather, const OvPickResult& result)
 {
     OvFirstBreakUpdate update;
-    update.traces = OvFirstBreakBlocks::tracesOf(gather);
+    update.traces = m_order.index->gatherTraces(gather.ordinal);
     update.breaks = breaksOf(result);
     update.keepManual = m_order.keepManualPicks;
     update.doneGather = m_order.gather < 0 ? gather.ordinal : -1;

@@ -1,17 +1,22 @@
 #include "PickCommand.h"
 
+#include "GuideFile.h"
+#include "Interrupt.h"
+#include "ProgressLine.h"
+
 #include "OvSeismic/firstbreak/OvFirstBreakText.h"
 #include "OvSeismic/firstbreak/OvFirstBreaks.h"
+#include "OvSeismic/picking/OvPickDefine.h"
 #include "OvSeismic/picking/OvPickRun.h"
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "OvSeismic/segy/OvSegyIndex.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 
 #include <cmath>
-#include <map>
 #include <new>
 
 namespace {
@@ -29,17 +34,27 @@ private:
     OvStatus configure(const QCommandLineParser& parser);
     OvStatus setParameter(const QString& assignment);
     OvStatus setThreads(const QString& text);
+    OvStatus setReal(const QCommandLineParser& parser, const QString& name, double* value);
+    OvStatus setGuide(const QCommandLineParser& parser);
+    OvStatus setPlaces(const QCommandLineParser& parser);
+    OvStatus setParameters(const QCommandLineParser& parser);
     OvStatus execute();
-    OvStatus pickAll();
+    OvStatus prepare();
+    OvStatus pickAll(OvFirstBreakTextWriter* table);
+    OvStatus interrupted() const;
     QString report() const;
 
     QString m_input;
     QString m_output;
-    OvPickParameters m_parameters;
+    QString m_guide; // a file
+    OvPickDefine m_define;
+    OvPickSettings m_settings;
     int m_threads = 0;
+    bool m_progress = false;
     OvSegyFile m_file;
     OvSegyIndex m_index;
-    std::map<int, OvFirstBreaks> m_breaks; // by gather
+    int m_gathers = 0;
+    qint64 m_picks = 0;
 };
 
 OvFirstBreaks breaksOf(const OvPickResult& result)
@@ -62,8 +77,25 @@ void Pick::describe(QCommandLineParser* parser)
          tr("Sets a picking parameter; may be given again: %1.")
              .arg(OvPickParameters::names().join(QStringLiteral(", "))),
          QStringLiteral("name=value")},
+        {QStringLiteral("phase"),
+         tr("The point of the first arrival that is picked: %1.")
+             .arg(OvPickSettings::phaseNames().join(QStringLiteral(", "))),
+         QStringLiteral("PHASE")},
+        {QStringLiteral("min-confidence"),
+         tr("Leaves out picks that are less likely right, 0 to 1; %1 without it.")
+             .arg(OvPickSettings::defaultConfidence),
+         QStringLiteral("N")},
+        {QStringLiteral("guide"),
+         tr("Picks to be guided by: a first-break file (.fb) of FILE or its text export."),
+         QStringLiteral("PICKS")},
+        {QStringLiteral("velocity"), tr("Guide: velocity of the first arrival, m/s."),
+         QStringLiteral("V")},
+        {QStringLiteral("intercept"), tr("Guide: its time at offset 0, ms; 0 without it."),
+         QStringLiteral("T")},
         {QStringLiteral("threads"), tr("Threads that pick; one a core without it."),
          QStringLiteral("N")},
+        {QStringLiteral("progress"),
+         tr("Tells on the error output how far it is, also where that is no terminal.")},
     });
     parser->addPositionalArgument(QStringLiteral("pick"), summary(), QStringLiteral("pick"));
     parser->addPositionalArgument(QStringLiteral("FILE"), tr("The SEG-Y file."));
@@ -74,7 +106,7 @@ OvStatus Pick::setParameter(const QString& assignment)
     const int equals = assignment.indexOf(QLatin1Char('='));
     if (equals < 0)
         return OvStatus::failure(tr("--param %1 is not of the form name=value.").arg(assignment));
-    return m_parameters.set(assignment.left(equals), assignment.mid(equals + 1));
+    return m_define.parameters.set(assignment.left(equals), assignment.mid(equals + 1));
 }
 
 OvStatus Pick::setThreads(const QString& text)
@@ -88,7 +120,34 @@ OvStatus Pick::setThreads(const QString& text)
                                  .arg(text, QString::number(mostThreads)));
 }
 
-OvStatus Pick::configure(const QCommandLineParser& parser)
+OvStatus Pick::setReal(const QCommandLineParser& parser, const QString& name, double* value)
+{
+    if (!parser.isSet(name))
+        return OvStatus::success();
+    bool ok = false;
+    *value = parser.value(name).toDouble(&ok);
+    if (ok)
+        return OvStatus::success();
+    return OvStatus::failure(
+        tr("--%1 is \"%2\"; it must be a number.").arg(name, parser.value(name)));
+}
+
+OvStatus Pick::setGuide(const QCommandLineParser& parser)
+{
+    const QString velocity = QStringLiteral("velocity");
+    const QString intercept = QStringLiteral("intercept");
+    m_guide = parser.value(QStringLiteral("guide"));
+    if (!m_guide.isEmpty() && parser.isSet(velocity))
+        return OvStatus::failure(tr("--guide and --velocity are two guides; give one of them."));
+    if (parser.isSet(intercept) && !parser.isSet(velocity))
+        return OvStatus::failure(tr("--intercept needs --velocity."));
+    if (parser.isSet(velocity))
+        m_define.guide = OvPickDefine::Guide::Velocity;
+    OvStatus status = setReal(parser, velocity, &m_define.velocity);
+    return status ? setReal(parser, intercept, &m_define.interceptMs) : status;
+}
+
+OvStatus Pick::setPlaces(const QCommandLineParser& parser)
 {
     if (parser.positionalArguments().size() != 2)
         return OvStatus::failure(tr("Exactly one file is needed."));
@@ -96,61 +155,104 @@ OvStatus Pick::configure(const QCommandLineParser& parser)
     m_output = parser.value(QStringLiteral("out"));
     if (m_output.isEmpty())
         return OvStatus::failure(tr("--out is missing: the table needs a name."));
-    const QString input = QFileInfo(m_input).canonicalFilePath();
-    if (!input.isEmpty() && input == QFileInfo(m_output).canonicalFilePath())
+    const QString output = QFileInfo(m_output).canonicalFilePath();
+    if (!output.isEmpty() && output == QFileInfo(m_input).canonicalFilePath())
         return OvStatus::failure(tr("--out names the SEG-Y file itself."));
-    const QStringList assignments = parser.values(QStringLiteral("param"));
-    for (const QString& assignment : assignments) {
-        OvStatus status = setParameter(assignment);
-        if (!status)
-            return status;
-    }
-    const QString threads = parser.value(QStringLiteral("threads"));
-    OvStatus status = threads.isNull() ? OvStatus::success() : setThreads(threads);
-    return status ? m_parameters.validate() : status;
+    if (!output.isEmpty() &&
+        output == QFileInfo(parser.value(QStringLiteral("guide"))).canonicalFilePath())
+        return OvStatus::failure(tr("--out names the guide itself."));
+    return OvStatus::success();
 }
 
-OvStatus Pick::pickAll()
+OvStatus Pick::setParameters(const QCommandLineParser& parser)
+{
+    OvStatus status;
+    const QStringList assignments = parser.values(QStringLiteral("param"));
+    for (const QString& assignment : assignments) {
+        if (status)
+            status = setParameter(assignment);
+    }
+    const QString phase = QStringLiteral("phase");
+    if (status && parser.isSet(phase)) {
+        OvPickSettings settings;
+        status = settings.setPhase(parser.value(phase));
+        m_define.phase = settings.phase;
+    }
+    if (status)
+        status = setReal(parser, QStringLiteral("min-confidence"), &m_define.minimumConfidence);
+    return status;
+}
+
+OvStatus Pick::configure(const QCommandLineParser& parser)
+{
+    OvStatus status = setPlaces(parser);
+    if (status)
+        status = setParameters(parser);
+    if (status)
+        status = setGuide(parser);
+    const QString threads = parser.value(QStringLiteral("threads"));
+    if (status && !threads.isNull())
+        status = setThreads(threads);
+    m_progress = parser.isSet(QStringLiteral("progress"));
+    return status ? m_define.validate() : status;
+}
+
+OvStatus Pick::interrupted() const
+{
+    return OvStatus::failure(
+        tr("Interrupted; %1 was left as it was.").arg(QDir::toNativeSeparators(m_output)));
+}
+
+OvStatus Pick::prepare()
+{
+    OvStatus status = m_file.open(m_input);
+    if (status)
+        status = m_index.build(m_file, [](qint64, qint64) { return !*Interrupt::flag(); });
+    m_settings = m_define.settings();
+    if (status && !m_guide.isEmpty())
+        status = GuideFile::learn(m_guide, m_file, m_index, &m_settings.prior);
+    return *Interrupt::flag() ? interrupted() : status;
+}
+
+OvStatus Pick::pickAll(OvFirstBreakTextWriter* table)
 {
     OvPickRun::Request request;
     request.file = &m_file;
     request.index = &m_index;
-    request.settings.parameters = m_parameters;
+    request.settings = m_settings;
     request.threads = m_threads;
-    const auto keep = [this](const OvGather& gather, const OvPickResult& result) {
-        m_breaks[gather.ordinal] = breaksOf(result);
-        return OvStatus::success();
+    const auto keep = [this, table](const OvGather& gather, const OvPickResult& result) {
+        const OvFirstBreaks breaks = breaksOf(result);
+        ++m_gathers;
+        m_picks += breaks.pickedCount();
+        return table->add(gather.ordinal, breaks);
     };
-    return OvPickRun::run(request, keep, {}, nullptr);
+    ProgressLine line(m_progress);
+    const auto progress = [&line](int done, int total) { line.show(done, total); };
+    return OvPickRun::run(request, keep, progress, Interrupt::flag());
 }
 
 OvStatus Pick::execute()
 {
-    OvStatus status = m_file.open(m_input);
-    if (status)
-        status = m_index.build(m_file);
-    if (status)
-        status = pickAll();
+    const Interrupt interrupt;
+    OvStatus status = prepare();
     if (!status)
         return status;
-    const auto find = [this](int gather, OvFirstBreaks* breaks) {
-        const auto found = m_breaks.find(gather);
-        if (found != m_breaks.end())
-            *breaks = found->second;
-        return OvStatus::success();
-    };
-    return OvFirstBreakText::exportCsv(m_file, m_index, find, m_output);
+    OvFirstBreakTextWriter table(m_file, m_index);
+    status = table.open(m_output);
+    if (status)
+        status = pickAll(&table);
+    if (status && !*Interrupt::flag())
+        status = table.finish([] { return !*Interrupt::flag(); });
+    return *Interrupt::flag() ? interrupted() : status;
 }
 
 QString Pick::report() const
 {
-    qint64 picked = 0;
-    for (const auto& entry : m_breaks)
-        picked += entry.second.pickedCount();
     return tr("Picked %1 of %2 traces in %3 of %4 gathers.\n")
-        .arg(picked)
+        .arg(m_picks)
         .arg(m_index.traceCount())
-        .arg(m_breaks.size())
+        .arg(m_gathers)
         .arg(m_index.gatherCount());
 }
 

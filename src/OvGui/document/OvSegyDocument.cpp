@@ -110,7 +110,7 @@ void OvSegyDocument::Private::connectLoader(OvSegyDocument* q)
 
 std::vector<qint64> OvSegyDocument::Private::tracesOf(int gather) const
 {
-    return OvFirstBreakBlocks::tracesOf(loader->index()->gatherHeaders(*file, gather));
+    return loader->index()->gatherTraces(gather);
 }
 
 OvStatus OvSegyDocument::Private::check(int gather, int breaks) const

@@ -1,7 +1,5 @@
 #include "OvSeismic/firstbreak/OvFirstBreakBlocks.h"
 
-#include "OvSeismic/segy/OvGather.h"
-
 #include <algorithm>
 
 namespace {
@@ -35,15 +33,6 @@ std::vector<qint64> OvFirstBreakBlocks::numbersOf(const std::vector<qint64>& tra
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
-}
-
-std::vector<qint64> OvFirstBreakBlocks::tracesOf(const OvGather& gather)
-{
-    std::vector<qint64> traces;
-    traces.reserve(gather.headers.size());
-    for (const OvTraceHeader& header : gather.headers)
-        traces.push_back(header.traceIndex);
-    return traces;
 }
 
 int OvFirstBreakBlocks::tracesIn(qint64 number) const

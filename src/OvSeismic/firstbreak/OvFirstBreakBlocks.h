@@ -6,8 +6,6 @@
 #include <map>
 #include <vector>
 
-struct OvGather;
-
 /// First breaks by trace, kept in blocks of consecutive traces in file order: block n holds the
 /// traces from n * size on, the last block those that are left.
 ///
@@ -21,8 +19,6 @@ public:
 
     /// Blocks that traces lie in, ascending, each once.
     static std::vector<qint64> numbersOf(const std::vector<qint64>& traces);
-    /// The traces of a gather, in its order.
-    static std::vector<qint64> tracesOf(const OvGather& gather);
 
     qint64 traceCount() const { return m_traceCount; }
     qint64 blockCount() const { return (m_traceCount + size - 1) / size; }

@@ -3,6 +3,9 @@
 #include "OvSeismic/firstbreak/OvFirstBreakConnection.h"
 #include "OvSeismic/firstbreak/OvFirstBreakRows.h"
 #include "OvSeismic/firstbreak/OvFirstBreakSchema.h"
+#include "OvSeismic/segy/OvGatherOrder.h"
+#include "OvSeismic/segy/OvSegyIndex.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -27,7 +30,7 @@ public:
     OvStatus check(const OvFirstBreakUpdate& update) const;
     OvStatus store(std::vector<OvFirstBreakUpdate>* updates) const;
     OvStatus markDone(const std::vector<OvFirstBreakUpdate>& updates) const;
-    OvStatus convert(const OvSegyFile& segy, const OvSegyIndex& index);
+    OvStatus convert(const OvSegyIndex& index);
 
     OvFirstBreakConnection file;
     qint64 traceCount = 0;
@@ -38,6 +41,7 @@ public:
 
 namespace {
 
+constexpr char mappingKey[] = "header_mapping";
 constexpr char runSettingsKey[] = "run_settings";
 constexpr char runGathersKey[] = "run_gathers";
 
@@ -158,12 +162,12 @@ OvStatus OvFirstBreakFile::Private::markDone(const std::vector<OvFirstBreakUpdat
     return status;
 }
 
-OvStatus OvFirstBreakFile::Private::convert(const OvSegyFile& segy, const OvSegyIndex& index)
+OvStatus OvFirstBreakFile::Private::convert(const OvSegyIndex& index)
 {
     auto blocks = std::make_unique<OvFirstBreakBlocks>(traceCount);
     OvStatus status;
     if (file.readOnly) {
-        status = OvFirstBreakRows::readRecords(file, segy, index, blocks.get());
+        status = OvFirstBreakRows::readRecords(file, index, blocks.get());
         if (status)
             converted = std::move(blocks);
         return status;
@@ -172,7 +176,7 @@ OvStatus OvFirstBreakFile::Private::convert(const OvSegyFile& segy, const OvSegy
         // Another program may have been faster.
         if (OvFirstBreakSchema::versionOf(file) != OvFirstBreakSchema::versionByRecord)
             return OvStatus::success();
-        OvStatus done = OvFirstBreakRows::readRecords(file, segy, index, blocks.get());
+        OvStatus done = OvFirstBreakRows::readRecords(file, index, blocks.get());
         if (done)
             done = OvFirstBreakSchema::replaceOldTables(file);
         return done ? OvFirstBreakRows::write(file, *blocks) : done;
@@ -256,7 +260,21 @@ bool OvFirstBreakFile::needsUpgrade() const
 
 OvStatus OvFirstBreakFile::upgrade(const OvSegyFile& segy, const OvSegyIndex& index)
 {
-    return needsUpgrade() ? d->convert(segy, index) : OvStatus::success();
+    if (!needsUpgrade())
+        return OvStatus::success();
+    if (index.mapping().isDefault() && index.order() == OvGatherOrder())
+        return d->convert(index);
+    OvSegyIndex byRecord;
+    OvStatus status = byRecord.build(segy);
+    return status ? d->convert(byRecord) : status;
+}
+
+OvStatus OvFirstBreakFile::noteMapping(const QString& text)
+{
+    const OvStatus status = d->writable();
+    if (!status || d->file.metaValue(mappingKey) == text)
+        return status;
+    return d->file.setMetaValue(mappingKey, text);
 }
 
 OvStatus OvFirstBreakFile::relaxDurability()

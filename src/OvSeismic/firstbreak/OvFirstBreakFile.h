@@ -61,10 +61,13 @@ public:
     /// Whether the file keeps its picks by field record, as the first version of the program did.
     /// Until upgrade() it can be neither read nor written.
     bool needsUpgrade() const;
-    /// Brings such a file up to date in one transaction. index groups the traces by the field
-    /// record in bytes 9 to 12. A file that cannot be written is left as it is and can be read.
-    /// Nothing happens when the file is up to date.
+    /// Brings such a file up to date in one transaction. index is that of all traces; where it is
+    /// not by the field record in bytes 9 to 12, the headers are read anew. A file that cannot be
+    /// written is left as it is and can be read. Nothing happens when the file is up to date.
     OvStatus upgrade(const OvSegyFile& segy, const OvSegyIndex& index);
+
+    /// Notes by which header words the gathers of the last automatic run were formed.
+    OvStatus noteMapping(const QString& text);
 
     /// For work that can be repeated: from here on a write survives a crash of the program but, of
     /// the last moments, not one of the machine. The file stays whole in either case.

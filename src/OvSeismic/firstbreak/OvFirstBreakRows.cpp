@@ -115,8 +115,8 @@ OvStatus OvFirstBreakRows::write(const OvFirstBreakConnection& file,
     return done ? OvStatus() : file.failure(query);
 }
 
-OvStatus OvFirstBreakRows::readRecords(const OvFirstBreakConnection& file, const OvSegyFile& segy,
-                                       const OvSegyIndex& index, OvFirstBreakBlocks* blocks)
+OvStatus OvFirstBreakRows::readRecords(const OvFirstBreakConnection& file, const OvSegyIndex& index,
+                                       OvFirstBreakBlocks* blocks)
 {
     QSqlQuery query(file.database());
     query.setForwardOnly(true);
@@ -127,8 +127,7 @@ OvStatus OvFirstBreakRows::readRecords(const OvFirstBreakConnection& file, const
     while (status && query.next()) {
         // No traces where the file has no such record: the counts then differ.
         const int gather = index.gatherOfFieldRecord(query.value(0).toInt());
-        const OvGather headers = index.gatherHeaders(segy, gather);
-        status = takeRecord(file, query, OvFirstBreakBlocks::tracesOf(headers), blocks);
+        status = takeRecord(file, query, index.gatherTraces(gather), blocks);
     }
     return status;
 }

@@ -3,7 +3,6 @@
 #include "OvSeismic/firstbreak/OvFirstBreakBlocks.h"
 #include "OvSeismic/firstbreak/OvFirstBreakConnection.h"
 
-class OvSegyFile;
 class OvSegyIndex;
 
 /// The rows of a first-break file as blocks.
@@ -17,7 +16,7 @@ OvStatus read(const OvFirstBreakConnection& file, const std::vector<qint64>& num
 OvStatus write(const OvFirstBreakConnection& file, const OvFirstBreakBlocks& blocks);
 /// The rows of a file of schema 1, one a field record, by the traces that index gives the record.
 /// A record of another number of traces, or one that index lacks, is a failure.
-OvStatus readRecords(const OvFirstBreakConnection& file, const OvSegyFile& segy,
-                     const OvSegyIndex& index, OvFirstBreakBlocks* blocks);
+OvStatus readRecords(const OvFirstBreakConnection& file, const OvSegyIndex& index,
+                     OvFirstBreakBlocks* blocks);
 
 } // namespace OvFirstBreakRows

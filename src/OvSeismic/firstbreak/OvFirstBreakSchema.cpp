@@ -1,6 +1,7 @@
 #include "OvSeismic/firstbreak/OvFirstBreakSchema.h"
 
 #include "OvSeismic/firstbreak/OvFirstBreakConnection.h"
+#include "OvSeismic/segy/OvTraceHeaderMapping.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -91,7 +92,7 @@ QVector<QPair<const char*, QString>> metaRows(const OvSegyFileInfo& segy)
         {"segy_size", QString::number(segy.fileSize)},
         {"segy_modified", file.lastModified().toUTC().toString(Qt::ISODateWithMs)},
         {"trace_count", QString::number(segy.traceCount)},
-        {"header_mapping", QStringLiteral("field_record=9,channel=13,offset=37")},
+        {"header_mapping", OvTraceHeaderMapping().toText()},
     };
 }
 

@@ -33,8 +33,10 @@ OvPickTeacher::OvPickTeacher(const OvSegyFile& segy, const OvSegyIndex& index)
 OvStatus OvPickTeacher::readGather(const OvFirstBreakFile& file, int gather, OvGather* headers,
                                    OvFirstBreaks* breaks) const
 {
-    *headers = m_index.gatherHeaders(m_segy, gather);
-    return file.read(OvFirstBreakBlocks::tracesOf(*headers), breaks);
+    OvStatus status = file.read(m_index.gatherTraces(gather), breaks);
+    if (!breaks->isEmpty())
+        *headers = m_index.gatherHeaders(m_segy, gather);
+    return status;
 }
 
 OvStatus OvPickTeacher::learn(const OvFirstBreakFile& file, int except,

@@ -6,6 +6,8 @@
 
 #include <atomic>
 
+struct OvGather;
+
 /// Learns a guide from the picks in a first-break file.
 ///
 /// Taken are the picks made by hand, and the automatic ones of the gathers in which somebody has

@@ -21,6 +21,25 @@
     </message>
 </context>
 <context>
+    <name>GuideFile</name>
+    <message>
+        <source>The guide %1 cannot be used: %2</source>
+        <translation>引导文件 %1 无法使用：%2</translation>
+    </message>
+    <message>
+        <source>line %1 is no line of a table of first breaks.</source>
+        <translation>第 %1 行不是初至表的内容。</translation>
+    </message>
+    <message>
+        <source>line %1 is of a trace that the SEG-Y file does not have.</source>
+        <translation>第 %1 行的道在 SEG-Y 文件中不存在。</translation>
+    </message>
+    <message>
+        <source>there are too few picks in it.</source>
+        <translation>其中的拾取太少。</translation>
+    </message>
+</context>
+<context>
     <name>InfoCommand</name>
     <message>
         <source>unknown</source>
@@ -190,6 +209,57 @@
     <message>
         <source>%1: there is not enough memory.</source>
         <translation>%1：内存不足。</translation>
+    </message>
+    <message>
+        <source>The point of the first arrival that is picked: %1.</source>
+        <translation>拾取初至波的位置：%1。</translation>
+    </message>
+    <message>
+        <source>Leaves out picks that are less likely right, 0 to 1; %1 without it.</source>
+        <translation>舍去置信度低于该值的拾取，0 到 1；缺省为 %1。</translation>
+    </message>
+    <message>
+        <source>Picks to be guided by: a first-break file (.fb) of FILE or its text export.</source>
+        <translation>作为引导的拾取：FILE 的初至文件 (.fb) 或其导出的文本。</translation>
+    </message>
+    <message>
+        <source>Guide: velocity of the first arrival, m/s.</source>
+        <translation>引导：初至波速度，m/s。</translation>
+    </message>
+    <message>
+        <source>Guide: its time at offset 0, ms; 0 without it.</source>
+        <translation>引导：炮检距为 0 时的初至时间，ms；缺省为 0。</translation>
+    </message>
+    <message>
+        <source>Tells on the error output how far it is, also where that is no terminal.</source>
+        <translation>在标准错误输出上报告进度，即使它不是终端。</translation>
+    </message>
+    <message>
+        <source>--%1 is &quot;%2&quot;; it must be a number.</source>
+        <translation>--%1 为“%2”；应为一个数。</translation>
+    </message>
+    <message>
+        <source>--guide and --velocity are two guides; give one of them.</source>
+        <translation>--guide 与 --velocity 是两种引导，只能给出其中一种。</translation>
+    </message>
+    <message>
+        <source>--intercept needs --velocity.</source>
+        <translation>--intercept 需要与 --velocity 一起使用。</translation>
+    </message>
+    <message>
+        <source>--out names the guide itself.</source>
+        <translation>--out 指定的就是引导文件本身。</translation>
+    </message>
+    <message>
+        <source>Interrupted; %1 was left as it was.</source>
+        <translation>已中断；%1 保持原样。</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressLine</name>
+    <message>
+        <source>Gather %1 of %2 (%3 %)</source>
+        <translation>第 %1 个道集，共 %2 个（%3 %）</translation>
     </message>
 </context>
 </TS>

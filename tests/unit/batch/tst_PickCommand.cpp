@@ -1,3 +1,6 @@
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+#include "OvSeismic/picking/OvPickSettings.h"
+#include "OvSeismic/segy/OvSegyFile.h"
 #include "fixtures/SegyWriter.h"
 
 #include <QDir>
@@ -6,7 +9,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
+
+#ifdef Q_OS_UNIX
+#include <signal.h>
+#endif
 
 /// The command as scripts see it: its table, its messages and its exit code.
 class tst_PickCommand : public QObject
@@ -26,6 +34,15 @@ private slots:
     void wrongArguments();
     void refusesToWriteOntoItsInput();
     void helps();
+    void isGuidedByATableOrAFirstBreakFile();
+    void refusesAGuideOfOtherTraces_data();
+    void refusesAGuideOfOtherTraces();
+    void takesEveryPhase();
+    void tellsHowFarItIs();
+    void aGuideOfVelocityChangesNothingClear();
+#ifdef Q_OS_UNIX
+    void interruptedItLeavesTheTableAlone();
+#endif
     void endsWellOnRecordedFiles();
 
 private:
@@ -38,7 +55,10 @@ private:
         QByteArray confidence;
     };
     int run(const QStringList& arguments);
-    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+    QString path(const char* name) const
+    {
+        return m_folder.filePath(QLatin1String(name));
+    }
     QByteArray content(const QString& name) const;
     std::vector<Row> table(const QString& name);
     void writeLine(const QString& name, int shots);
@@ -222,6 +242,17 @@ void tst_PickCommand::wrongArguments_data()
     QTest::newRow("no threads") << out + QStringList{"--threads", "0"} << QByteArray("--threads");
     QTest::newRow("threads as text")
         << out + QStringList{"--threads", "%2"} << QByteArray("\"%2\"");
+    QTest::newRow("unknown phase") << out + QStringList{"--phase", "noon"} << QByteArray("onset");
+    QTest::newRow("confidence of 2")
+        << out + QStringList{"--min-confidence", "2"} << QByteArray("min_confidence");
+    QTest::newRow("no confidence")
+        << out + QStringList{"--min-confidence", "x"} << QByteArray("--min-confidence");
+    QTest::newRow("two guides") << out + QStringList{"--guide", "a", "--velocity", "2000"}
+                                << QByteArray("--velocity");
+    QTest::newRow("velocity of 0")
+        << out + QStringList{"--velocity", "0"} << QByteArray("velocity");
+    QTest::newRow("intercept alone")
+        << out + QStringList{"--intercept", "5"} << QByteArray("--intercept");
 }
 
 void tst_PickCommand::wrongArguments()
@@ -254,6 +285,124 @@ void tst_PickCommand::helps()
     QCOMPARE(run({"--help"}), 0);
     QVERIFY(m_out.contains("pick"));
 }
+
+void tst_PickCommand::isGuidedByATableOrAFirstBreakFile()
+{
+    writeLine(path("line.sgy"), 3);
+    QCOMPARE(run({"pick", path("line.sgy"), "--out", path("first.csv")}), 0);
+    QCOMPARE(
+        run({"pick", path("line.sgy"), "--out", path("second.csv"), "--guide", path("first.csv")}),
+        0);
+    const std::vector<Row> rows = table(path("second.csv"));
+    QCOMPARE(rows.size(), std::size_t(72));
+    QVERIFY(std::count_if(rows.begin(), rows.end(),
+                          [](const Row& row) { return !row.time.isEmpty(); }) >= 65);
+
+    OvSegyFile segy;
+    QVERIFY(segy.open(path("line.sgy")));
+    OvFirstBreaks breaks;
+    breaks.resize(24);
+    std::vector<qint64> traces;
+    for (std::size_t row = 0; row < 24; ++row) {
+        breaks.timesMs[row] = table(path("first.csv"))[row].time.toFloat();
+        breaks.states[row] = OvPickState::Manual;
+        traces.push_back(qint64(row));
+    }
+    {
+        OvFirstBreakFile file;
+        QVERIFY(file.open(path("hand.fb"), segy.info()));
+        QVERIFY(file.write(traces, breaks));
+    }
+    QCOMPARE(
+        run({"pick", path("line.sgy"), "--out", path("third.csv"), "--guide", path("hand.fb")}), 0);
+    QVERIFY(!table(path("third.csv"))[30].time.isEmpty());
+}
+
+void tst_PickCommand::refusesAGuideOfOtherTraces_data()
+{
+    QTest::addColumn<QByteArray>("guide");
+    QTest::addColumn<QByteArray>("named");
+    const QByteArray title("trace,field_record,channel,offset_m,time_ms,confidence\n");
+    QTest::newRow("no table") << QByteArray("hello\n") << QByteArray("line 1");
+    QTest::newRow("too few") << title << QByteArray("too few");
+    QTest::newRow("short line") << title + "0,200\n" << QByteArray("line 2");
+    QTest::newRow("no number") << title + "0,200,1,0,abc,1\n" << QByteArray("line 2");
+    QTest::newRow("other record") << title + "0,200,1,0,,\n1,7,2,10,5,1\n" << QByteArray("line 3");
+    QTest::newRow("no such trace") << title + "900,200,1,0,5,1\n" << QByteArray("line 2");
+    QTest::newRow("no file") << QByteArray() << QByteArray("guide.csv");
+}
+
+void tst_PickCommand::refusesAGuideOfOtherTraces()
+{
+    QFETCH(QByteArray, guide);
+    QFETCH(QByteArray, named);
+    writeLine(path("line.sgy"), 1);
+    QFile::remove(path("guide.csv"));
+    if (!guide.isEmpty())
+        QVERIFY(SegyWriter::writeBytes(path("guide.csv"), guide));
+    QFile::remove(path("none.csv"));
+    QCOMPARE(
+        run({"pick", path("line.sgy"), "--out", path("none.csv"), "--guide", path("guide.csv")}),
+        1);
+    QVERIFY2(m_error.contains(named) && m_error.contains("guide.csv"), m_error.constData());
+    QVERIFY(!QFile::exists(path("none.csv")));
+}
+
+void tst_PickCommand::takesEveryPhase()
+{
+    writeLine(path("line.sgy"), 1);
+    for (const QString& phase : OvPickSettings::phaseNames()) {
+        QCOMPARE(run({"pick", path("line.sgy"), "--out", path("phase.csv"), "--phase", phase,
+                      "--min-confidence", "0.1"}),
+                 0);
+        QCOMPARE(table(path("phase.csv")).size(), std::size_t(24));
+    }
+}
+
+void tst_PickCommand::aGuideOfVelocityChangesNothingClear()
+{
+    writeLine(path("line.sgy"), 2);
+    QCOMPARE(run({"pick", path("line.sgy"), "--out", path("velocity.csv"), "--velocity", "2500",
+                  "--intercept", "10"}),
+             0);
+    int good = 0;
+    for (const Row& row : table(path("velocity.csv"))) {
+        const double truth = SegyWriter::firstBreakMs(std::abs(row.offset.toDouble()));
+        good += !row.time.isEmpty() && std::abs(row.time.toDouble() - truth) <= 10.0;
+    }
+    QVERIFY2(good >= 43, qPrintable(QString::number(good)));
+}
+
+void tst_PickCommand::tellsHowFarItIs()
+{
+    writeLine(path("line.sgy"), 3);
+    QCOMPARE(run({"pick", path("line.sgy"), "--out", path("picks.csv"), "--progress"}), 0);
+    QVERIFY2(m_error.endsWith("Gather 3 of 3 (100 %)\n"), m_error.constData());
+    QVERIFY(m_error.count('\n') < 4);
+}
+
+#ifdef Q_OS_UNIX
+void tst_PickCommand::interruptedItLeavesTheTableAlone()
+{
+    writeLine(path("long.sgy"), 4000);
+    QVERIFY(SegyWriter::writeBytes(path("old.csv"), "old\n"));
+    const QDir folder(m_folder.path());
+    const QStringList before = folder.entryList(QDir::Files | QDir::Hidden);
+    QProcess program;
+    program.setReadChannel(QProcess::StandardError);
+    program.start(QStringLiteral(TARNPICK_BATCH),
+                  {"pick", path("long.sgy"), "--out", path("old.csv"), "--progress"});
+    QVERIFY(program.waitForReadyRead(30000));
+    ::kill(static_cast<pid_t>(program.processId()), SIGINT);
+    QVERIFY(program.waitForFinished(20000));
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 1);
+    const QByteArray error = program.readAllStandardError();
+    QVERIFY2(error.contains("old.csv"), error.constData());
+    QCOMPARE(content(path("old.csv")), QByteArray("old\n"));
+    QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden), before);
+}
+#endif
 
 void tst_PickCommand::endsWellOnRecordedFiles()
 {

@@ -153,9 +153,8 @@ OvFirstBreaks tst_FirstBreak::storedBreaks(int gather) const
 {
     OvFirstBreaks breaks;
     OvFirstBreakFile file;
-    const OvGather headers = document()->index()->gatherHeaders(document()->file(), gather);
     if (!file.open(document()->firstBreakPath(), document()->file().info()) ||
-        !file.read(OvFirstBreakBlocks::tracesOf(headers), &breaks))
+        !file.read(document()->index()->gatherTraces(gather), &breaks))
         return {};
     return breaks;
 }
