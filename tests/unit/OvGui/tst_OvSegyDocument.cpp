@@ -2,11 +2,13 @@
 
 #include "Gathers.h"
 #include "OvBase/OvAbstractJob.h"
+#include "OvBase/OvBaseUtil.h"
 #include "OvBase/OvTaskManager.h"
 #include "OvGui/document/OvPickHistory.h"
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
 #include "PoolBlock.h"
 #include "fixtures/OldFirstBreaks.h"
+#include "fixtures/SegyWriter.h"
 #include "fixtures/WarningTrap.h"
 
 #include <QSignalSpy>
@@ -56,6 +58,26 @@ private slots:
         WarningTrap::start();
         m_folder = std::make_unique<QTemporaryDir>();
         QVERIFY(Gathers::writeLine(path(), 5));
+    }
+
+    void largeFileOpensFromItsKeptIndex()
+    {
+        QVERIFY(SegyWriter::ramps(12000, 2).write(path()));
+        const QString folder = OvBaseUtil::cachePath() + "/segyindex";
+        const int kept = QDir(folder).entryList(QDir::Files).size();
+        QCOMPARE(openComplete()->gatherCount(), 3000);
+        QCOMPARE(QDir(folder).entryList(QDir::Files).size(), kept + 1);
+
+        const auto document = open(path());
+        QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
+        QSignalSpy progress(document.data(), &OvSegyDocument::indexProgress);
+        QTRY_COMPARE(complete.count(), 1);
+        QCOMPARE(progress.count(), 0); // nothing was read anew
+        QCOMPARE(document->gatherCount(), 3000);
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        document->requestGather(2999);
+        QTRY_COMPARE(loaded.count(), 1);
+        QCOMPARE(document->cachedGather(2999)->trace(3)[1], SegyWriter::rampValue(11999, 1));
     }
 
     void cleanup() { QCOMPARE(WarningTrap::take(), QStringList()); }
