@@ -5,7 +5,6 @@
 #include <QSharedPointer>
 
 class OvSegyFolder;
-class OvAbstractViewController;
 class OvGatherOrderMenu;
 class OvSegyDocument;
 class OvSegyInfoDlg;
@@ -30,8 +29,6 @@ private:
     void addNote(const QString& text);
     void chooseFiles();
     void showInformation();
-    void describe(const QSharedPointer<OvSegyDocument>& document);
-    void listenTo(OvAbstractViewController* workspace);
     void editMapping();
     QString activeFile() const;
     /// The active file, or one that is asked for; null when there is none.

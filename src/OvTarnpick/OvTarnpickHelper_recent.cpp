@@ -85,12 +85,12 @@ void OvTarnpickHelperPrivate::rebuildRecentMenu()
     if (!menu)
         return;
     pruneRecentList();
-    const QStringList names = readableNames().mid(0, recentLimit);
+    const QStringList names = readableNames();
     menu->setEnabled(!names.isEmpty());
     if (names.isEmpty())
         return;
     QAction* first = menu->actions().value(0);
-    for (const QString& name : names)
+    for (const QString& name : names.mid(0, recentLimit))
         insertRecentAction(menu, first, name);
 }
 

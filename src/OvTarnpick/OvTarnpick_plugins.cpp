@@ -52,8 +52,7 @@ void retranslateDockButtons(const QWidget* window)
 
 void OvTarnpickPrivate::initModule()
 {
-    const auto modules = OvModuleFactory::instance().plugins();
-    for (OvModulePlugin* plugin : modules) {
+    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins()) {
         QMenu* menu = plugin->menu();
         moduleMenus.append(menu);
         ui.menuBar->insertMenu(ui.menuTool->menuAction(), menu);
@@ -64,8 +63,7 @@ void OvTarnpickPrivate::initModule()
 void OvTarnpickPrivate::populate(OvAbstractViewController* workspace)
 {
     Q_UNUSED(workspace)
-    const auto modules = OvModuleFactory::instance().plugins();
-    for (OvModulePlugin* plugin : modules)
+    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins())
         resetWidget(plugin->toolBarWidget());
 }
 
@@ -83,8 +81,7 @@ void OvTarnpickPrivate::retranslate()
     updateWindowTitle(OvProjectManager::instance().define().isValid());
     if (controller)
         controller->refreshWindowTitles();
-    const auto modules = OvModuleFactory::instance().plugins();
-    for (OvModulePlugin* plugin : modules)
+    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins())
         plugin->changeLanguage();
     refreshPlugins();
     retranslateDockButtons(q);
@@ -95,8 +92,7 @@ void OvTarnpickPrivate::initExtension()
     qDeleteAll(extensionActions);
     extensionActions.clear();
     extensionPlugins.clear();
-    const auto extensions = OvGeneralFactory::instance().plugins();
-    for (OvGeneralPlugin* plugin : extensions) {
+    for (OvGeneralPlugin* plugin : OvGeneralFactory::instance().plugins()) {
         QAction* action = plugin->action();
         extensionPlugins.insert(action, plugin);
         extensionActions.append(action);
@@ -124,8 +120,7 @@ void OvTarnpickPrivate::initToolBar()
 
 void OvTarnpickPrivate::addModuleWidgets()
 {
-    const auto modules = OvModuleFactory::instance().plugins();
-    for (OvModulePlugin* plugin : modules) {
+    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins()) {
         if (QWidget* widget = plugin->toolBarWidget()) {
             ui.mainToolBar->addSeparator();
             ui.mainToolBar->addWidget(widget);

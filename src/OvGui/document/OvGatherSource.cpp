@@ -7,6 +7,7 @@
 OvGatherSource::OvGatherSource(QSharedPointer<OvSegyDocument> document, QObject* parent)
     : QObject(parent)
     , m_document(std::move(document))
+    , m_reader(std::make_unique<OvGatherReader>(m_document->sharedFile()))
     , m_background(OvBackground::readPool())
 {
     const OvSegyDocument* source = m_document.data();
@@ -18,14 +19,6 @@ OvGatherSource::OvGatherSource(QSharedPointer<OvSegyDocument> document, QObject*
             if (!isOwn())
                 emit gatherLoaded(gather, data, message);
         });
-}
-
-OvGatherSource::~OvGatherSource() = default;
-
-// Of its own for each order: the file may have been read anew meanwhile.
-void OvGatherSource::makeReader()
-{
-    m_reader = std::make_unique<OvGatherReader>(m_document->sharedFile());
     connect(
         m_reader.get(), &OvGatherReader::loaded, this,
         [this](int gather, const std::shared_ptr<const OvGather>& data, const QString& message) {
@@ -33,6 +26,8 @@ void OvGatherSource::makeReader()
                 emit gatherLoaded(gather, data, message);
         });
 }
+
+OvGatherSource::~OvGatherSource() = default;
 
 void OvGatherSource::setOrder(const OvGatherOrder& order)
 {
@@ -56,14 +51,10 @@ bool OvGatherSource::isOrdering() const
 
 void OvGatherSource::followDocument()
 {
-    if (!m_document->isIndexComplete()) {
-        m_ordered.reset();
+    if (!m_document->isIndexComplete() || m_order.isDefault())
         emit indexChanged();
-    } else if (m_order.isDefault()) {
-        emit indexChanged();
-    } else {
+    else
         regroup();
-    }
 }
 
 void OvGatherSource::regroup()
@@ -82,7 +73,6 @@ void OvGatherSource::takeOrdered(const std::shared_ptr<const OvSegyIndex>& base,
     if (ordered->order() != m_order || base != m_document->index())
         return;
     m_ordered = ordered;
-    makeReader();
     m_reader->setIndex(ordered);
     emit indexChanged();
 }

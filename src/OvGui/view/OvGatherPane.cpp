@@ -93,7 +93,6 @@ void OvGatherPane::setCurrentGather(int gather)
     if (bounded == m_current)
         return;
     m_current = bounded;
-    m_anchor = -1;
     m_error.clear();
     m_painted = false;
     load();
@@ -125,7 +124,6 @@ void OvGatherPane::load()
         return;
     m_requested = m_current;
     m_patience.start(patienceMs);
-    m_document->checkFile();
     m_source->requestGather(m_current);
 }
 
@@ -146,7 +144,6 @@ void OvGatherPane::takeLoaded(int gather, const std::shared_ptr<const OvGather>&
     m_error = message;
     m_onCanvas = -1;
     m_canvas->setGather(nullptr);
-    m_document->checkFile(); // which may be why
     updateTitle();
     updateMessage();
     emit showingChanged();
@@ -157,7 +154,6 @@ void OvGatherPane::show(const std::shared_ptr<const OvGather>& data)
     m_onCanvas = m_current;
     m_shownOrder = m_source->index()->order();
     m_shownMapping = m_source->index()->mapping();
-    m_shownFile = m_document->sharedFile();
     m_error.clear();
     m_painted = false;
     m_canvas->setGather(data);
@@ -172,8 +168,7 @@ bool OvGatherPane::isSame(const OvGather& shown) const
 {
     const auto index = m_source->index();
     return m_onCanvas == m_current && shown.traceCount() == index->gatherTraceCount(m_current) &&
-           m_shownOrder == index->order() && m_shownMapping == index->mapping() &&
-           m_shownFile == m_document->sharedFile();
+           m_shownOrder == index->order() && m_shownMapping == index->mapping();
 }
 
 void OvGatherPane::takeIndex()
@@ -183,12 +178,10 @@ void OvGatherPane::takeIndex()
     const bool same = shown && m_current < gatherCount() && isSame(*shown);
     if (!same) {
         // The same traces stay in view, whatever gather they are in now.
-        if (m_anchor < 0 && shown && shown->traceCount() > 0)
-            m_anchor = shown->headers.front().traceIndex;
-        const int gather = m_source->index()->gatherOfTrace(m_anchor);
-        if (gather >= 0 || m_document->isIndexComplete())
-            m_anchor = -1;
-        m_current = gather >= 0 ? gather : std::max(0, std::min(m_current, gatherCount() - 1));
+        const int gather = shown && shown->traceCount() > 0
+                               ? m_source->index()->gatherOfTrace(shown->headers.front().traceIndex)
+                               : m_current;
+        m_current = std::max(0, std::min(std::max(gather, 0), gatherCount() - 1));
         m_onCanvas = -1;
     }
     m_requested = -1;

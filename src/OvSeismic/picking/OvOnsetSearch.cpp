@@ -1,11 +1,9 @@
 #include "OvSeismic/picking/OvOnsetSearch.h"
 
-#include "OvSeismic/dsp/OvFirstSwing.h"
 #include "OvSeismic/dsp/OvTraceSums.h"
 #include "OvSeismic/picking/OvPickParameters.h"
 #include "OvSeismic/picking/OvPickPlan.h"
-#include "OvSeismic/picking/OvTraceChain.h"
-#include "OvSeismic/segy/OvGather.h"
+#include "OvSeismic/picking/OvTraceGrid.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,21 +45,25 @@ struct Candidates
 class Probe
 {
 public:
-    Probe(const OvGather& gather, const OvTraceChain& chain, const OvPickPlan& plan,
-          const std::vector<double>& guide)
-        : m_gather(gather)
-        , m_chain(chain)
+    Probe(const OvTraceGrid& grid, const OvPickPlan& plan, const std::vector<double>& guide)
+        : m_grid(grid)
         , m_plan(plan)
         , m_guide(guide)
-        , m_period(plan.periodMs / gather.intervalMs)
+        , m_period(plan.periodMs / grid.stepMs())
     {
     }
 
     void load(std::size_t link)
     {
         m_link = link;
-        m_row = m_chain.rows[link];
-        m_trace.assign(m_gather.trace(m_row), m_gather.sampleCount);
+        m_row = static_cast<int>(link);
+        // Nothing is asked farther away than this.
+        const double reach = 2.0 * m_plan.tuningMs / m_grid.stepMs() + 4.0 * m_period;
+        const double guess = m_grid.pointAt(m_row, m_guide[link]);
+        m_from = std::clamp(floored(guess - reach), 0, m_grid.points());
+        const int to = std::clamp(floored(guess + reach) + leastSamples, m_from, m_grid.points());
+        m_samples = m_grid.row(m_row) + m_from;
+        m_trace.assign(m_samples, to - m_from);
     }
 
     // Onset of the first swing within halfMs of a distance from the guide, as such a distance; NaN
@@ -71,8 +73,8 @@ public:
         const auto swing = this->swing(distanceMs, halfMs, sign);
         if (!swing.found())
             return none;
-        const double sample = OvFirstSwing::onset(m_gather.trace(m_row), swing);
-        return m_gather.timeMs(m_row, sample) - m_guide[m_link];
+        const double sample = OvFirstSwing::onset(m_samples, swing);
+        return m_grid.timeMs(m_row, m_from + sample) - m_guide[m_link];
     }
 
     // The sign of the first swing beside the guide when it is clear of the noise.
@@ -82,10 +84,10 @@ public:
         auto window = this->window(0.0, m_plan.tuningMs, Sign::Either);
         // Where there is hardly any noise a weaker first lobe can be told from it.
         window.lobeShare = 0.3;
-        const auto swing = OvFirstSwing::find(m_gather.trace(m_row), m_trace, window, Sign::Either);
+        const auto swing = OvFirstSwing::find(m_samples, m_trace, window, Sign::Either);
         if (!swing.found())
             return Sign::Either;
-        const double height = static_cast<double>(m_gather.trace(m_row)[swing.peak]) - swing.rest;
+        const double height = static_cast<double>(m_samples[swing.peak]) - swing.rest;
         const int quiet = swing.peak - floored(m_period);
         const double noise = std::sqrt(m_trace.variance(quiet - floored(m_period), quiet));
         if (std::abs(height) < clear * noise)
@@ -99,22 +101,22 @@ public:
         arrival.timeMs = m_guide[m_link] + distanceMs;
         if (!std::isfinite(distanceMs))
             return arrival;
-        const int onset = floored(m_gather.sampleAt(m_row, arrival.timeMs) + 0.5);
+        const int onset = floored(m_grid.pointAt(m_row, arrival.timeMs) + 0.5) - m_from;
         const int length = std::max(floored(m_period), leastSamples);
-        const double largest = m_trace.largest(0, m_trace.size());
+        const auto largest = static_cast<double>(m_grid.largest(m_row));
         const double still = 1e-12 * largest * largest;
         const double after = m_trace.variance(onset, onset + length);
         const double before = varianceBefore(onset, length);
         arrival.ratio = std::sqrt(after / std::max(before, still));
-        arrival.amplitude = m_trace.largest(onset, onset + length) / largest;
+        arrival.amplitude = std::min(m_trace.largest(onset, onset + length) / largest, 1.0);
         return arrival;
     }
 
 private:
     OvFirstSwing::Window window(double distanceMs, double halfMs, Sign sign) const
     {
-        const double centre = m_gather.sampleAt(m_row, m_guide[m_link] + distanceMs);
-        const double half = halfMs / m_gather.intervalMs;
+        const double centre = m_grid.pointAt(m_row, m_guide[m_link] + distanceMs) - m_from;
+        const double half = halfMs / m_grid.stepMs();
         OvFirstSwing::Window window;
         window.first = floored(centre - half);
         // The peak comes later than the onset.
@@ -126,8 +128,7 @@ private:
 
     OvFirstSwing::Swing swing(double distanceMs, double halfMs, Sign sign) const
     {
-        return OvFirstSwing::find(m_gather.trace(m_row), m_trace, window(distanceMs, halfMs, sign),
-                                  sign);
+        return OvFirstSwing::find(m_samples, m_trace, window(distanceMs, halfMs, sign), sign);
     }
 
     // Variance of the two periods before the onset; where the trace does not reach so far back,
@@ -136,29 +137,32 @@ private:
     {
         if (onset >= length / 2 + 2)
             return m_trace.variance(onset - 2 * length, onset);
+        OvTraceSums whole;
+        whole.assign(m_grid.row(m_row), m_grid.points());
         std::vector<double> quiet;
-        for (int from = 0; from + length <= m_trace.size(); from += length)
-            quiet.push_back(m_trace.variance(from, from + length));
+        for (int from = 0; from + length <= whole.size(); from += length)
+            quiet.push_back(whole.variance(from, from + length));
         if (quiet.empty())
-            return m_trace.variance(0, m_trace.size());
+            return whole.variance(0, whole.size());
         const auto quarter = quiet.begin() + static_cast<std::ptrdiff_t>(quiet.size() / 4);
         std::nth_element(quiet.begin(), quarter, quiet.end());
         return *quarter;
     }
 
-    const OvGather& m_gather;
-    const OvTraceChain& m_chain;
+    const OvTraceGrid& m_grid;
     const OvPickPlan& m_plan;
     const std::vector<double>& m_guide;
     double m_period; // samples
     std::size_t m_link = 0;
     int m_row = 0;
+    int m_from = 0; // sample at which what is loaded of the trace begins
+    const float* m_samples = nullptr;
     OvTraceSums m_trace;
 };
 
 // The sign that was asked for, unless the clear first swings of the gather mostly have the other.
-Sign preferredSign(Probe* probe, std::size_t links, OvPickParameters::Polarity polarity,
-                   const std::atomic<bool>* cancel)
+Sign signOf(Probe* probe, std::size_t links, OvPickParameters::Polarity polarity,
+            const std::atomic<bool>* cancel)
 {
     constexpr double mostly = 1.2;
     int positive = 0;
@@ -169,6 +173,10 @@ Sign preferredSign(Probe* probe, std::size_t links, OvPickParameters::Polarity p
         positive += sign == Sign::Positive ? 1 : 0;
         negative += sign == Sign::Negative ? 1 : 0;
     }
+    // A few traces of a noisy gather say nothing about the others.
+    constexpr int share = 8; // at least one in so many
+    if (share * (positive + negative) < static_cast<int>(links))
+        return polarity == OvPickParameters::Polarity::Positive ? Sign::Positive : Sign::Negative;
     if (polarity == OvPickParameters::Polarity::Positive)
         return negative > mostly * positive ? Sign::Negative : Sign::Positive;
     return positive > mostly * negative ? Sign::Positive : Sign::Negative;
@@ -207,15 +215,16 @@ double reconsidered(const Probe& probe, const Candidates& candidates, double poi
 
 } // namespace
 
-std::vector<OvOnsetSearch::Arrival>
-OvOnsetSearch::find(const OvGather& gather, const OvTraceChain& chain, const OvPickPlan& plan,
-                    const std::vector<double>& guide, const OvPickParameters& parameters,
-                    const std::atomic<bool>* cancel)
+std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid,
+                                                        const OvPickPlan& plan,
+                                                        const std::vector<double>& guide,
+                                                        const OvPickParameters& parameters,
+                                                        const std::atomic<bool>* cancel)
 {
     constexpr int rounds = 3;
     const double allowed = 0.25 * plan.periodMs;
-    Probe probe(gather, chain, plan, guide);
-    const Sign sign = preferredSign(&probe, guide.size(), parameters.polarity, cancel);
+    Probe probe(grid, plan, guide);
+    const Sign sign = signOf(&probe, guide.size(), parameters.polarity, cancel);
     std::vector<Candidates> candidates(guide.size());
     std::vector<double> distances(guide.size());
     for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
@@ -239,4 +248,13 @@ OvOnsetSearch::find(const OvGather& gather, const OvTraceChain& chain, const OvP
         arrivals.back().strayMs = std::abs(distances[link] - pointedAt(distances, link));
     }
     return isSet(cancel) ? std::vector<Arrival>() : arrivals;
+}
+
+OvFirstSwing::Sign OvOnsetSearch::preferredSign(const OvTraceGrid& grid, const OvPickPlan& plan,
+                                                const std::vector<double>& guide,
+                                                const OvPickParameters& parameters,
+                                                const std::atomic<bool>* cancel)
+{
+    Probe probe(grid, plan, guide);
+    return signOf(&probe, guide.size(), parameters.polarity, cancel);
 }

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/dsp/OvFirstSwing.h"
 
 #include <atomic>
 #include <vector>
 
-struct OvGather;
 struct OvPickParameters;
 struct OvPickPlan;
-struct OvTraceChain;
+class OvTraceGrid;
 
 /// The onset on each trace of a chain, near a guide.
 namespace OvOnsetSearch {
@@ -22,11 +22,18 @@ struct Arrival
     double strayMs = 0.0;   ///< distance from where the neighbours' onsets point
 };
 
-/// One arrival for each trace of the chain, guide holding its time there, ms; empty once *cancel is
+/// One arrival for each row of the grid, guide holding its time there, ms; empty once *cancel is
 /// true (cancel may be null).
-OVSEISMIC_EXPORT std::vector<Arrival> find(const OvGather& gather, const OvTraceChain& chain,
-                                           const OvPickPlan& plan, const std::vector<double>& guide,
+OVSEISMIC_EXPORT std::vector<Arrival> find(const OvTraceGrid& grid, const OvPickPlan& plan,
+                                           const std::vector<double>& guide,
                                            const OvPickParameters& parameters,
                                            const std::atomic<bool>* cancel);
+
+/// The sign that first swings are taken to have: the asked one, unless those that are clear of the
+/// noise mostly have the other.
+OVSEISMIC_EXPORT OvFirstSwing::Sign preferredSign(const OvTraceGrid& grid, const OvPickPlan& plan,
+                                                  const std::vector<double>& guide,
+                                                  const OvPickParameters& parameters,
+                                                  const std::atomic<bool>* cancel);
 
 } // namespace OvOnsetSearch

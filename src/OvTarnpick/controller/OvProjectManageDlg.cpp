@@ -51,8 +51,8 @@ OvProjectManageDlgPrivate::OvProjectManageDlgPrivate(OvProjectManageDlg* dialog,
     ui.projectList->setModel(&model);
     ui.projectList->setItemDelegate(new ProjectNameDelegate);
     QObject::connect(ui.projectList->selectionModel(),
-                     SIGNAL(currentRowChanged(QModelIndex, QModelIndex)), q,
-                     SLOT(slotSelectionChanged(QModelIndex, QModelIndex)));
+                     SIGNAL(currentRowChanged(const QModelIndex&, const QModelIndex&)), q,
+                     SLOT(slotSelectionChanged(const QModelIndex&, const QModelIndex&)));
 }
 
 // A view does not own its delegate.
@@ -79,8 +79,7 @@ void OvProjectManageDlgPrivate::setTitle()
 void OvProjectManageDlgPrivate::loadProjects()
 {
     QStringList names;
-    const auto projects = OvProjectDefineNode().projects();
-    for (const OvProjectDefine& project : projects)
+    for (const OvProjectDefine& project : OvProjectDefineNode().projects())
         names.append(project.name);
     names.removeAll(OvProjectManager::instance().define().name);
     setNames(names);

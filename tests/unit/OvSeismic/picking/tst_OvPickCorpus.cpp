@@ -33,7 +33,8 @@ struct Picked
     OvPickResult result;
 };
 
-std::vector<Picked> pickFile(const QString& path, const OvPickParameters& parameters = {})
+std::vector<Picked> pickFile(const QString& path, const OvPickParameters& parameters = {},
+                             double minimumConfidence = OvPickSettings::defaultConfidence)
 {
     OvSegyFile file;
     OvSegyIndex index;
@@ -45,6 +46,7 @@ std::vector<Picked> pickFile(const QString& path, const OvPickParameters& parame
     request.file = &file;
     request.index = &index;
     request.settings.parameters = parameters;
+    request.settings.minimumConfidence = minimumConfidence;
     const auto keep = [&all](const OvGather& gather, const OvPickResult& result) {
         all.push_back({gather, result});
         return OvStatus::success();
@@ -124,10 +126,17 @@ void tst_OvPickCorpus::shearWaveLineAgainstManualPicks()
     const std::vector<ManualPick> manual = readPicks(path("picks/lineB_swave_picks.txt"));
     const QDir line(path("gathers/refr_line_B_swave"));
     std::vector<double> errors;
+    std::vector<double> confident;
     for (const QString& name : line.entryList({"*.sgy"})) {
-        for (const Picked& picked : pickFile(line.filePath(name))) {
+        for (const Picked& picked : pickFile(line.filePath(name), {}, 0.0)) {
             const std::vector<double> more = errorsOf(picked, manual);
             errors.insert(errors.end(), more.begin(), more.end());
+        }
+        for (const Picked& picked : pickFile(line.filePath(name))) {
+            for (const double error : errorsOf(picked, manual)) {
+                if (std::isfinite(error))
+                    confident.push_back(error);
+            }
         }
     }
     QVERIFY(errors.size() > 1000);
@@ -138,6 +147,10 @@ void tst_OvPickCorpus::shearWaveLineAgainstManualPicks()
         sizes.push_back(std::abs(error));
     qInfo("%.1f %% within 5 ms, bias %.2f ms, median error %.2f ms", within, bias, medianOf(sizes));
     QVERIFY(within >= 78.0);
+    // Fewer picks with the least confidence that is set, and better ones.
+    QVERIFY(10 * confident.size() > 9 * errors.size());
+    QVERIFY2(100.0 * shareWithin(confident, 5.0) >= 80.0,
+             qPrintable(QString::number(shareWithin(confident, 5.0))));
     QVERIFY(std::abs(bias) < 1.0);
     QVERIFY(medianOf(sizes) < 1.8);
 }

@@ -4,6 +4,7 @@
 #include "OvSeismic/picking/OvPickParameters.h"
 #include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvTraceChain.h"
+#include "OvSeismic/picking/OvTraceGrid.h"
 #include "SyntheticGather.h"
 
 #include <QtTest>
@@ -31,6 +32,7 @@ struct Setup
     SyntheticGather synthetic;
     OvTraceChain chain;
     OvPickPlan plan;
+    OvTraceGrid grid;
 
     explicit Setup(double noise)
         : synthetic(50)
@@ -38,6 +40,7 @@ struct Setup
         synthetic.addNoise(noise);
         chain = OvTraceChain::of(synthetic.gather);
         plan = OvPickPlan::of(synthetic.gather, chain, 40.0, {});
+        grid.load(synthetic.gather, chain, 1, 0.0);
     }
 
     std::vector<double> guide(const std::vector<double>& previous = {}) const
@@ -105,9 +108,8 @@ void tst_OvPickGuide::stopsWhenCancelled()
     const std::atomic<bool> cancel{true};
     QVERIFY(
         OvPickGuide::find(setup.synthetic.gather, setup.chain, setup.plan, {}, &cancel).empty());
-    QVERIFY(OvOnsetSearch::find(setup.synthetic.gather, setup.chain, setup.plan,
-                                setup.synthetic.onsetsMs, {}, &cancel)
-                .empty());
+    QVERIFY(
+        OvOnsetSearch::find(setup.grid, setup.plan, setup.synthetic.onsetsMs, {}, &cancel).empty());
 }
 
 void tst_OvPickGuide::onsetsBesideTheGuide()
@@ -117,8 +119,7 @@ void tst_OvPickGuide::onsetsBesideTheGuide()
     std::vector<double> guide = setup.synthetic.onsetsMs;
     for (std::size_t i = 0; i < guide.size(); ++i)
         guide[i] += i % 2 == 0 ? 10.0 : -10.0;
-    const auto arrivals =
-        OvOnsetSearch::find(setup.synthetic.gather, setup.chain, setup.plan, guide, {}, nullptr);
+    const auto arrivals = OvOnsetSearch::find(setup.grid, setup.plan, guide, {}, nullptr);
     QCOMPARE(arrivals.size(), std::size_t(50));
     std::vector<double> times;
     for (const auto& arrival : arrivals)
@@ -129,8 +130,8 @@ void tst_OvPickGuide::onsetsBesideTheGuide()
 void tst_OvPickGuide::onsetsMeasureTheArrival()
 {
     const Setup setup(0.05);
-    const auto arrivals = OvOnsetSearch::find(setup.synthetic.gather, setup.chain, setup.plan,
-                                              setup.synthetic.onsetsMs, {}, nullptr);
+    const auto arrivals =
+        OvOnsetSearch::find(setup.grid, setup.plan, setup.synthetic.onsetsMs, {}, nullptr);
     double ratio = 0.0;
     for (const auto& arrival : arrivals) {
         ratio += arrival.ratio / 50.0;

@@ -1,0 +1,263 @@
+#include "../Figure.h"
+#include "Pictures.h"
+#include "RecordedLine.h"
+#include "ReferencePickers.h"
+#include "Scores.h"
+#include "SyntheticLine.h"
+
+#include "OvSeismic/picking/OvPicker.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+
+#include <array>
+#include <functional>
+#include <thread>
+
+// How well and how fast first breaks are picked: on synthetic gathers with exact truth, and on a
+// recorded line with picks made by hand. Without arguments it prints the figures alone.
+
+namespace {
+
+constexpr unsigned firstSeed = 1000;
+constexpr double toleranceMs = 3.0 * SyntheticLine::intervalMs;
+
+struct Goal
+{
+    NoiseKind kind;
+    double within; // share of all live traces; 0 none
+    double best;   // of the four most confident fifths
+};
+
+const std::array<Goal, 10> conditions{{
+    {{Noise::White, 10.0}, 0.0, 0.0},
+    {{Noise::White, 3.0}, 0.985, 0.995},
+    {{Noise::White, 1.5}, 0.87, 0.95},
+    {{Noise::Coloured, 10.0}, 0.0, 0.0},
+    {{Noise::Coloured, 3.0}, 0.96, 0.99},
+    {{Noise::Coloured, 1.5}, 0.50, 0.65},
+    {{Noise::Hum, 10.0}, 0.0, 0.0},
+    {{Noise::Swell, 10.0}, 0.0, 0.0},
+    {{Noise::CrossTalk, 10.0}, 0.0, 0.0},
+    {{Noise::OtherShot, 10.0}, 0.0, 0.0},
+}};
+
+using Reference = double (*)(const float* samples, int count, double intervalMs);
+
+struct NamedReference
+{
+    const char* name;
+    Reference pick;
+};
+
+const std::array<NamedReference, 4> references{{
+    {"STA/LTA", ReferencePickers::staLta},
+    {"energy ratio", ReferencePickers::modifiedEnergyRatio},
+    {"AIC", ReferencePickers::aic},
+    {"AR-AIC", ReferencePickers::autoregressiveAic},
+}};
+
+OvPickResult pickAll(const OvGather& gather, double minimumConfidence)
+{
+    static const std::unique_ptr<OvPicker> picker = OvPicker::create();
+    OvPickSettings settings;
+    settings.minimumConfidence = minimumConfidence;
+    return picker->pick(gather, settings, nullptr);
+}
+
+void addScores(const SyntheticShot& shot, const OvPickResult& result, Scores* scores)
+{
+    for (std::size_t row = 0; row < shot.onsetsMs.size(); ++row) {
+        if (std::isfinite(shot.onsetsMs[row]))
+            scores->add(static_cast<double>(result.timesMs[row]) - shot.onsetsMs[row],
+                        static_cast<double>(result.confidences[row]));
+    }
+}
+
+Scores ours(const NoiseKind& kind, unsigned seed, int gathers, double minimumConfidence)
+{
+    Scores scores;
+    for (int i = 0; i < gathers; ++i) {
+        const SyntheticShot shot = SyntheticLine::shot(seed + static_cast<unsigned>(i), kind);
+        addScores(shot, pickAll(shot.gather, minimumConfidence), &scores);
+    }
+    return scores;
+}
+
+Scores theirs(const NoiseKind& kind, unsigned seed, int gathers, Reference pick)
+{
+    Scores scores;
+    for (int i = 0; i < gathers; ++i) {
+        const SyntheticShot shot = SyntheticLine::shot(seed + static_cast<unsigned>(i), kind);
+        for (int row = 0; row < SyntheticLine::channels; ++row) {
+            const double truth = shot.onsetsMs[static_cast<std::size_t>(row)];
+            if (!std::isfinite(truth))
+                continue;
+            const double at =
+                pick(shot.gather.trace(row), SyntheticLine::sampleCount, SyntheticLine::intervalMs);
+            scores.add(at * SyntheticLine::intervalMs - truth, 0.0);
+        }
+    }
+    return scores;
+}
+
+QString percent(double share)
+{
+    return QString::number(100.0 * share, 'f', 1);
+}
+
+void printSyntheticTable(int gathers)
+{
+    QTextStream out(stdout);
+    out << "| noise | picker | best 4/5 | right of picked | picked | bias ms | median ms |";
+    for (const auto& reference : references)
+        out << ' ' << reference.name << " |";
+    out << "\n|---|---|---|---|---|---|---|---|---|---|---|\n";
+    for (const Goal& goal : conditions) {
+        const Scores all = ours(goal.kind, firstSeed, gathers, 0.0);
+        const Scores kept = ours(goal.kind, firstSeed, gathers, OvPickSettings::defaultConfidence);
+        out << "| " << goal.kind.name() << " | " << percent(all.within(toleranceMs)) << " | "
+            << percent(all.within(toleranceMs, 0.8)) << " | "
+            << percent(kept.within(toleranceMs) / kept.picked()) << " | " << percent(kept.picked())
+            << " | " << QString::number(all.biasMs(), 'f', 2) << " | "
+            << QString::number(all.medianAbsoluteMs(), 'f', 2) << " |";
+        for (const auto& reference : references)
+            out << ' '
+                << percent(
+                       theirs(goal.kind, firstSeed, gathers, reference.pick).within(toleranceMs))
+                << " |";
+        out << '\n';
+        out.flush();
+    }
+}
+
+struct LineScores
+{
+    Scores all;
+    Scores kept;
+};
+
+bool scoreLine(const QDir& data, LineScores* scores, const QString& pictures)
+{
+    const auto picks = RecordedLine::readPicks(data.filePath("picks/lineB_swave_picks.txt"));
+    const QDir line(data.filePath("gathers/refr_line_B_swave"));
+    for (const QString& name : line.entryList({"*.sgy"})) {
+        const bool read =
+            RecordedLine::forEachGather(line.filePath(name), [&](const OvGather& gather) {
+                const std::vector<double> manual = RecordedLine::manualTimes(gather, picks);
+                const OvPickResult all = pickAll(gather, 0.0);
+                const OvPickResult kept = pickAll(gather, OvPickSettings::defaultConfidence);
+                for (std::size_t row = 0; row < manual.size(); ++row) {
+                    if (!std::isfinite(manual[row]))
+                        continue;
+                    scores->all.add(static_cast<double>(all.timesMs[row]) - manual[row],
+                                    static_cast<double>(all.confidences[row]));
+                    scores->kept.add(static_cast<double>(kept.timesMs[row]) - manual[row],
+                                     static_cast<double>(kept.confidences[row]));
+                }
+                Q_UNUSED(pictures)
+            });
+        if (!read)
+            return false;
+    }
+    return scores->all.count() > 0;
+}
+
+void printLineTable(const QDir& data)
+{
+    LineScores scores;
+    QTextStream out(stdout);
+    if (!scoreLine(data, &scores, {}))
+        return;
+    constexpr double sampleMs = 0.25;
+    out << "\n| recorded line | 1 sample | 3 | 5 | 5 ms | best 4/5 | bias ms | median ms | picked "
+           "|\n"
+        << "|---|---|---|---|---|---|---|---|---|\n";
+    for (const Scores* one : {&scores.all, &scores.kept})
+        out << "| " << one->count() << " | " << percent(one->within(sampleMs)) << " | "
+            << percent(one->within(3.0 * sampleMs)) << " | " << percent(one->within(5.0 * sampleMs))
+            << " | " << percent(one->within(5.0)) << " | " << percent(one->within(5.0, 0.8))
+            << " | " << QString::number(one->biasMs(), 'f', 2) << " | "
+            << QString::number(one->medianAbsoluteMs(), 'f', 2) << " | " << percent(one->picked())
+            << " |\n";
+    for (const Scores::Bin& bin : scores.all.reliability(5.0))
+        out << QString::number(bin.confidence, 'f', 2) << ": " << percent(bin.right) << " % of "
+            << bin.count << '\n';
+}
+
+// Seconds that it takes some threads to go through all gathers, each gather by one of them.
+double seconds(int threads, const std::vector<SyntheticShot>& shots,
+               const std::function<void(const OvGather& gather)>& work)
+{
+    std::atomic<std::size_t> next{0};
+    QElapsedTimer clock;
+    clock.start();
+    std::vector<std::thread> pool;
+    for (int i = 0; i < threads; ++i)
+        pool.emplace_back([&] {
+            for (std::size_t at = next++; at < shots.size(); at = next++)
+                work(shots[at].gather);
+        });
+    for (std::thread& thread : pool)
+        thread.join();
+    return static_cast<double>(clock.nsecsElapsed()) / 1e9;
+}
+
+void referenceAic(const OvGather& gather)
+{
+    volatile double sum = 0.0;
+    for (int row = 0; row < gather.traceCount(); ++row)
+        sum = sum + ReferencePickers::aic(gather.trace(row), gather.sampleCount, gather.intervalMs);
+}
+
+void reportSpeed()
+{
+    constexpr int gathers = 60;
+    constexpr int rounds = 5;
+    std::vector<SyntheticShot> shots;
+    for (int i = 0; i < gathers; ++i)
+        shots.push_back(
+            SyntheticLine::shot(firstSeed + static_cast<unsigned>(i), {Noise::White, 3.0}));
+    const auto pick = [](const OvGather& gather) { pickAll(gather, 0.0); };
+    std::vector<double> one;
+    std::vector<double> two;
+    std::vector<double> plain;
+    for (int round = 0; round < rounds; ++round) {
+        one.push_back(seconds(1, shots, pick));
+        two.push_back(seconds(2, shots, pick));
+        plain.push_back(seconds(1, shots, referenceAic));
+    }
+    const double traces = gathers * SyntheticLine::channels;
+    QTextStream(stderr) << "  traces a second: one thread "
+                        << static_cast<int>(traces / Figure::median(one)) << ", two "
+                        << static_cast<int>(traces / Figure::median(two)) << ", plain AIC on one "
+                        << static_cast<int>(traces / Figure::median(plain)) << '\n';
+    Figure::report("picking_against_aic", 1000.0 * Figure::median(two),
+                   1000.0 * Figure::median(plain), 1.0);
+    Figure::report("picking_threads", 1000.0 * Figure::median(two), 1000.0 * Figure::median(one),
+                   1.0 / 1.8);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addOption({"tables", "Print the accuracy tables."});
+    parser.addOption({"gathers", "Gathers for each kind of noise.", "count", "120"});
+    parser.addOption({"pictures", "Write the pictures of the documentation.", "folder"});
+    parser.process(application);
+    const int gathers = parser.value("gathers").toInt();
+    if (parser.isSet("tables"))
+        printSyntheticTable(gathers);
+    const QString data = qEnvironmentVariable("TARNPICK_TEST_DATA");
+    if (parser.isSet("tables") && !data.isEmpty())
+        printLineTable(QDir(data));
+    reportSpeed();
+    return 0;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "OvSeismic/OvSeismicExport.h"
+
+#include <vector>
+
+/// Short filters over traces.
+namespace OvFir {
+
+/// out[i] = sum of taps[k] * in[i + ahead - k]. Beyond its ends in goes on as its mirror image
+/// turned over (about the end sample), so that a slow swell does not look like a step there. in and
+/// out must not overlap. ahead is the tap that stands at the sample itself: 0 for a filter that
+/// looks back only.
+OVSEISMIC_EXPORT void apply(const std::vector<float>& taps, int ahead, const float* in, int count,
+                            float* out);
+
+/// Triangle of 2 * half - 1 taps with a sum of 1, centred on tap half - 1.
+OVSEISMIC_EXPORT std::vector<float> triangle(int half);
+
+/// One filter that does what two do after each other; `ahead` adds up.
+OVSEISMIC_EXPORT std::vector<float> joined(const std::vector<float>& first,
+                                           const std::vector<float>& second);
+
+/// sum of a[i] * b[i].
+OVSEISMIC_EXPORT float dot(const float* a, const float* b, int count);
+
+} // namespace OvFir

@@ -1,0 +1,219 @@
+#include "OvSeismic/picking/OvArrivalAlignment.h"
+
+#include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/picking/OvTraceChain.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int rounds = 3;
+constexpr int neighbours = 7; // on either side
+constexpr float most = 40.0F; // a match of this likelihood is as good as certain
+
+int rounded(double value)
+{
+    return static_cast<int>(std::lround(value));
+}
+
+std::size_t at(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+
+} // namespace
+
+// A cut begins reach before the pilot's window and ends reach behind it.
+void OvArrivalAlignment::cut(const Input& input)
+{
+    m_cuts.assign(at(input.rows) * at(m_length), 0.0F);
+    m_weights.assign(at(input.rows), 0.0F);
+    for (int row = 0; row < input.rows; ++row) {
+        const float* samples = input.samples(row);
+        float* out = m_cuts.data() + at(row) * at(m_length);
+        const double start = m_matches[at(row)].time - m_before;
+        const int whole = static_cast<int>(std::floor(start));
+        const float part = static_cast<float>(start - whole);
+        for (int i = 0; i < m_length; ++i) {
+            const int k = whole + i;
+            if (k >= 0 && k + 1 < input.points)
+                out[i] = samples[k] + part * (samples[k + 1] - samples[k]);
+        }
+        const float energy = OvFir::dot(out, out, m_length) / static_cast<float>(m_length);
+        const float noise = input.noise(row);
+        if (!(energy > 0.0F))
+            continue;
+        // Loud traces count alike; one that is all noise hardly counts.
+        const float excess = std::max(energy - noise * noise, 0.0F) / energy;
+        m_weights[at(row)] = 0.05F + excess * excess;
+        const float scale = m_matches[at(row)].sign / std::sqrt(energy);
+        for (int i = 0; i < m_length; ++i)
+            out[i] *= scale;
+    }
+}
+
+void OvArrivalAlignment::stack(const Input& input, int row)
+{
+    m_pilot.assign(at(m_length), 0.0F);
+    for (int other = std::max(row - neighbours, 0);
+         other <= std::min(row + neighbours, input.rows - 1); ++other) {
+        if (other == row)
+            continue;
+        const double away = static_cast<double>(other - row) / (0.6 * neighbours);
+        const float weight = m_weights[at(other)] * static_cast<float>(std::exp(-away * away));
+        const float* cut = m_cuts.data() + at(other) * at(m_length);
+        for (int i = 0; i < m_length; ++i)
+            m_pilot[at(i)] += weight * cut[i];
+    }
+    const float energy = OvFir::dot(m_pilot.data(), m_pilot.data(), m_length);
+    const float scale = energy > 0.0F ? 1.0F / std::sqrt(energy) : 0.0F;
+    for (float& value : m_pilot)
+        value *= scale;
+}
+
+// RMS of the correlation of pilots with noise, over that of the noise's samples.
+float OvArrivalAlignment::noiseGain(const Input& input)
+{
+    constexpr int every = 3;
+    double sum = 0.0;
+    int used = 0;
+    for (int row = 0; row < input.rows; row += every) {
+        const float noise = input.noise(row);
+        const int clear = rounded(m_matches[at(row)].time - m_before - 0.3 * input.period);
+        if (!(noise > 0.0F) || clear < 2 * m_length)
+            continue;
+        stack(input, row);
+        const float* samples = input.samples(row);
+        for (const int from : {clear - m_length, clear - 3 * m_length / 2, clear - 2 * m_length}) {
+            const float value = OvFir::dot(m_pilot.data(), samples + from, m_length) / noise;
+            sum += static_cast<double>(std::min(value * value, 30.0F));
+            ++used;
+        }
+    }
+    constexpr int enough = 12;
+    constexpr double usual = 1.5;
+    return static_cast<float>(used >= enough ? std::max(std::sqrt(sum / used), 0.3) : usual);
+}
+
+void OvArrivalAlignment::correlate(const Input& input, int row, float gain)
+{
+    const int shifts = 2 * m_reach + 1;
+    float* out = m_correlations.data() + at(row) * at(shifts);
+    const float noise = input.noise(row) * gain;
+    const float scale = m_matches[at(row)].sign / std::max(noise, 1e-30F);
+    const int start = rounded(m_matches[at(row)].time) - m_before - m_reach;
+    const float* samples = input.samples(row);
+    for (int shift = 0; shift < shifts; ++shift) {
+        const int from = start + shift;
+        const int skipped = std::clamp(-from, 0, m_length);
+        const int length = std::clamp(input.points - from, skipped, m_length) - skipped;
+        out[shift] = scale * OvFir::dot(m_pilot.data() + skipped, samples + from + skipped, length);
+    }
+}
+
+// A channel whose best correlation is much stronger turned over is wired that way.
+void OvArrivalAlignment::turnReversed()
+{
+    constexpr float clearly = 1.5F;
+    constexpr float strong = 4.0F;
+    const int shifts = 2 * m_reach + 1;
+    for (std::size_t row = 0; row < m_matches.size(); ++row) {
+        float* values = m_correlations.data() + row * at(shifts);
+        const int from = m_reach / 2;
+        const auto [least, most] = std::minmax_element(values + from, values + shifts - from);
+        if (-*least < strong || -*least < clearly * *most)
+            continue;
+        m_matches[row].sign = -m_matches[row].sign;
+        std::transform(values, values + shifts, values, [](float value) { return -value; });
+    }
+}
+
+void OvArrivalAlignment::follow(const Input& input)
+{
+    const int shifts = 2 * m_reach + 1;
+    std::vector<double> times;
+    for (const Match& match : m_matches)
+        times.push_back(match.time);
+    const std::vector<double> slopes = OvPickCourse::slopes(times);
+    m_lattice.rows = input.rows;
+    m_lattice.points = shifts;
+    m_lattice.scores.resize(m_correlations.size());
+    std::transform(
+        m_correlations.begin(), m_correlations.end(), m_lattice.scores.begin(),
+        [](float value) { return value > 0.0F ? std::min(0.5F * value * value, most) : 0.0F; });
+    m_steps.resize(m_matches.size());
+    for (int row = 1; row < input.rows; ++row) {
+        const int moved = rounded(times[at(row)]) - rounded(times[at(row - 1)]);
+        m_steps[at(row)].expected = rounded(slopes[at(row)] - moved);
+        const double free = std::max(input.chain->steps[at(row)], 1.0);
+        m_steps[at(row)].later = static_cast<float>(8.0 / input.period / free);
+        m_steps[at(row)].earlier = m_steps[at(row)].later;
+    }
+    const std::vector<int>& path = m_path.find(m_lattice, m_steps);
+    for (int row = 0; row < input.rows; ++row) {
+        const float* values = m_correlations.data() + at(row) * at(shifts);
+        const int peak = path[at(row)];
+        Match& match = m_matches[at(row)];
+        double shift = peak - m_reach;
+        if (peak > 0 && peak + 1 < shifts) {
+            const float left = values[peak - 1];
+            const float right = values[peak + 1];
+            const float bend = left - 2.0F * values[peak] + right;
+            if (bend < 0.0F && values[peak] > left && values[peak] > right)
+                shift += static_cast<double>(0.5F * (left - right) / bend);
+        }
+        match.time = std::clamp(rounded(match.time) + shift, 0.0, input.points - 1.0);
+        match.strength = values[peak];
+        float rival = 0.0F;
+        const int apart = std::max(rounded(0.4 * input.period), 1);
+        for (int i = 0; i < shifts; ++i) {
+            if (std::abs(i - peak) >= apart)
+                rival = std::max(rival, values[i]);
+        }
+        match.margin = match.strength - rival;
+    }
+}
+
+void OvArrivalAlignment::settle(const Input& input)
+{
+    std::vector<double> times;
+    for (const Match& match : m_matches)
+        times.push_back(match.time);
+    const std::vector<double> strays = OvPickCourse::strays(times, 5);
+    cut(input);
+    for (int row = 0; row < input.rows; ++row) {
+        Match& match = m_matches[at(row)];
+        match.stray = static_cast<float>(std::abs(strays[at(row)]));
+        stack(input, row);
+        match.likeness =
+            OvFir::dot(m_pilot.data(), m_cuts.data() + at(row) * at(m_length), m_length) /
+            std::sqrt(static_cast<float>(m_length));
+    }
+}
+
+bool OvArrivalAlignment::align(const Input& input, const std::vector<double>& times)
+{
+    m_before = std::max(rounded(0.25 * input.period), 1);
+    m_length = m_before + std::max(rounded(1.25 * input.period), 4);
+    m_reach = std::max(rounded(0.9 * input.period), 2);
+    m_matches.assign(at(input.rows), {});
+    for (int row = 0; row < input.rows; ++row)
+        m_matches[at(row)].time = times[at(row)];
+    m_correlations.resize(at(input.rows) * at(2 * m_reach + 1));
+    for (int round = 0; round < rounds; ++round) {
+        if (input.cancel && input.cancel->load())
+            return false;
+        cut(input);
+        const float gain = noiseGain(input);
+        for (int row = 0; row < input.rows; ++row) {
+            stack(input, row);
+            correlate(input, row, gain);
+        }
+        turnReversed();
+        follow(input);
+    }
+    settle(input);
+    return true;
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/picking/OvShiftPath.h"
+
+#include <atomic>
+#include <functional>
+#include <vector>
+
+struct OvTraceChain;
+
+/// Brings neighbours into line: what each trace is shifted by so that its arrival lies on that of a
+/// pilot, the mean of the traces around it without its own.
+///
+/// The likelihood of a shift is that of the pilot in white noise, which the square of the
+/// correlation over the noise's gives (Turin, G., 1960, An introduction to matched filters, IRE
+/// Trans. Inf. Theory 6, 311-329); the best path through the shifts of all traces (OvShiftPath)
+/// keeps single traces from skipping a cycle. Three rounds, each with sharper pilots.
+class OVSEISMIC_EXPORT OvArrivalAlignment
+{
+public:
+    struct Input
+    {
+        int rows = 0;
+        int points = 0;
+        double period = 0.0; ///< points
+        std::function<const float*(int row)> samples;
+        std::function<float(int row)> noise; ///< RMS
+        const OvTraceChain* chain = nullptr;
+        const std::atomic<bool>* cancel = nullptr;
+    };
+
+    struct Match
+    {
+        double time = 0.0;     ///< point at which the arrival lies
+        float strength = 0.0F; ///< correlation with the pilot over that of noise
+        float margin = 0.0F;   ///< how much weaker, in the same unit, the next best cycle is
+        float likeness = 0.0F; ///< correlation coefficient with the pilot
+        float stray = 0.0F;    ///< distance from where the neighbours point, points
+        float sign = 1.0F;     ///< -1 on a channel of reversed polarity
+    };
+
+    /// times holds a point of each row to begin with. False once *cancel is true.
+    bool align(const Input& input, const std::vector<double>& times);
+    const std::vector<Match>& matches() const { return m_matches; }
+
+private:
+    void cut(const Input& input);
+    void stack(const Input& input, int row);
+    float noiseGain(const Input& input);
+    void correlate(const Input& input, int row, float gain);
+    void turnReversed();
+    void follow(const Input& input);
+    void settle(const Input& input);
+
+    int m_before = 0; // points of the pilot ahead of the arrival
+    int m_length = 0; // of the pilot
+    int m_reach = 0;  // largest shift
+    std::vector<Match> m_matches;
+    std::vector<float> m_cuts; // of each row, aligned, of unit size
+    std::vector<float> m_weights;
+    std::vector<float> m_pilot;
+    std::vector<float> m_correlations; // of each row, 2 * reach + 1
+    std::vector<OvShiftPath::Step> m_steps;
+    OvScoreLattice m_lattice;
+    OvShiftPath m_path;
+};

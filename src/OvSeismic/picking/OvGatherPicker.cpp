@@ -1,0 +1,429 @@
+#include "OvSeismic/picking/OvGatherPicker.h"
+
+#include "OvSeismic/dsp/OvDominantPeriod.h"
+#include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/picking/OvArrivalAlignment.h"
+#include "OvSeismic/picking/OvArrivalStack.h"
+#include "OvSeismic/picking/OvOnsetGuide.h"
+#include "OvSeismic/picking/OvOnsetSearch.h"
+#include "OvSeismic/picking/OvPhaseSearch.h"
+#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/picking/OvPickEvidence.h"
+#include "OvSeismic/picking/OvPickGuide.h"
+#include "OvSeismic/picking/OvPickPlan.h"
+#include "OvSeismic/picking/OvPickPrior.h"
+#include "OvSeismic/picking/OvTraceChain.h"
+#include "OvSeismic/picking/OvTraceGrid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using OvPickCourse::median;
+
+constexpr double pointsAPeriod = 15.0;
+
+// What one thread keeps from gather to gather.
+struct Workspace
+{
+    OvTraceGrid grid;
+    OvTraceGrid whitened;
+    OvOnsetGuide guide;
+    OvArrivalAlignment alignment;
+    OvArrivalStack stack;
+};
+
+std::size_t at(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+
+int rounded(double value)
+{
+    return static_cast<int>(std::lround(value));
+}
+
+float rms(const float* samples, int from, int to)
+{
+    return to > from ? std::sqrt(OvFir::dot(samples + from, samples + from, to - from) /
+                                 static_cast<float>(to - from))
+                     : 0.0F;
+}
+
+bool inOffsetRange(const OvTraceHeader& header, const OvPickParameters& parameters)
+{
+    if (!std::isfinite(header.offset))
+        return true;
+    const double offset = std::abs(static_cast<double>(header.offset));
+    return offset >= parameters.minimumOffsetM &&
+           (parameters.maximumOffsetM == 0 || offset <= parameters.maximumOffsetM);
+}
+
+OvTraceChain sampleOf(const OvTraceChain& chain)
+{
+    constexpr std::size_t enough = 16;
+    OvTraceChain sample;
+    const std::size_t every = std::max<std::size_t>(1, chain.rows.size() / enough);
+    for (std::size_t i = 0; i < chain.rows.size(); i += every)
+        sample.rows.push_back(chain.rows[i]);
+    sample.steps.assign(sample.rows.size(), 1.0);
+    sample.away.assign(sample.rows.size(), 0);
+    return sample;
+}
+
+// How loud the arrivals of a gather begin, and how well they lie with their neighbours.
+double worth(const std::vector<OvOnsetSearch::Arrival>& arrivals, double periodMs)
+{
+    constexpr double loudest = 2.0; // of the logarithm
+    constexpr double strayWeight = 2.0;
+    double sum = 0.0;
+    for (const OvOnsetSearch::Arrival& arrival : arrivals) {
+        if (std::isfinite(arrival.timeMs))
+            sum += std::clamp(std::log(arrival.ratio), 0.0, loudest) -
+                   strayWeight * std::min(arrival.strayMs / periodMs, 1.0);
+    }
+    return sum;
+}
+
+// Picks one gather.
+class Run
+{
+public:
+    Run(const OvGather& gather, const OvTraceChain& chain, const OvPickSettings& settings,
+        const std::atomic<bool>* cancel, Workspace* workspace)
+        : m_gather(gather)
+        , m_chain(chain)
+        , m_settings(settings)
+        , m_cancel(cancel)
+        , m_work(*workspace)
+    {
+    }
+
+    /// False when cancelled.
+    bool findCourse();
+    bool alignTraces();
+    bool findOnsets();
+    void deliver(OvPickResult* result);
+
+private:
+    const OvPickParameters& parameters() const { return m_settings.parameters; }
+    int rows() const { return m_work.grid.rows(); }
+    void chooseInterval();
+    OvOnsetGuide::Options guideOptions() const;
+    void addPrior(OvOnsetGuide::Options* options) const;
+    double contrast(const OvTraceGrid& grid) const;
+    void chooseGrid();
+    double swingPeriod() const;
+    std::vector<OvArrivalStack::Member> members() const;
+    bool lookAgain(const OvPickPlan& plan);
+    void takeOnsets(const std::vector<double>& stacked);
+    double ratioAt(const OvTraceGrid& grid, int row, double point) const;
+    bool passesThresholds(int row, double point) const;
+
+    const OvGather& m_gather;
+    const OvTraceChain& m_chain;
+    const OvPickSettings& m_settings;
+    const std::atomic<bool>* m_cancel;
+    Workspace& m_work;
+    const OvTraceGrid* m_clean = nullptr; // the rows, or without their predictable noise
+    bool m_isClear = false;               // most traces show their arrival by themselves
+    double m_swing = 0.0;                 // dominant period of the clean rows, points
+    std::vector<OvOnsetSearch::Arrival> m_own;
+    std::vector<double> m_points; // the onsets
+    std::vector<double> m_gaps;   // between the own and the stack's
+};
+
+void Run::chooseInterval()
+{
+    constexpr int rounds = 4;
+    constexpr int leastPoints = 60;
+    const OvTraceChain sample = sampleOf(m_chain);
+    int every = 1;
+    for (int round = 0; round < rounds; ++round) {
+        m_work.grid.load(m_gather, sample, every, parameters().processingLengthMs);
+        const int coarser =
+            static_cast<int>(m_work.guide.scout(m_work.grid, sample) / pointsAPeriod);
+        if (coarser < 2 || m_work.grid.points() / coarser < leastPoints)
+            break;
+        every *= coarser;
+    }
+    m_work.grid.load(m_gather, m_chain, every, parameters().processingLengthMs);
+}
+
+OvOnsetGuide::Options Run::guideOptions() const
+{
+    // What is faster than 8 km/s or slower than sound is unlikely to be a first break.
+    constexpr double fastest = 8.0;
+    constexpr double slowest = 0.3;
+    // An arrival below a larger threshold is looked for, and then left out.
+    constexpr double mostStill = 0.01;
+    const OvTraceGrid& grid = m_work.grid;
+    OvOnsetGuide::Options options;
+    options.cancel = m_cancel;
+    options.leastAmplitude = std::min(parameters().amplitudeThreshold, mostStill);
+    options.windowPoints = parameters().quickSearchWindowMs / grid.stepMs();
+    // Nothing arrives before the shot, whatever was recorded ahead of it.
+    options.earliest = static_cast<int>(std::floor(grid.pointAt(0, 0.0)));
+    for (int row = 0; row < rows() && m_chain.hasOffsets; ++row) {
+        const double offset =
+            std::abs(static_cast<double>(m_gather.headers[at(m_chain.rows[at(row)])].offset));
+        options.earliestLikely.push_back(
+            static_cast<float>(grid.pointAt(row, offset / fastest - 5.0)));
+        options.latestLikely.push_back(
+            static_cast<float>(grid.pointAt(row, offset / slowest + 100.0)));
+    }
+    if (m_settings.prior)
+        addPrior(&options);
+    return options;
+}
+
+void Run::addPrior(OvOnsetGuide::Options* options) const
+{
+    std::vector<OvTraceHeader> headers;
+    headers.reserve(m_chain.rows.size());
+    for (const int row : m_chain.rows)
+        headers.push_back(m_gather.headers[at(row)]);
+    const auto expected = m_settings.prior->expected(headers);
+    for (int row = 0; row < rows(); ++row) {
+        const OvPickPrior::Expected& one = expected[at(row)];
+        options->expected.push_back(static_cast<float>(m_work.grid.pointAt(row, one.timeMs)));
+        options->halfWidths.push_back(
+            one.isKnown() ? static_cast<float>(one.halfWidthMs / m_work.grid.stepMs()) : 0.0F);
+    }
+}
+
+bool Run::findCourse()
+{
+    chooseInterval();
+    return m_work.guide.find(m_work.grid, m_chain, guideOptions());
+}
+
+bool Run::alignTraces()
+{
+    OvArrivalAlignment::Input input;
+    input.rows = rows();
+    input.points = m_work.grid.points();
+    input.period = m_work.guide.period();
+    input.samples = [this](int row) { return m_work.guide.filtered(row); };
+    input.noise = [this](int row) { return m_work.guide.noise(row); };
+    input.chain = &m_chain;
+    input.cancel = m_cancel;
+    return m_work.alignment.align(input, m_work.guide.times());
+}
+
+// Median over the rows of the energy behind the course over that ahead of it.
+double Run::contrast(const OvTraceGrid& grid) const
+{
+    std::vector<double> ratios;
+    for (int row = 0; row < rows(); ++row) {
+        const double ratio = ratioAt(grid, row, m_work.guide.times()[at(row)]);
+        if (std::isfinite(ratio))
+            ratios.push_back(ratio * ratio);
+    }
+    return ratios.empty() ? 0.0 : median(std::move(ratios));
+}
+
+// RMS of the period from a point on over that of the periods ahead of it; NaN too near to an end of
+// the trace.
+double Run::ratioAt(const OvTraceGrid& grid, int row, double point) const
+{
+    constexpr int edge = 9;
+    const double period = m_work.guide.period();
+    const int start = static_cast<int>(point);
+    const int length = std::max(static_cast<int>(1.2 * period), 4);
+    const int from = std::max(grid.first(row) + edge, start - static_cast<int>(6.0 * period));
+    const int to = start - static_cast<int>(0.3 * period);
+    if (to - from < length || start + length > grid.last(row))
+        return std::numeric_limits<double>::quiet_NaN();
+    const float noise = rms(grid.row(row), from, to);
+    const float signal = rms(grid.row(row), start, start + length);
+    const float still = 1e-6F * grid.largest(row);
+    return static_cast<double>(signal / std::max(noise, still));
+}
+
+// Rows without their predictable noise show onsets better where there is much of it; where there is
+// little, the rows as they are.
+void Run::chooseGrid()
+{
+    constexpr double littleNoise = 30.0;
+    constexpr double worthIt = 1.5;
+    constexpr double clear = 8.0;
+    const double asIs = contrast(m_work.grid);
+    m_clean = &m_work.grid;
+    m_isClear = asIs > clear;
+    if (asIs >= littleNoise)
+        return;
+    m_work.whitened.takeFiltered(m_work.grid, m_work.guide.whitener());
+    if (contrast(m_work.whitened) > worthIt * asIs) {
+        m_clean = &m_work.whitened;
+        m_isClear = false;
+    }
+}
+
+double Run::swingPeriod() const
+{
+    constexpr double searched = 6.0;
+    const double period = m_work.guide.period();
+    std::vector<double> periods;
+    for (int row = 0; row < rows(); ++row) {
+        const double start = m_work.guide.times()[at(row)];
+        const int first = std::max(static_cast<int>(start), 0);
+        const int last =
+            std::min(static_cast<int>(start + searched * period) + 1, m_work.grid.points());
+        const double one = ovDominantPeriod(m_clean->row(row), first, last);
+        if (one > 0.0)
+            periods.push_back(one);
+    }
+    return periods.empty() ? period
+                           : std::clamp(median(std::move(periods)), 0.7 * period, 3.0 * period);
+}
+
+std::vector<OvArrivalStack::Member> Run::members() const
+{
+    constexpr float least = 1.0F;
+    constexpr float most = 10.0F;
+    std::vector<OvArrivalStack::Member> members;
+    for (const OvArrivalAlignment::Match& match : m_work.alignment.matches())
+        members.push_back({match.time,
+                           match.strength < least ? 0.0F : std::min(match.strength, most),
+                           match.sign});
+    return members;
+}
+
+// A clear gather is worth a second look, for which neighbours have to look alike.
+bool Run::lookAgain(const OvPickPlan& plan)
+{
+    constexpr double clearRatio = 3.0;
+    constexpr double nearlyAsGood = 0.97;
+    std::vector<double> ratios;
+    for (const OvOnsetSearch::Arrival& arrival : m_own)
+        ratios.push_back(arrival.ratio);
+    m_isClear = m_isClear && median(std::move(ratios)) > clearRatio;
+    if (!m_isClear)
+        return true;
+    std::vector<double> guide = OvPickGuide::find(m_gather, m_chain, plan, {}, m_cancel);
+    if (!guide.empty())
+        guide = OvPickGuide::find(m_gather, m_chain, plan, guide, m_cancel);
+    if (guide.empty())
+        return false;
+    const auto second = OvOnsetSearch::find(*m_clean, plan, guide, parameters(), m_cancel);
+    if (second.empty())
+        return false;
+    if (worth(second, plan.periodMs) >= nearlyAsGood * worth(m_own, plan.periodMs))
+        m_own = second;
+    return true;
+}
+
+void Run::takeOnsets(const std::vector<double>& stacked)
+{
+    constexpr double leastRatio = 2.5;
+    constexpr double leastAround = 3.0;
+    constexpr double mostStray = 0.5; // periods
+    const double period = m_work.guide.period();
+    std::vector<double> ratios;
+    for (const OvOnsetSearch::Arrival& arrival : m_own)
+        ratios.push_back(arrival.ratio);
+    const std::vector<double> around = OvPickCourse::runningMedians(ratios, 4);
+    for (int row = 0; row < rows(); ++row) {
+        const OvOnsetSearch::Arrival& arrival = m_own[at(row)];
+        const double own = m_work.grid.pointAt(row, arrival.timeMs);
+        const double stack = m_work.alignment.matches()[at(row)].time + stacked[at(row)];
+        const bool known = std::isfinite(own);
+        const bool good = arrival.ratio > leastRatio && around[at(row)] > leastAround &&
+                          arrival.strayMs < mostStray * period * m_work.grid.stepMs();
+        m_points.push_back(known && (m_isClear || good) ? own : stack);
+        m_gaps.push_back(known ? std::abs(own - stack) / period : 1.0);
+    }
+}
+
+bool Run::findOnsets()
+{
+    constexpr double behindCourse = 0.15; // periods; the course runs ahead of the onsets
+    chooseGrid();
+    m_swing = swingPeriod();
+    const OvPickPlan plan =
+        OvPickPlan::of(m_gather, m_chain, m_swing * m_work.grid.stepMs(), parameters());
+    std::vector<double> course;
+    for (int row = 0; row < rows(); ++row)
+        course.push_back(m_work.grid.timeMs(row, m_work.guide.times()[at(row)]) +
+                         behindCourse * plan.periodMs);
+    const auto sign = OvOnsetSearch::preferredSign(*m_clean, plan, course, parameters(), m_cancel);
+    const std::vector<double> stacked =
+        m_work.stack.onsets(*m_clean, members(), m_work.guide.period(), sign);
+    m_own = OvOnsetSearch::find(*m_clean, plan, course, parameters(), m_cancel);
+    if (m_own.empty() || !lookAgain(plan))
+        return false;
+    takeOnsets(stacked);
+    return true;
+}
+
+bool Run::passesThresholds(int row, double point) const
+{
+    const OvTraceGrid& grid = m_work.grid;
+    const int from = std::clamp(rounded(point), 0, grid.points());
+    const int to = std::clamp(rounded(point + std::max(m_swing, 4.0)), from, grid.points());
+    float largest = 0.0F;
+    for (int i = from; i < to; ++i)
+        largest = std::max(largest, std::abs(grid.row(row)[i]));
+    if (static_cast<double>(largest) <
+        parameters().amplitudeThreshold * static_cast<double>(grid.largest(row)))
+        return false;
+    const double ratio = ratioAt(grid, row, point);
+    const double told = std::isfinite(ratio) ? ratio : m_own[at(row)].ratio;
+    return told >= parameters().snrThreshold;
+}
+
+void Run::deliver(OvPickResult* result)
+{
+    const double period = m_work.guide.period();
+    std::vector<OvArrivalStack::Member> onsets = members();
+    for (int row = 0; row < rows(); ++row)
+        onsets[at(row)].point = m_points[at(row)];
+    const std::vector<double> points =
+        OvPhaseSearch::find(*m_clean, onsets, m_swing, m_settings.phase);
+    const std::vector<double> strays = OvPickCourse::strays(m_points, 5);
+    std::vector<double> strengths;
+    for (const OvArrivalAlignment::Match& match : m_work.alignment.matches())
+        strengths.push_back(static_cast<double>(match.strength));
+    const double company = median(std::move(strengths));
+    for (int row = 0; row < rows(); ++row) {
+        const OvArrivalAlignment::Match& match = m_work.alignment.matches()[at(row)];
+        const double ratio = ratioAt(*m_clean, row, m_points[at(row)]);
+        OvPickEvidence evidence;
+        evidence.ratio = std::isfinite(ratio) ? ratio : m_own[at(row)].ratio;
+        evidence.strength = static_cast<double>(match.strength);
+        evidence.company = company;
+        evidence.likeness = static_cast<double>(match.likeness);
+        evidence.stray = std::abs(strays[at(row)]) / period;
+        evidence.gap = m_gaps[at(row)];
+        const double confidence = evidence.confidence();
+        const int source = m_chain.rows[at(row)];
+        if (confidence < m_settings.minimumConfidence ||
+            !passesThresholds(row, m_points[at(row)]) ||
+            !inOffsetRange(m_gather.headers[at(source)], parameters()))
+            continue;
+        result->timesMs[at(source)] = static_cast<float>(m_work.grid.timeMs(row, points[at(row)]));
+        result->confidences[at(source)] = static_cast<float>(confidence);
+    }
+}
+
+} // namespace
+
+OvPickResult OvGatherPicker::pick(const OvGather& gather, const OvPickSettings& settings,
+                                  const std::atomic<bool>* cancel) const
+{
+    static thread_local Workspace workspace;
+    OvPickResult result;
+    result.timesMs.assign(gather.headers.size(), std::numeric_limits<float>::quiet_NaN());
+    result.confidences.assign(gather.headers.size(), 0.0F);
+    const OvTraceChain chain = OvTraceChain::of(gather);
+    if (chain.rows.empty() || !(gather.intervalMs > 0.0))
+        return result;
+    Run run(gather, chain, settings, cancel, &workspace);
+    if (!run.findCourse() || !run.alignTraces() || !run.findOnsets())
+        return {};
+    run.deliver(&result);
+    return result;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "OvSeismic/picking/OvPicker.h"
+
+/// The whole gather, from noise to phase.
+///
+/// 1. The live traces are put in a chain (OvTraceChain) and on one clock (OvTraceGrid), about
+///    fifteen points a period.
+/// 2. The course of the arrival: what noise can be predicted is taken out, each trace says where it
+///    turns from noise to signal, the best path through all traces follows (OvOnsetGuide).
+/// 3. The traces are aligned on each other along the course (OvArrivalAlignment) and stacked; the
+///    onset of the stack is carried back to each of them (OvArrivalStack).
+/// 4. Where the trace itself stands clear of the noise, the onset of its own first swing near the
+///    course (OvOnsetSearch) takes the place of the stack's. In a gather that is clear as a whole
+///    the course is found once more so that neighbours look alike along it (OvPickGuide), and every
+///    trace has its own onset.
+/// 5. The wanted phase of the swing (OvPhaseSearch), and what speaks for each pick
+/// (OvPickEvidence).
+///
+/// Polarity: where a clear trace offers two swings, the one of the asked sign is taken, if it lies
+/// no worse with the neighbours. When the clear first swings of a gather mostly have the other
+/// sign, that sign takes the place of the asked one, so that picks stay on the first swing; a
+/// single channel of reversed polarity keeps its onset as well.
+///
+/// A trace is left without a pick below either threshold of the parameters, outside the offset
+/// limits, and below the least confidence.
+class OVSEISMIC_EXPORT OvGatherPicker : public OvPicker
+{
+public:
+    OvPickResult pick(const OvGather& gather, const OvPickSettings& settings,
+                      const std::atomic<bool>* cancel) const override;
+};

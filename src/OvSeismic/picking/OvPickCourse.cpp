@@ -1,0 +1,65 @@
+#include "OvSeismic/picking/OvPickCourse.h"
+
+#include <algorithm>
+#include <array>
+
+std::vector<double> OvPickCourse::slopes(const std::vector<double>& times)
+{
+    constexpr int mostReach = 4;
+    const int count = static_cast<int>(times.size());
+    std::vector<double> slopes(times.size(), 0.0);
+    for (int i = 1; i < count; ++i) {
+        std::array<double, mostReach> around{};
+        for (int reach = 1; reach <= mostReach; ++reach) {
+            const auto left = static_cast<std::size_t>(std::max(i - reach, 0));
+            const auto right = static_cast<std::size_t>(std::min(i + reach - 1, count - 1));
+            around[static_cast<std::size_t>(reach - 1)] =
+                (times[right] - times[left]) / static_cast<double>(right - left);
+        }
+        std::sort(around.begin(), around.end());
+        slopes[static_cast<std::size_t>(i)] = 0.5 * (around[1] + around[2]);
+    }
+    return slopes;
+}
+
+std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int reach)
+{
+    const std::vector<double> slope = slopes(times);
+    std::vector<double> course(times.size(), 0.0); // what the slopes alone add up to
+    for (std::size_t i = 1; i < times.size(); ++i)
+        course[i] = course[i - 1] + slope[i];
+    std::vector<double> strays(times.size(), 0.0);
+    std::vector<double> around;
+    const int count = static_cast<int>(times.size());
+    for (int i = 0; i < count; ++i) {
+        around.clear();
+        for (int k = std::max(i - reach, 0); k < std::min(i + reach + 1, count); ++k) {
+            if (k != i)
+                around.push_back(times[static_cast<std::size_t>(k)] -
+                                 course[static_cast<std::size_t>(k)]);
+        }
+        if (around.empty())
+            continue;
+        const auto at = static_cast<std::size_t>(i);
+        strays[at] = times[at] - course[at] - median(around);
+    }
+    return strays;
+}
+
+std::vector<double> OvPickCourse::runningMedians(const std::vector<double>& values, int reach)
+{
+    std::vector<double> medians;
+    medians.reserve(values.size());
+    const int count = static_cast<int>(values.size());
+    for (int i = 0; i < count; ++i)
+        medians.push_back(median({values.begin() + std::max(i - reach, 0),
+                                  values.begin() + std::min(i + reach + 1, count)}));
+    return medians;
+}
+
+double OvPickCourse::median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "OvSeismic/OvSeismicExport.h"
+
+/// What speaks for one pick.
+struct OVSEISMIC_EXPORT OvPickEvidence
+{
+    double ratio = 0.0;    ///< RMS of the period after the pick over that of the noise ahead of it
+    double strength = 0.0; ///< correlation with its neighbours over that of noise
+    double likeness = 0.0; ///< correlation coefficient with its neighbours
+    double company = 0.0;  ///< median strength of the whole gather: is there any arrival?
+    double stray = 0.0;    ///< distance from where the neighbours point, in periods
+    double gap = 0.0;      ///< distance of the trace's own onset from the stack's, in periods
+
+    /// How likely the pick lies within a sixth of a period or so of the first break: 0 to 1. A
+    /// logistic regression on generated gathers of six kinds of noise and on gathers of noise alone
+    /// (bench/picking/Calibration).
+    double confidence() const;
+};
