@@ -15,7 +15,7 @@ struct BenchSegy
     int tracesPerGather = 100;
     int samples = 100;
     qint16 format = 8;   ///< 1, 5 or 8
-    bool sparse = false; ///< headers only; holes read as zeros
+    int headerEvery = 0; ///< makes a sparse file: only the header of every so many traces is there
 
     int sampleBytes() const { return format == 8 ? 1 : 4; }
     qint64 traceBytes() const { return 240 + qint64(samples) * sampleBytes(); }
@@ -90,7 +90,7 @@ inline bool BenchSegy::writeHeaders(QFile* file) const
 {
     std::vector<char> header(240);
     bool good = file->resize(fileBytes());
-    for (qint64 number = 0; number < traces && good; ++number) {
+    for (qint64 number = 0; number < traces && good; number += headerEvery) {
         putHeader(number, header.data());
         good = file->seek(3600 + number * traceBytes()) && file->write(header.data(), 240) == 240;
     }
@@ -119,5 +119,5 @@ inline bool BenchSegy::write(const QString& path) const
     QFile file(path);
     return file.open(QIODevice::ReadWrite | QIODevice::Truncate | QIODevice::Unbuffered) &&
            file.write(fileHeader().data(), 3600) == 3600 &&
-           (sparse ? writeHeaders(&file) : writeTraces(&file)) && file.flush();
+           (headerEvery > 0 ? writeHeaders(&file) : writeTraces(&file)) && file.flush();
 }

@@ -38,7 +38,7 @@ bool write(const BenchSegy& segy, const QString& path)
     return false;
 }
 
-/// Milliseconds until the index is there, without keeping it.
+/// Milliseconds until the index is there.
 double obtainTime(const QString& path, const OvSegyIndexCache& cache, OvSegyIndex* index)
 {
     QElapsedTimer clock;
@@ -55,23 +55,28 @@ void reopening(const QString& folder)
     const QString path = folder + "/traces.sgy";
     BenchSegy segy;
     segy.traces = 10000000;
-    segy.samples = 8;
+    segy.samples = 1000;
+    segy.format = 5;
+    // Each header that is there takes a page of the disk: so many that the words of a block vary as
+    // much as if all were there.
+    segy.headerEvery = 16;
     if (!write(segy, path))
         return;
-    const OvSegyIndexCache none{QString()};
     const OvSegyIndexCache cache(folder + "/cache");
     OvSegyFile file;
     OvSegyIndex index;
-    std::vector<double> first;
+    QElapsedTimer clock;
+    clock.start();
+    const bool built = file.open(path).ok() && index.build(file).ok();
+    const double first = built ? milliseconds(clock) : std::nan("");
+    if (!cache.save(file, index))
+        return;
     std::vector<double> again;
-    obtainTime(path, cache, &index);
-    for (int round = 0; round < rounds; ++round) {
-        first.push_back(obtainTime(path, none, &index));
+    for (int round = 0; round < rounds; ++round)
         again.push_back(obtainTime(path, cache, &index));
-    }
     const bool complete = index.traceCount() == segy.traces;
-    Figure::report("index_again", complete ? Figure::median(again) : std::nan(""),
-                   Figure::median(first), againstIndexing);
+    Figure::report("index_again", complete ? Figure::median(again) : std::nan(""), first,
+                   againstIndexing);
     QFile::remove(path);
 }
 
@@ -100,7 +105,7 @@ void paging(const QString& folder)
     segy.format = 5;
     segy.tracesPerGather = 48;
     segy.traces = (20LL << 30) / segy.traceBytes();
-    segy.sparse = true;
+    segy.headerEvery = 1;
     if (!write(segy, path))
         return;
     OvStatus status;

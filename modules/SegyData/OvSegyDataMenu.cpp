@@ -43,6 +43,8 @@ OvSegyDataMenu::OvSegyDataMenu(QWidget* parent)
     connect(m_folder, &OvSegyFolder::changed, this, &OvSegyDataMenu::listFiles);
     connect(&OvProjectManager::instance(), &OvProjectManager::projectChanged, this,
             &OvSegyDataMenu::followProject);
+    connect(&OvProjectManager::instance(), &OvProjectManager::aboutToAddWorkspace, this,
+            &OvSegyDataMenu::listenTo);
     retranslate();
     followProject();
 }
@@ -150,12 +152,27 @@ QSharedPointer<OvSegyDocument> OvSegyDataMenu::documentFor(const QString& title)
 void OvSegyDataMenu::showInformation()
 {
     const auto document = documentFor(tr("SEG-Y Information"));
-    if (!document)
-        return;
+    if (document)
+        describe(document);
+}
+
+void OvSegyDataMenu::describe(const QSharedPointer<OvSegyDocument>& document)
+{
     delete m_dialog.data();
     m_dialog = new OvSegyInfoDlg(document, OvPluginUtil::mainWindow());
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     m_dialog->show();
+}
+
+void OvSegyDataMenu::listenTo(OvAbstractViewController* workspace)
+{
+    const auto* view = qobject_cast<OvGatherViewController*>(workspace);
+    if (!view)
+        return;
+    connect(view, &OvGatherViewController::detailsRequested, this, [this, view] {
+        describe(view->document());
+        m_dialog->showRemarks();
+    });
 }
 
 void OvSegyDataMenu::editMapping()

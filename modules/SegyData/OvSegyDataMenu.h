@@ -5,6 +5,7 @@
 #include <QSharedPointer>
 
 class OvSegyFolder;
+class OvAbstractViewController;
 class OvGatherOrderMenu;
 class OvSegyDocument;
 class OvSegyInfoDlg;
@@ -29,6 +30,8 @@ private:
     void addNote(const QString& text);
     void chooseFiles();
     void showInformation();
+    void describe(const QSharedPointer<OvSegyDocument>& document);
+    void listenTo(OvAbstractViewController* workspace);
     void editMapping();
     QString activeFile() const;
     /// The active file, or one that is asked for; null when there is none.

@@ -9,10 +9,12 @@
 #include "OvGui/tools/OvPickTool.h"
 #include "OvGui/tools/OvReadoutTool.h"
 #include "OvGui/tools/OvZoomTool.h"
+#include "OvGui/view/OvBanner.h"
 #include "OvGui/view/OvGatherPane.h"
 #include "OvGui/view/OvPagingBar.h"
 #include "OvGui/view/OvPickDesk.h"
 #include "OvGui/view/OvPictureFile.h"
+#include "OvGui/view/OvViewNotices.h"
 
 #include <QDynamicPropertyChangeEvent>
 #include <QFileInfo>
@@ -42,9 +44,11 @@ struct OvGatherViewController::Private
     OvGatherCanvas* canvas;
     OvGatherPane* pane;
     OvPagingBar* bar;
-    OvPickDesk* desk;         // a child of the canvas
-    OvFitDisplayDefine scale; // as applied
-    QTimer shareScale;        // the project learns of a new scale when the wheel has come to rest
+    OvBanner* banner;
+    OvViewNotices* notices = nullptr; // a child of the banner; null without a document
+    OvPickDesk* desk;                 // a child of the canvas
+    OvFitDisplayDefine scale;         // as applied
+    QTimer shareScale; // the project learns of a new scale when the wheel has come to rest
 
     void connectPane();
     void connectBar();
@@ -68,10 +72,12 @@ OvGatherViewController::Private::Private(OvGatherViewController* view,
     , canvas(new OvGatherCanvas(view))
     , pane(new OvGatherPane(document, canvas))
     , bar(new OvPagingBar(view))
+    , banner(new OvBanner(view))
 {
     auto* layout = new QVBoxLayout(q);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    layout->addWidget(banner);
     layout->addWidget(canvas, 1);
     layout->addWidget(bar);
     q->setFocusProxy(canvas);
@@ -107,6 +113,15 @@ void OvGatherViewController::Private::connectPane()
             [this] { q->delegateJob()->setEnabled(pane->isShowing()); });
     if (!pane->document())
         return;
+    notices = new OvViewNotices(pane->document(), banner);
+    connect(notices, &OvViewNotices::info, q, &OvAbstractViewController::outputInfo);
+    connect(banner, &OvBanner::detailsChosen, q, &OvGatherViewController::detailsRequested);
+    // The view announces its own end by this signal, when the private part is gone.
+    connect(&OvProjectManager::instance(), &OvProjectManager::activeWorkspace, pane,
+            [view = q, shown = pane](const OvAbstractViewController* active) {
+                if (active == view)
+                    shown->document()->checkFile();
+            });
     const OvSegyDocument* document = pane->document().data();
     connect(document, &OvSegyDocument::firstBreaksChanged, q, [this] { updateFirstBreakFile(); });
     connect(document, &OvSegyDocument::indexFailed, q, [this] { updateBar(); });
@@ -467,6 +482,9 @@ void OvGatherViewController::classifyFB()
 void OvGatherViewController::Private::retranslate()
 {
     bar->retranslate();
+    banner->retranslate();
+    if (notices)
+        notices->update();
     pane->retranslate();
     canvas->setWhatsThis(OvGatherViewController::tr(
         "The wheel zooms at the mouse, with Ctrl the time only, with "

@@ -77,6 +77,8 @@ public slots:
 signals:
     void editingChanged(bool editing);
     void gatherOrderChanged();
+    /// The user wants to know more of the file than its banner says.
+    void detailsRequested();
     /// The first time the current gather stands on the screen after a change of gather.
     void gatherShown(int gather);
 

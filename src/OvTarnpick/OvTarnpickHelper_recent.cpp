@@ -85,12 +85,12 @@ void OvTarnpickHelperPrivate::rebuildRecentMenu()
     if (!menu)
         return;
     pruneRecentList();
-    const QStringList names = readableNames();
+    const QStringList names = readableNames().mid(0, recentLimit);
     menu->setEnabled(!names.isEmpty());
     if (names.isEmpty())
         return;
     QAction* first = menu->actions().value(0);
-    for (const QString& name : names.mid(0, recentLimit))
+    for (const QString& name : names)
         insertRecentAction(menu, first, name);
 }
 

@@ -27,8 +27,8 @@ OvTarnpickPrivate::OvTarnpickPrivate(OvTarnpick* window)
     ui.actionReport_Bug->setVisible(false);
     ui.menu_New_Window->menuAction()->setVisible(false);
     ui.actionTechnel_Support->setVisible(false);
-    QObject::connect(&OvProjectManager::instance(), SIGNAL(projectChanged(const OvProjectDefine&)),
-                     q, SLOT(slotProjectChanged(const OvProjectDefine&)));
+    QObject::connect(&OvProjectManager::instance(), SIGNAL(projectChanged(OvProjectDefine)), q,
+                     SLOT(slotProjectChanged(OvProjectDefine)));
 }
 
 OvTarnpickPrivate::~OvTarnpickPrivate()

@@ -52,7 +52,8 @@ void retranslateDockButtons(const QWidget* window)
 
 void OvTarnpickPrivate::initModule()
 {
-    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins()) {
+    const auto modules = OvModuleFactory::instance().plugins();
+    for (OvModulePlugin* plugin : modules) {
         QMenu* menu = plugin->menu();
         moduleMenus.append(menu);
         ui.menuBar->insertMenu(ui.menuTool->menuAction(), menu);
@@ -63,7 +64,8 @@ void OvTarnpickPrivate::initModule()
 void OvTarnpickPrivate::populate(OvAbstractViewController* workspace)
 {
     Q_UNUSED(workspace)
-    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins())
+    const auto modules = OvModuleFactory::instance().plugins();
+    for (OvModulePlugin* plugin : modules)
         resetWidget(plugin->toolBarWidget());
 }
 
@@ -81,7 +83,8 @@ void OvTarnpickPrivate::retranslate()
     updateWindowTitle(OvProjectManager::instance().define().isValid());
     if (controller)
         controller->refreshWindowTitles();
-    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins())
+    const auto modules = OvModuleFactory::instance().plugins();
+    for (OvModulePlugin* plugin : modules)
         plugin->changeLanguage();
     refreshPlugins();
     retranslateDockButtons(q);
@@ -92,7 +95,8 @@ void OvTarnpickPrivate::initExtension()
     qDeleteAll(extensionActions);
     extensionActions.clear();
     extensionPlugins.clear();
-    for (OvGeneralPlugin* plugin : OvGeneralFactory::instance().plugins()) {
+    const auto extensions = OvGeneralFactory::instance().plugins();
+    for (OvGeneralPlugin* plugin : extensions) {
         QAction* action = plugin->action();
         extensionPlugins.insert(action, plugin);
         extensionActions.append(action);
@@ -120,7 +124,8 @@ void OvTarnpickPrivate::initToolBar()
 
 void OvTarnpickPrivate::addModuleWidgets()
 {
-    for (OvModulePlugin* plugin : OvModuleFactory::instance().plugins()) {
+    const auto modules = OvModuleFactory::instance().plugins();
+    for (OvModulePlugin* plugin : modules) {
         if (QWidget* widget = plugin->toolBarWidget()) {
             ui.mainToolBar->addSeparator();
             ui.mainToolBar->addWidget(widget);

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::size_t cacheBytes = 192U << 20U;
+constexpr std::size_t cacheBytes = 128U << 20U;
 constexpr std::size_t largestGatherBytes = 1U << 30U;
 constexpr int parallelReads = 2;
 constexpr double mebibyte = 1024.0 * 1024.0;

@@ -7,7 +7,6 @@
 OvGatherSource::OvGatherSource(QSharedPointer<OvSegyDocument> document, QObject* parent)
     : QObject(parent)
     , m_document(std::move(document))
-    , m_reader(std::make_unique<OvGatherReader>(m_document->sharedFile()))
     , m_background(OvBackground::readPool())
 {
     const OvSegyDocument* source = m_document.data();
@@ -19,6 +18,14 @@ OvGatherSource::OvGatherSource(QSharedPointer<OvSegyDocument> document, QObject*
             if (!isOwn())
                 emit gatherLoaded(gather, data, message);
         });
+}
+
+OvGatherSource::~OvGatherSource() = default;
+
+// Of its own for each order: the file may have been read anew meanwhile.
+void OvGatherSource::makeReader()
+{
+    m_reader = std::make_unique<OvGatherReader>(m_document->sharedFile());
     connect(
         m_reader.get(), &OvGatherReader::loaded, this,
         [this](int gather, const std::shared_ptr<const OvGather>& data, const QString& message) {
@@ -26,8 +33,6 @@ OvGatherSource::OvGatherSource(QSharedPointer<OvSegyDocument> document, QObject*
                 emit gatherLoaded(gather, data, message);
         });
 }
-
-OvGatherSource::~OvGatherSource() = default;
 
 void OvGatherSource::setOrder(const OvGatherOrder& order)
 {
@@ -51,10 +56,14 @@ bool OvGatherSource::isOrdering() const
 
 void OvGatherSource::followDocument()
 {
-    if (!m_document->isIndexComplete() || m_order.isDefault())
+    if (!m_document->isIndexComplete()) {
+        m_ordered.reset();
         emit indexChanged();
-    else
+    } else if (m_order.isDefault()) {
+        emit indexChanged();
+    } else {
         regroup();
+    }
 }
 
 void OvGatherSource::regroup()
@@ -73,6 +82,7 @@ void OvGatherSource::takeOrdered(const std::shared_ptr<const OvSegyIndex>& base,
     if (ordered->order() != m_order || base != m_document->index())
         return;
     m_ordered = ordered;
+    makeReader();
     m_reader->setIndex(ordered);
     emit indexChanged();
 }

@@ -51,6 +51,7 @@ signals:
 private:
     bool isOwn() const { return m_ordered != nullptr; }
     void followDocument();
+    void makeReader();
     void regroup();
     void takeOrdered(const std::shared_ptr<const OvSegyIndex>& base,
                      const std::shared_ptr<const OvSegyIndex>& ordered);

@@ -6,6 +6,7 @@
 #include "OvGui/document/OvIndexLoader.h"
 #include "OvGui/document/OvPickHistory.h"
 #include "OvGui/document/OvProjectMapping.h"
+#include "OvGui/document/OvSegyWatch.h"
 #include "OvGui/document/OvTracePick.h"
 
 #include <QCoreApplication>
@@ -45,9 +46,13 @@ public:
     std::unique_ptr<OvIndexLoader> loader;
     std::unique_ptr<OvGatherReader> reader;
     std::unique_ptr<OvPickHistory> history;
+    OvSegyWatch watch;
+    std::vector<std::shared_ptr<OvSegyFile>> former; // jobs may still read them
+    int storingJobs = 0;
 
     QSharedPointer<OvSegyDocument> self() const { return registry().value(key).toStrongRef(); }
     void start(OvSegyDocument* q);
+    void read(OvSegyDocument* q);
     OvTraceHeaderMapping usableMapping(OvStatus* status) const;
     void connectLoader(OvSegyDocument* q);
     std::vector<qint64> tracesOf(int gather) const;
@@ -58,10 +63,21 @@ public:
 
 void OvSegyDocument::Private::start(OvSegyDocument* q)
 {
+    history = std::make_unique<OvPickHistory>(q);
+    QObject::connect(&watch, &OvSegyWatch::stateChanged, q, &OvSegyDocument::fileStateChanged);
+    QObject::connect(&OvProjectManager::instance(), &OvProjectManager::traceHeaderDefineChanged, q,
+                     [this] {
+                         const auto keep = self();
+                         loader->setMapping(usableMapping(nullptr));
+                     });
+    read(q);
+}
+
+void OvSegyDocument::Private::read(OvSegyDocument* q)
+{
     store = std::make_unique<OvFirstBreakStore>(file->info());
     loader = std::make_unique<OvIndexLoader>(file, usableMapping(nullptr));
     reader = std::make_unique<OvGatherReader>(file);
-    history = std::make_unique<OvPickHistory>(q);
     connectLoader(q);
     // Whoever hears a signal may give up the last reference to the document in it.
     QObject::connect(
@@ -70,11 +86,7 @@ void OvSegyDocument::Private::start(OvSegyDocument* q)
             const auto keep = self();
             emit q->gatherLoaded(gather, data, message);
         });
-    QObject::connect(&OvProjectManager::instance(), &OvProjectManager::traceHeaderDefineChanged, q,
-                     [this] {
-                         const auto keep = self();
-                         loader->setMapping(usableMapping(nullptr));
-                     });
+    watch.start(key, file->info().fileSize);
     loader->start();
 }
 
@@ -208,6 +220,33 @@ std::shared_ptr<const OvSegyFile> OvSegyDocument::sharedFile() const
     return d->file;
 }
 
+QString OvSegyDocument::fileMessage() const
+{
+    return d->watch.message();
+}
+
+void OvSegyDocument::checkFile()
+{
+    d->watch.check();
+}
+
+OvStatus OvSegyDocument::reload()
+{
+    if (d->storingJobs > 0)
+        return OvStatus::failure(
+            tr("A job is working on %1. Wait for its end or cancel it, then reload the file.")
+                .arg(QFileInfo(d->key).fileName()));
+    const auto fresh = std::make_shared<OvSegyFile>();
+    OvStatus status = fresh->open(d->key);
+    if (!status)
+        return status;
+    d->former.push_back(d->file);
+    d->file = fresh;
+    d->history->stack()->clear();
+    d->read(this);
+    return status;
+}
+
 bool OvSegyDocument::isIndexComplete() const
 {
     return d->loader->isComplete();
@@ -331,6 +370,7 @@ OvFirstBreakRun OvSegyDocument::unfinishedRun() const
 
 void OvSegyDocument::beginJobStorage()
 {
+    ++d->storingJobs;
     d->store->beginFollowing();
 }
 
@@ -342,6 +382,7 @@ void OvSegyDocument::takeStored(const std::vector<OvFirstBreakUpdate>& stored)
 
 void OvSegyDocument::endJobStorage()
 {
+    --d->storingJobs;
     d->store->endFollowing();
 }
 

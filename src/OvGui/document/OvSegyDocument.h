@@ -37,6 +37,7 @@ public:
     QString segyPath() const;
     /// Path of the first-break file; it need not exist yet.
     QString firstBreakPath() const;
+    /// Another one after reload(); the one from before stays as long as the document.
     const OvSegyFile& file() const;
     /// For workers, which may outlive the document.
     std::shared_ptr<const OvSegyFile> sharedFile() const;
@@ -48,6 +49,14 @@ public:
     /// True from the first time on: while the headers are read again by another mapping the index
     /// is the one from before.
     bool isIndexComplete() const;
+    /// What has become of the file since it was opened, for the user; empty while it is the same.
+    QString fileMessage() const;
+    /// Looks whether the file is still the same; fileStateChanged() answers. Network shares do not
+    /// tell by themselves.
+    void checkFile();
+    /// Opens the file as it is now and reads its headers again; nothing changes when that fails.
+    /// Edits of picks from before cannot be undone any more.
+    OvStatus reload();
     /// Whether the index is complete, but by another mapping than mapping().
     bool isIndexStale() const;
     /// Whether the headers are being read now.
@@ -112,6 +121,8 @@ signals:
     void indexFailed(const QString& message);
     /// Null data with a message on failure.
     void gatherLoaded(int gather, std::shared_ptr<const OvGather> data, const QString& message);
+    /// fileMessage() is another one.
+    void fileStateChanged();
     /// A gather of index().
     void firstBreaksChanged(int gather);
     /// The same by trace, once for all that have changed together.

@@ -9,6 +9,29 @@
     </message>
 </context>
 <context>
+    <name>OvBanner</name>
+    <message>
+        <source>Reload</source>
+        <translation>重新载入</translation>
+    </message>
+    <message>
+        <source>Read the file as it is now</source>
+        <translation>按文件现在的内容重新读取</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>详细信息</translation>
+    </message>
+    <message>
+        <source>What is known of the file, and what is odd</source>
+        <translation>文件的情况及异常之处</translation>
+    </message>
+    <message>
+        <source>Put this message away</source>
+        <translation>收起此消息</translation>
+    </message>
+</context>
+<context>
     <name>OvFirstBreakStore</name>
     <message>
         <source>%1 is write-protected. First breaks can be looked at but not changed.</source>
@@ -342,6 +365,29 @@
         <source>Gather %1 of %2 has %3 traces, but %4 first breaks were given.</source>
         <translation>%2 的第 %1 个道集有 %3 道，但给出了 %4 个初至。</translation>
     </message>
+    <message>
+        <source>A job is working on %1. Wait for its end or cancel it, then reload the file.</source>
+        <translation>有任务正在处理 %1。请等待其结束或将其取消，然后重新载入文件。</translation>
+    </message>
+</context>
+<context>
+    <name>OvSegyWatch</name>
+    <message>
+        <source>%1 has grown since it was opened; the new traces are not shown yet.</source>
+        <translation>%1 打开后变大了；新的道尚未显示。</translation>
+    </message>
+    <message>
+        <source>%1 has become shorter since it was opened; traces behind its end cannot be read any more.</source>
+        <translation>%1 打开后变短了；超出文件末尾的道已无法读取。</translation>
+    </message>
+    <message>
+        <source>%1 was written again since it was opened; what is shown may be out of date.</source>
+        <translation>%1 打开后被重新写入；所显示的内容可能已过时。</translation>
+    </message>
+    <message>
+        <source>%1 was deleted or moved, or its drive is gone. What was read stays shown.</source>
+        <translation>%1 已被删除或移走，或其所在的驱动器已断开。已读取的内容仍保持显示。</translation>
+    </message>
 </context>
 <context>
     <name>OvTimeAxis</name>
@@ -375,6 +421,21 @@
     <message>
         <source>Offset (m), not in the file</source>
         <translation>炮检距 (m)，文件中没有</translation>
+    </message>
+</context>
+<context>
+    <name>OvViewNotices</name>
+    <message>
+        <source>The header mapping of the project does not fit this file, which is read by the standard positions: %1</source>
+        <translation>项目的道头映射不适合此文件，此文件按标准位置读取：%1</translation>
+    </message>
+    <message>
+        <source>The traces have no offsets and no usable coordinates.</source>
+        <translation>各道没有炮检距，也没有可用的坐标。</translation>
+    </message>
+    <message>
+        <source>%1 (%2 more remarks)</source>
+        <translation>%1（另有 %2 条说明）</translation>
     </message>
 </context>
 </TS>

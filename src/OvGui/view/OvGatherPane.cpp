@@ -93,6 +93,7 @@ void OvGatherPane::setCurrentGather(int gather)
     if (bounded == m_current)
         return;
     m_current = bounded;
+    m_anchor = -1;
     m_error.clear();
     m_painted = false;
     load();
@@ -124,6 +125,7 @@ void OvGatherPane::load()
         return;
     m_requested = m_current;
     m_patience.start(patienceMs);
+    m_document->checkFile();
     m_source->requestGather(m_current);
 }
 
@@ -144,6 +146,7 @@ void OvGatherPane::takeLoaded(int gather, const std::shared_ptr<const OvGather>&
     m_error = message;
     m_onCanvas = -1;
     m_canvas->setGather(nullptr);
+    m_document->checkFile(); // which may be why
     updateTitle();
     updateMessage();
     emit showingChanged();
@@ -154,6 +157,7 @@ void OvGatherPane::show(const std::shared_ptr<const OvGather>& data)
     m_onCanvas = m_current;
     m_shownOrder = m_source->index()->order();
     m_shownMapping = m_source->index()->mapping();
+    m_shownFile = m_document->sharedFile();
     m_error.clear();
     m_painted = false;
     m_canvas->setGather(data);
@@ -168,7 +172,8 @@ bool OvGatherPane::isSame(const OvGather& shown) const
 {
     const auto index = m_source->index();
     return m_onCanvas == m_current && shown.traceCount() == index->gatherTraceCount(m_current) &&
-           m_shownOrder == index->order() && m_shownMapping == index->mapping();
+           m_shownOrder == index->order() && m_shownMapping == index->mapping() &&
+           m_shownFile == m_document->sharedFile();
 }
 
 void OvGatherPane::takeIndex()
@@ -178,10 +183,12 @@ void OvGatherPane::takeIndex()
     const bool same = shown && m_current < gatherCount() && isSame(*shown);
     if (!same) {
         // The same traces stay in view, whatever gather they are in now.
-        const int gather = shown && shown->traceCount() > 0
-                               ? m_source->index()->gatherOfTrace(shown->headers.front().traceIndex)
-                               : m_current;
-        m_current = std::max(0, std::min(std::max(gather, 0), gatherCount() - 1));
+        if (m_anchor < 0 && shown && shown->traceCount() > 0)
+            m_anchor = shown->headers.front().traceIndex;
+        const int gather = m_source->index()->gatherOfTrace(m_anchor);
+        if (gather >= 0 || m_document->isIndexComplete())
+            m_anchor = -1;
+        m_current = gather >= 0 ? gather : std::max(0, std::min(m_current, gatherCount() - 1));
         m_onCanvas = -1;
     }
     m_requested = -1;

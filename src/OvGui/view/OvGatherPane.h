@@ -73,7 +73,9 @@ private:
     int m_onCanvas = -1;
     OvGatherOrder m_shownOrder; // of what is on the canvas
     OvTraceHeaderMapping m_shownMapping;
+    std::shared_ptr<const OvSegyFile> m_shownFile;
     int m_requested = -1;
+    qint64 m_anchor = -1; // the trace to go to once its gather is known
     int m_previewGather = -1;
     OvFirstBreaks m_preview;
     bool m_painted = false;

@@ -13,8 +13,6 @@
 class OvFileMap
 {
 public:
-    enum class Advice { Normal, Sequential, WillNeed };
-
     OvFileMap() = default;
     ~OvFileMap() { unmap(); }
     OvFileMap(const OvFileMap&) = delete;
@@ -30,8 +28,6 @@ public:
     const char* data() const { return m_data; }
     qint64 size() const { return m_size; }
     bool isDamaged() const { return m_damaged.load(std::memory_order_acquire); }
-    /// Tells the system how a range is going to be read. May do nothing.
-    void advise(qint64 offset, qint64 count, Advice advice) const;
 
 private:
     const char* m_data = nullptr;

@@ -145,16 +145,4 @@ void OvFileMap::unmap()
     m_slot = -1;
 }
 
-void OvFileMap::advise(qint64 offset, qint64 count, Advice advice) const
-{
-    const qint64 begin = qMax<qint64>(0, offset) & ~static_cast<qint64>(pageSize - 1);
-    const qint64 end = qMin(m_size, offset + count);
-    if (!isMapped() || begin >= end)
-        return;
-    const int code = advice == Advice::Sequential ? MADV_SEQUENTIAL
-                     : advice == Advice::WillNeed ? MADV_WILLNEED
-                                                  : MADV_NORMAL;
-    madvise(const_cast<char*>(m_data) + begin, static_cast<std::size_t>(end - begin), code);
-}
-
 #endif

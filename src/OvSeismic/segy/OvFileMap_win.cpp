@@ -40,6 +40,4 @@ void OvFileMap::unmap()
     m_size = 0;
 }
 
-void OvFileMap::advise(qint64, qint64, Advice) const {}
-
 #endif

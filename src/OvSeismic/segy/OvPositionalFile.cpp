@@ -157,8 +157,6 @@ qint64 OvPositionalFile::readSome(qint64 offset, char* out, qint64 count) const
 
 void OvPositionalFile::prefetch(qint64, qint64) const {}
 
-void OvPositionalFile::setScattered(bool) const {}
-
 OvPositionalFile::Facts OvPositionalFile::factsNow() const
 {
     BY_HANDLE_FILE_INFORMATION facts;
@@ -222,16 +220,6 @@ void OvPositionalFile::prefetch(qint64 offset, qint64 count) const
 #else
     Q_UNUSED(offset)
     Q_UNUSED(count)
-#endif
-}
-
-void OvPositionalFile::setScattered(bool scattered) const
-{
-#ifdef POSIX_FADV_RANDOM
-    const int advice = scattered ? POSIX_FADV_RANDOM : POSIX_FADV_NORMAL;
-    posix_fadvise(static_cast<int>(m_handle), 0, 0, advice);
-#else
-    Q_UNUSED(scattered)
 #endif
 }
 

@@ -28,9 +28,6 @@ public:
     OvStatus read(qint64 offset, void* out, qint64 count) const;
     /// Tells the system that a range is read soon. May do nothing.
     void prefetch(qint64 offset, qint64 count) const;
-    /// Whether few bytes far apart are going to be read, so that reading ahead only costs. Of the
-    /// whole file; may do nothing.
-    void setScattered(bool scattered) const;
 
     /// The bytes themselves, without a copy; null where the file is not mapped or has been found
     /// cut short. What was read there counts only once isIntact() has said so.

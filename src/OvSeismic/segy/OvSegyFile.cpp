@@ -27,14 +27,14 @@ struct Knowledge
 {
     OvSegyFileInfo info;
     OvTraceLocator locator; ///< empty where the traces have one length
+    qint64 traceBytes = 0;  ///< from one trace to the next, where they have one length
     bool complete = true;   ///< every trace is located
 
     qint64 count() const { return info.fixedLength ? info.traceCount : locator.count(); }
-    qint64 fixedSize() const { return OvSegyLayout::traceSize(info); }
     /// Also for count(): where the traces located end.
     qint64 position(qint64 trace) const
     {
-        return info.fixedLength ? info.firstTraceOffset + trace * fixedSize()
+        return info.fixedLength ? info.firstTraceOffset + trace * traceBytes
                                 : locator.position(trace);
     }
     OvTraceLocator::Shape shape(qint64 trace) const
@@ -261,6 +261,7 @@ OvStatus OvSegyFile::open(const QString& path)
         return status;
     }
     known->complete = known->info.fixedLength;
+    known->traceBytes = OvSegyLayout::traceSize(known->info);
     d->learn(std::move(known));
     return status;
 }

@@ -12,6 +12,9 @@ namespace {
 
 using Columns = OvSegyColumns;
 
+// The map wins by far where the file is in memory (0.15 s against 0.73 s of reads for a million
+// traces of 3240 bytes on two busy cores) and a little where it comes from the disk (1.66 s against
+// 1.93 s). What follows is for files that are not mapped, and for very long traces.
 // Beyond this trace size, reading the headers one by one beats reading the samples between them.
 constexpr qint64 longTraceBytes = 4096;
 // Beyond this one, the system's reading ahead in a map costs more than a read for each header.

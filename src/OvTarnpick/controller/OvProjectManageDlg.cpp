@@ -51,8 +51,8 @@ OvProjectManageDlgPrivate::OvProjectManageDlgPrivate(OvProjectManageDlg* dialog,
     ui.projectList->setModel(&model);
     ui.projectList->setItemDelegate(new ProjectNameDelegate);
     QObject::connect(ui.projectList->selectionModel(),
-                     SIGNAL(currentRowChanged(const QModelIndex&, const QModelIndex&)), q,
-                     SLOT(slotSelectionChanged(const QModelIndex&, const QModelIndex&)));
+                     SIGNAL(currentRowChanged(QModelIndex, QModelIndex)), q,
+                     SLOT(slotSelectionChanged(QModelIndex, QModelIndex)));
 }
 
 // A view does not own its delegate.
@@ -79,7 +79,8 @@ void OvProjectManageDlgPrivate::setTitle()
 void OvProjectManageDlgPrivate::loadProjects()
 {
     QStringList names;
-    for (const OvProjectDefine& project : OvProjectDefineNode().projects())
+    const auto projects = OvProjectDefineNode().projects();
+    for (const OvProjectDefine& project : projects)
         names.append(project.name);
     names.removeAll(OvProjectManager::instance().define().name);
     setNames(names);

@@ -2,11 +2,14 @@
 
 #include "Gathers.h"
 #include "OvBase/OvAbstractJob.h"
+#include "OvBase/OvBaseUtil.h"
 #include "OvBase/OvTaskManager.h"
 #include "OvGui/document/OvPickHistory.h"
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
 #include "PoolBlock.h"
 #include "fixtures/OldFirstBreaks.h"
+#include "fixtures/SegyFormWriter.h"
+#include "fixtures/SegyWriter.h"
 #include "fixtures/WarningTrap.h"
 
 #include <QSignalSpy>
@@ -56,6 +59,26 @@ private slots:
         WarningTrap::start();
         m_folder = std::make_unique<QTemporaryDir>();
         QVERIFY(Gathers::writeLine(path(), 5));
+    }
+
+    void largeFileOpensFromItsKeptIndex()
+    {
+        QVERIFY(SegyWriter::ramps(12000, 2).write(path()));
+        const QString folder = OvBaseUtil::cachePath() + "/segyindex";
+        const int kept = QDir(folder).entryList(QDir::Files).size();
+        QCOMPARE(openComplete()->gatherCount(), 3000);
+        QCOMPARE(QDir(folder).entryList(QDir::Files).size(), kept + 1);
+
+        const auto document = open(path());
+        QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
+        QSignalSpy progress(document.data(), &OvSegyDocument::indexProgress);
+        QTRY_COMPARE(complete.count(), 1);
+        QCOMPARE(progress.count(), 0); // nothing was read anew
+        QCOMPARE(document->gatherCount(), 3000);
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        document->requestGather(2999);
+        QTRY_COMPARE(loaded.count(), 1);
+        QCOMPARE(document->cachedGather(2999)->trace(3)[1], SegyWriter::rampValue(11999, 1));
     }
 
     void cleanup() { QCOMPARE(WarningTrap::take(), QStringList()); }
@@ -142,6 +165,38 @@ private slots:
         QCOMPARE(gather->trace(1)[7], SegyWriter::rampValue(9, 7));
         QCOMPARE(document->cachedGather(2), gather);
         QVERIFY(!document->cachedGather(1));
+    }
+
+    /// The traces have to be found first; a gather is as long as its longest trace, zeros follow.
+    void tracesOfDifferentLength()
+    {
+        SegyFormWriter writer;
+        writer.fixedLength = 0;
+        writer.samplesStated = 40;
+        for (int i = 0; i < 200; ++i) {
+            writer.traces.emplace_back();
+            writer.traces.back().samples = SegyFormWriter::ramp(i, 20 + i * 7 % 40);
+        }
+        QVERIFY(SegyWriter::writeBytes(path("variable.sgy"), writer.bytes()));
+        const auto document = open(path("variable.sgy"));
+        QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
+        QVERIFY(complete.wait());
+        QCOMPARE(document->gatherCount(), 50);
+        QCOMPARE(document->file().info().traceCount, qint64(200));
+        QSignalSpy loaded(document.data(), &OvSegyDocument::gatherLoaded);
+        document->requestGather(49);
+        QVERIFY(loaded.wait());
+        const auto gather = loaded[0][1].value<std::shared_ptr<const OvGather>>();
+        QVERIFY(gather);
+        QCOMPARE(gather->traceCount(), 4);
+        for (int row = 0; row < 4; ++row) {
+            const auto& written = writer.traces[std::size_t(196 + row)].samples;
+            QVERIFY(gather->sampleCount >= int(written.size()));
+            for (int i = 0; i < gather->sampleCount; ++i) {
+                const bool there = i < int(written.size());
+                QCOMPARE(double(gather->trace(row)[i]), there ? written[std::size_t(i)] : 0.0);
+            }
+        }
     }
 
     void requestsForTheSameGatherAreAnsweredOnce()
