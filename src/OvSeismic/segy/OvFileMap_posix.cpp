@@ -32,10 +32,9 @@ std::mutex slotMutex;
 struct sigaction previousAction;
 quintptr pageSize = 0;
 
-void* zeroPage(quintptr page)
+void* zeroPage(void* place)
 {
     constexpr int flags = MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED;
-    auto* place = reinterpret_cast<void*>(page);
 #ifdef Q_OS_LINUX
     // Straight to the kernel: what stands between, a sanitizer say, may not be used in a handler.
     const long result = syscall(SYS_mmap, place, pageSize, PROT_READ, flags, -1, 0L);
@@ -45,13 +44,15 @@ void* zeroPage(quintptr page)
 #endif
 }
 
-bool mend(quintptr address)
+bool mend(void* fault)
 {
+    const auto address = reinterpret_cast<quintptr>(fault);
+    char* page = static_cast<char*>(fault) - (address & (pageSize - 1));
     for (Slot& slot : slots) {
         const quintptr begin = slot.begin.load(std::memory_order_acquire);
         if (begin == 0 || address < begin || address >= slot.end.load(std::memory_order_relaxed))
             continue;
-        if (zeroPage(address & ~(pageSize - 1)) == MAP_FAILED)
+        if (zeroPage(page) == MAP_FAILED)
             return false;
         slot.damaged.load(std::memory_order_relaxed)->store(true, std::memory_order_release);
         return true;
@@ -74,7 +75,7 @@ void passOn(int signal, siginfo_t* info, void* context)
 void onBusError(int signal, siginfo_t* info, void* context)
 {
     const int error = errno;
-    if (!mend(reinterpret_cast<quintptr>(info->si_addr)))
+    if (!mend(info->si_addr))
         passOn(signal, info, context);
     errno = error;
 }

@@ -106,8 +106,9 @@ void OvPackedColumn::shrink()
 
 qint64 OvPackedColumn::bytes() const
 {
-    return static_cast<qint64>(m_blocks.capacity() * sizeof(Block) +
-                               m_words.capacity() * sizeof(quint64));
+    const std::size_t sum =
+        m_blocks.capacity() * sizeof(Block) + m_words.capacity() * sizeof(quint64);
+    return static_cast<qint64>(sum);
 }
 
 void OvPackedColumn::save(std::vector<char>* out) const

@@ -135,6 +135,6 @@ qint64 OvSegyGrouping::binOf(float offset, double width)
 
 qint64 OvSegyGrouping::bytes() const
 {
-    return static_cast<qint64>((m_starts.capacity() + m_byRecord.capacity()) * sizeof(quint32)) +
-           m_traces.bytes() + m_gathers.bytes();
+    const std::size_t own = (m_starts.capacity() + m_byRecord.capacity()) * sizeof(quint32);
+    return static_cast<qint64>(own) + m_traces.bytes() + m_gathers.bytes();
 }

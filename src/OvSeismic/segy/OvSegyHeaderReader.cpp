@@ -65,8 +65,8 @@ void takeWords(const char* header, std::size_t i, Columns::Block<qint32>* block,
 void announce(const char* header)
 {
 #if defined(__GNUC__)
-    constexpr int lineBytes = 64;
-    for (const int line : {0, 1, 3})
+    constexpr std::ptrdiff_t lineBytes = 64;
+    for (const std::ptrdiff_t line : {0, 1, 3})
         __builtin_prefetch(header + line * lineBytes);
 #else
     Q_UNUSED(header)

@@ -80,7 +80,7 @@ QString OvSegyIndexCache::pathFor(const QString& segyPath,
 OvStatus OvSegyIndexCache::obtain(const OvSegyFile& file, const OvTraceHeaderMapping& mapping,
                                   const OvSegyIndex::Progress& progress, OvSegyIndex* index) const
 {
-    const OvStatus loaded = load(file, mapping, index);
+    OvStatus loaded = load(file, mapping, index);
     if (loaded && index->traceCount() > 0)
         return loaded;
     if (!loaded)
