@@ -152,7 +152,9 @@ OvStatus OvSegyHeaderReader::readAs(Work<Word>* work, OvSegyColumns* columns)
 {
     work->block.count = static_cast<int>(m_count);
     OvStatus status;
-    const qint64 apart = span() / static_cast<qint64>(m_count);
+    const qint64 apart =
+        m_count > 1 ? (m_positions[m_count - 1] - m_positions[0]) / static_cast<qint64>(m_count - 1)
+                    : 0;
     if (apart > veryLongTraceBytes || !fromMap(work))
         status = apart > longTraceBytes ? fromManyReads(work) : fromOneRead(work);
     if (status && !isStopped())

@@ -3,6 +3,7 @@
 #include "OvSeismic/segy/OvSegyFile.h"
 #include "fixtures/SegyWriter.h"
 
+#include <QtEndian>
 #include <QtTest>
 
 #include <cmath>
@@ -64,6 +65,7 @@ private slots:
     void emptyIndex();
     void moves();
     void longTraces();
+    void veryLongTraces();
 
 private:
     void build(const SegyWriter& writer)
@@ -381,6 +383,35 @@ void tst_OvSegyIndex::longTraces()
     build(SegyWriter::ramps(50, 3000));
     QCOMPARE(m_index.gatherCount(), 13);
     QCOMPARE(headers(12).headers.at(1).offset, 500.0F);
+}
+
+void tst_OvSegyIndex::veryLongTraces()
+{
+    // Each is longer than 256 KiB, so that reading ahead in a map would cost most of the time.
+    constexpr int traces = 70;
+    constexpr qint64 traceBytes = 240 + 32767 * 8;
+    const QString path = m_folder->filePath(QStringLiteral("long.sgy"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    std::vector<char> front(3600);
+    qToBigEndian<qint16>(1000, front.data() + 3216);
+    qToBigEndian<qint16>(32767, front.data() + 3220);
+    qToBigEndian<qint16>(6, front.data() + 3224);
+    QCOMPARE(file.write(front.data(), 3600), qint64(3600));
+    QVERIFY(file.resize(3600 + traces * traceBytes));
+    std::vector<char> header(240);
+    for (qint32 trace = 0; trace < traces; ++trace) {
+        qToBigEndian<qint32>(1 + trace / 7, header.data() + 8);
+        qToBigEndian<qint32>(1 + trace, header.data() + 12);
+        qToBigEndian<qint16>(32767, header.data() + 114);
+        QVERIFY(file.seek(3600 + trace * traceBytes));
+        QCOMPARE(file.write(header.data(), 240), qint64(240));
+    }
+    file.close();
+    QVERIFY(m_file.open(path));
+    QVERIFY(m_index.build(m_file));
+    QCOMPARE(m_index.gatherCount(), 10);
+    QCOMPARE(headers(9).headers.at(6).channel, qint32(traces));
 }
 
 QTEST_GUILESS_MAIN(tst_OvSegyIndex)
