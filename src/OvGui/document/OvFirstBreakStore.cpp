@@ -1,6 +1,7 @@
 #include "OvGui/document/OvFirstBreakStore.h"
 
 #include "OvBase/OvBaseUtil.h"
+#include "OvSeismic/segy/OvSegyFile.h"
 
 #include <QDebug>
 #include <QDir>
@@ -20,7 +21,9 @@ OvFirstBreakStore::OvFirstBreakStore(const OvSegyFileInfo& segy)
     , m_path(OvFirstBreakFile::pathFor(segy.path, OvBaseUtil::localPath() + "/firstbreaks"))
     , m_known(segy.traceCount)
 {
-    openWhatIsThere();
+    // Where traces differ in length their number is not known yet, and the file would not fit it.
+    if (m_segy.fixedLength)
+        openWhatIsThere();
 }
 
 void OvFirstBreakStore::openWhatIsThere()
@@ -43,6 +46,11 @@ OvStatus OvFirstBreakStore::status() const
 
 void OvFirstBreakStore::upgrade(const OvSegyFile& segy, const OvSegyIndex& index)
 {
+    if (!m_segy.fixedLength && !m_file.isOpen()) {
+        m_segy = segy.info();
+        m_known = OvFirstBreakBlocks(m_segy.traceCount);
+        openWhatIsThere();
+    }
     if (m_file.isOpen() && m_file.needsUpgrade())
         m_status = m_file.upgrade(segy, index);
 }

@@ -20,7 +20,8 @@ public:
     QString path() const { return m_path; }
     /// Whether write() can be expected to work, or why not.
     OvStatus status() const;
-    /// Brings a file of an older version up to date. To be called once all traces are known.
+    /// Brings a file of an older version up to date, and opens that of traces of differing length.
+    /// To be called once all traces are known.
     void upgrade(const OvSegyFile& segy, const OvSegyIndex& index);
 
     /// Empty where there are none or where they cannot be used; the reason goes to the log.

@@ -80,7 +80,7 @@ bool OvSegyTraceProbe::read(qint64 position)
     const qint64 room = m_file.size() - position;
     if (position < 0 || room < headerBytes)
         return false;
-    const bool extended = m_info.extraTraceHeaders > 0 && room >= 2 * headerBytes;
+    const bool extended = m_info.extraTraceHeaders > 0 && room >= qint64(2) * headerBytes;
     const int bytes = extended ? 2 * headerBytes : headerBytes;
     if (!window(position, bytes))
         return false;

@@ -178,7 +178,7 @@ private slots:
             writer.traces.back().samples = SegyFormWriter::ramp(i, 20 + i * 7 % 40);
         }
         QVERIFY(SegyWriter::writeBytes(path("variable.sgy"), writer.bytes()));
-        const auto document = open(path("variable.sgy"));
+        auto document = open(path("variable.sgy"));
         QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
         QVERIFY(complete.wait());
         QCOMPARE(document->gatherCount(), 50);
@@ -197,6 +197,17 @@ private slots:
                 QCOMPARE(double(gather->trace(row)[i]), there ? written[std::size_t(i)] : 0.0);
             }
         }
+        // The number of traces that the first-break file is kept for is the true one.
+        OvFirstBreaks breaks;
+        breaks.resize(4);
+        breaks.timesMs[2] = 12.0F;
+        QVERIFY(document->setFirstBreaks(49, breaks));
+        document.reset();
+        document = open(path("variable.sgy"));
+        QSignalSpy again(document.data(), &OvSegyDocument::indexComplete);
+        QVERIFY(again.wait());
+        QCOMPARE(document->firstBreaks(49).timesMs.size(), std::size_t(4));
+        QCOMPARE(document->firstBreaks(49).timesMs[2], 12.0F);
     }
 
     void requestsForTheSameGatherAreAnsweredOnce()
