@@ -177,7 +177,8 @@ QString Info::text() const
     text += line(tr("Gathers:"), QString::number(m_index.gatherCount()));
     text += line(tr("Offsets:"), offsetRange());
     text += line(tr("Coordinate scalar:"), coordinateScalar());
-    for (const QString& warning : warnings())
+    const QStringList sentences = warnings();
+    for (const QString& warning : sentences)
         text += line(severityLabel(OvSegyFinding::Severity::Warning), warning);
     return text + findingLines();
 }

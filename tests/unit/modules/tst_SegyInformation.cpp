@@ -156,7 +156,8 @@ void tst_SegyInformation::sortsTheWorstFirst()
     QTRY_VERIFY(tab(1) != QLatin1String("Remarks (0)"));
     QVERIFY2(remarks().first().contains(QLatin1String("repeat the field record and channel")),
              qPrintable(remarks().first()));
-    QVERIFY2(remarks().first().contains(QLatin1String("(bytes 9 to 16)")), qPrintable(remarks().first()));
+    QVERIFY2(remarks().first().contains(QLatin1String("(bytes 9 to 16)")),
+             qPrintable(remarks().first()));
     QCOMPARE(field<QListWidget>("remarks")->item(0)->toolTip(), QStringLiteral("warning"));
 }
 

@@ -62,6 +62,7 @@ private slots:
     void wholeFileHasNothingToSay();
     void duplicates();
     void missingChannels();
+    void negativeNumbers();
     void missingRecords();
     void recordsInSteps();
     void notFinite();
@@ -151,6 +152,20 @@ void tst_OvSegyDoctor::missingChannels()
     QCOMPARE(finding->count, qint64(1));
     QVERIFY2(finding->text.contains(QStringLiteral("record 11 without channel 2")),
              qPrintable(finding->text));
+}
+
+void tst_OvSegyDoctor::negativeNumbers()
+{
+    auto traces = wholeLine();
+    const qint32 channels[] = {-2, -1, 1, 2};
+    for (std::size_t i = 0; i < traces.size(); ++i) {
+        traces[i].fieldRecord -= 11;
+        traces[i].channel = channels[i % 4];
+    }
+    const Findings findings = examine(traces);
+    QCOMPARE(find(findings, "missing-channels")->count, qint64(3));
+    QVERIFY2(find(findings, "missing-channels")->text.contains("record -1 without channel 0"),
+             qPrintable(find(findings, "missing-channels")->text));
 }
 
 void tst_OvSegyDoctor::missingRecords()
