@@ -19,6 +19,7 @@ private slots:
     void initTestCase();
     void gathersFromManyThreads();
     void headersAndSamplesAndIndexAtOnce();
+    void otherOrdersFromManyThreads();
     void tracesOfDifferentLengthAreLocatedByMany();
     void examinedByMany();
     void firstBreakFilesOfManyThreads();
@@ -69,6 +70,28 @@ void tst_OvSegyConcurrency::gathersFromManyThreads()
             for (int row = 0; row < gather.traceCount(); ++row) {
                 for (int k = 0; k < sampleCount; k += 17)
                     check(gather.trace(row)[k] == SegyWriter::rampValue(4 * which + row, k));
+            }
+        }
+    });
+}
+
+void tst_OvSegyConcurrency::otherOrdersFromManyThreads()
+{
+    inThreads([this](int number) {
+        OvGatherOrder order;
+        order.key = number % 2 ? OvGatherKey::OffsetBin : OvGatherKey::FieldRecord;
+        order.sort = OvGatherSort::Offset;
+        order.descending = true;
+        const OvSegyIndex mine = m_index.regrouped(order);
+        for (int which = 0; which < mine.gatherCount(); ++which) {
+            OvGather gather;
+            mine.prefetchGather(m_file, which + 1);
+            check(mine.readGather(m_file, which, &gather).ok());
+            for (int row = 0; row < gather.traceCount(); ++row) {
+                const auto& header = gather.headers[static_cast<std::size_t>(row)];
+                const int trace = static_cast<int>(header.traceIndex);
+                check(gather.trace(row)[5] == SegyWriter::rampValue(trace, 5));
+                check(mine.gatherOfTrace(header.traceIndex) == which);
             }
         }
     });
