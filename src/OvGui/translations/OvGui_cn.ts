@@ -30,6 +30,10 @@
         <source>Put this message away</source>
         <translation>收起此消息</translation>
     </message>
+    <message>
+        <source>×</source>
+        <translation>×</translation>
+    </message>
 </context>
 <context>
     <name>OvFirstBreakStore</name>

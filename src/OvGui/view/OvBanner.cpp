@@ -32,7 +32,6 @@ OvBanner::OvBanner(QWidget* parent)
     setObjectName(QStringLiteral("banner"));
     setAutoFillBackground(true);
     m_label->setObjectName(QStringLiteral("bannerText"));
-    m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
     auto* layout = new QHBoxLayout(this);
@@ -83,6 +82,7 @@ void OvBanner::retranslate()
     m_reload->setToolTip(tr("Read the file as it is now"));
     m_details->setText(tr("Details"));
     m_details->setToolTip(tr("What is known of the file, and what is odd"));
+    m_close->setText(tr("×"));
     m_close->setToolTip(tr("Put this message away"));
 }
 

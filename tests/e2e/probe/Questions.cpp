@@ -205,7 +205,7 @@ QJsonObject aboutView()
             {"shown", view->isShowingData()},
             {"complete", document->isIndexComplete()},
             {"gather", view->currentGather()},
-            {"gathers", document->gatherCount()},
+            {"gathers", view->gatherCount()},
             {"picks", picks},
             {"file", document->segyPath()},
             {"firstBreakFile", document->firstBreakPath()},
