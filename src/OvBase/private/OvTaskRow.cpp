@@ -152,6 +152,7 @@ QToolButton* OvTaskRow::makeCancelButton()
 {
     const int height = m_view->fontMetrics().height();
     auto* const button = new QToolButton;
+    button->setObjectName(QStringLiteral("cancelTask"));
     button->setIcon(m_view->style()->standardIcon(QStyle::SP_BrowserStop));
     button->setIconSize(QSize(height, height));
     button->setAutoRaise(true);

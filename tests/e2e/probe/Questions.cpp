@@ -3,6 +3,7 @@
 #include "OvBase/OvProjectManager.h"
 #include "OvBase/OvTaskManager.h"
 #include "OvGui/OvGatherViewController.h"
+#include "OvGui/canvas/OvGatherCanvas.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -113,6 +114,7 @@ QJsonObject describe(QAction* action, QWidget* host)
             {"enabled", action->isEnabled()},
             {"checked", action->isChecked()},
             {"text", action->text()},
+            {"toolTip", action->toolTip()},
             {"rect", toJson(rectOf(host, action))}};
 }
 
@@ -201,12 +203,14 @@ QJsonObject aboutView()
     for (int gather = 0; gather < gathers; ++gather)
         picks += document->firstBreaks(gather).pickedCount();
     const QWidget* canvas = view->canvas();
+    const auto* gatherCanvas = qobject_cast<const OvGatherCanvas*>(canvas);
     return {{"found", true},
             {"shown", view->isShowingData()},
             {"complete", document->isIndexComplete()},
             {"gather", view->currentGather()},
             {"gathers", view->gatherCount()},
             {"picks", picks},
+            {"preview", gatherCanvas ? gatherCanvas->previewPicks().pickedCount() : 0},
             {"file", document->segyPath()},
             {"firstBreakFile", document->firstBreakPath()},
             {"rect", toJson(globalRect(canvas, canvas->rect()))}};

@@ -138,7 +138,8 @@ QDialog* tst_FirstBreak::openPickDialog()
 void tst_FirstBreak::accept(QDialog* dialog)
 {
     auto* ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
-    QCOMPARE(ok->text(), QStringLiteral("Pick"));
+    // The other one where a run has stopped half-way.
+    QVERIFY(ok->text() == QLatin1String("Pick") || ok->text() == QLatin1String("&Start Over"));
     ok->click();
 }
 
@@ -330,7 +331,7 @@ void tst_FirstBreak::refusesASecondRunOnTheSameFile()
     // A run that has ended makes room for the next.
     QPointer<OvAbstractJob> ended = job;
     OvAbstractJob* next = startPicking();
-    QVERIFY(next != job);
+    QVERIFY(next && next != job);
     QTRY_VERIFY(!ended);
     next->requestCancel();
     QTRY_VERIFY(!next->isRunning());

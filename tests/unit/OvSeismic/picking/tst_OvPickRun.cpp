@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cmath>
 #include <numeric>
 #include <thread>
 
@@ -25,6 +26,8 @@ private slots:
     void deliversInOrder();
     void agreesWithThePicker();
     void picksChosenGathersOnly();
+    void leavesOutWhatIsDone();
+    void guidesByThePreviousGatherInOrder();
     void stopsWhenDeliveryFails();
     void stopsWhenReadingFails();
     void keepsFewGathersInFlight();
@@ -164,6 +167,63 @@ void tst_OvPickRun::picksChosenGathersOnly()
     };
     QVERIFY(OvPickRun::run(chosen, note, {}, nullptr));
     QCOMPARE(delivered, (QVector<int>{0, 5, 10}));
+}
+
+void tst_OvPickRun::leavesOutWhatIsDone()
+{
+    OvPickRun::Request run = request(2);
+    run.settings.parameters.shotIncrement = 2; // 0, 2, 4 ... 22
+    run.done = {0, 1, 4, 22};
+    std::vector<int> delivered;
+    std::vector<int> told;
+    const OvStatus status = OvPickRun::run(
+        run,
+        [&](const OvGather& gather, const OvPickResult&) {
+            delivered.push_back(gather.ordinal);
+            return OvStatus::success();
+        },
+        [&](int done, int total) {
+            told.push_back(done);
+            QCOMPARE(total, 12);
+        },
+        nullptr);
+    QVERIFY(status);
+    QCOMPARE(delivered, (std::vector<int>{2, 6, 8, 10, 12, 14, 16, 18, 20}));
+    QCOMPARE(told.front(), 4);
+    QCOMPARE(told.back(), 12);
+}
+
+void tst_OvPickRun::guidesByThePreviousGatherInOrder()
+{
+    OvPickRun::Request run = request(4);
+    run.guidedByPrevious = true;
+    const auto picker = OvPicker::create();
+    OvPickSettings settings = run.settings;
+    int gathers = 0;
+    const OvStatus status = OvPickRun::run(
+        run,
+        [&](const OvGather& gather, const OvPickResult& result) {
+            OvGather data;
+            OvStatus read = m_index.readGather(m_file, gather.ordinal, &data);
+            const OvPickResult expected = picker->pick(data, settings, nullptr);
+            bool same = expected.timesMs.size() == result.timesMs.size();
+            for (std::size_t i = 0; same && i < expected.timesMs.size(); ++i)
+                same = std::isnan(expected.timesMs[i])
+                           ? std::isnan(result.timesMs[i])
+                           : !(expected.timesMs[i] < result.timesMs[i]) &&
+                                 !(expected.timesMs[i] > result.timesMs[i]);
+            if (!same)
+                read = OvStatus::failure(QStringLiteral("gather %1").arg(gather.ordinal));
+            const auto learned = OvPickRun::priorOf(gather, result);
+            if (learned)
+                settings.prior = learned;
+            ++gathers;
+            return read;
+        },
+        {}, nullptr);
+    QVERIFY2(status, qPrintable(status.message()));
+    QCOMPARE(gathers, int(shots));
+    QVERIFY(settings.prior != nullptr);
 }
 
 void tst_OvPickRun::stopsWhenDeliveryFails()

@@ -1,0 +1,235 @@
+#include "Walker.h"
+
+#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
+#include "OvSeismic/segy/OvSegyFile.h"
+
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <algorithm>
+#include <numeric>
+
+/// Automatic picking as an interpreter uses it: previewed, cancelled, gone on with after the
+/// program was killed, and never over what was picked by hand. Each step needs the one before it.
+class tst_Picking : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void opensALine();
+    void previewsWithoutStoring();
+    void keepsWhatACancelledRunFound();
+    void goesOnAfterItWasKilled();
+    void finishesTheRun();
+    void keepsAManualPick();
+    void speaksChinese();
+
+private:
+    bool openLine();
+    bool openDialog();
+    bool waitForJobs(int timeoutMs = 180000);
+    int picks() { return m_walker.ask("view")["picks"].toInt(); }
+    OvFirstBreaks stored() const;
+
+    Walker m_walker;
+    bool m_broken = false;
+    int m_found = 0;
+};
+
+namespace {
+
+constexpr int shots = 240; // some seconds of work
+constexpr int channels = 120;
+
+} // namespace
+
+void tst_Picking::initTestCase()
+{
+    QVERIFY2(m_walker.startScreen(), "no virtual screen");
+    QCOMPARE(QProcess::execute(qEnvironmentVariable("TARNPICK_BUILD_DIR") + "/bin/tarnpick-demo",
+                               {m_walker.home() + "/survey", "--shots", QString::number(shots)}),
+             0);
+}
+
+void tst_Picking::init()
+{
+    if (m_broken)
+        QSKIP("an earlier step failed");
+}
+
+void tst_Picking::cleanup()
+{
+    m_walker.picture(QStringLiteral("picking-") + QTest::currentTestFunction());
+    if (!QTest::currentTestFailed())
+        return;
+    m_broken = true;
+    qWarning().noquote() << m_walker.ask("window");
+    qWarning().noquote() << m_walker.programOutput();
+}
+
+bool tst_Picking::openLine()
+{
+    return m_walker.clickMenu({"menu_Data", "menuSegy_Files", "=demo_line.sgy"}) &&
+           Walker::waitFor(
+               [this] {
+                   const QJsonObject view = m_walker.ask("view");
+                   return view["complete"].toBool() && view["shown"].toBool();
+               },
+               30000);
+}
+
+bool tst_Picking::openDialog()
+{
+    return m_walker.clickMenu({"menu_FirstBreak", "actionAuto_Pick"}) &&
+           m_walker.waitForDialog("OvPickDlg");
+}
+
+bool tst_Picking::waitForJobs(int timeoutMs)
+{
+    return Walker::waitFor([this] { return !m_walker.ask("tasks")["running"].toBool(); },
+                           timeoutMs);
+}
+
+OvFirstBreaks tst_Picking::stored() const
+{
+    const QString line = m_walker.home() + "/survey/demo_line.sgy";
+    OvSegyFile segy;
+    OvFirstBreakFile file;
+    OvFirstBreaks breaks;
+    std::vector<qint64> traces(std::size_t(shots) * channels, 0);
+    std::iota(traces.begin(), traces.end(), 0);
+    if (!segy.open(line) || !file.open(line + ".fb", segy.info()) || !file.read(traces, &breaks))
+        return {};
+    return breaks;
+}
+
+void tst_Picking::opensALine()
+{
+    QVERIFY(m_walker.startProgram() && m_walker.logIn());
+    m_walker.key("alt+f");
+    m_walker.key("n");
+    QVERIFY(m_walker.waitForDialog("OvProjectCreateDlg"));
+    m_walker.type("Picking");
+    m_walker.key("Tab");
+    m_walker.key("ctrl+a");
+    const QString folder = m_walker.home() + "/survey";
+    m_walker.type(folder);
+    QTRY_COMPARE(m_walker.ask("widget", "txtDataPath")["text"].toString(), folder);
+    QVERIFY(m_walker.clickWidget("btnOk") && m_walker.waitForNoDialog());
+    QVERIFY(openLine());
+}
+
+void tst_Picking::previewsWithoutStoring()
+{
+    QVERIFY(openDialog());
+    QVERIFY(m_walker.clickWidget("preview"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_walker.ask("view")["preview"].toInt() > channels / 2, 30000);
+    m_walker.picture("picking-preview");
+    // No trace is nearer than that.
+    m_walker.click(Walker::rectOf(m_walker.ask("widget", "sbMaxOff")));
+    m_walker.key("ctrl+a");
+    m_walker.type("1");
+    QTRY_VERIFY_WITH_TIMEOUT(m_walker.ask("view")["preview"].toInt() < channels / 2, 30000);
+    m_walker.key("Escape");
+    QVERIFY(m_walker.waitForNoDialog());
+    QTRY_COMPARE(m_walker.ask("view")["preview"].toInt(), 0);
+    QCOMPARE(picks(), 0);
+    QVERIFY(!QFile::exists(m_walker.home() + "/survey/demo_line.sgy.fb"));
+}
+
+void tst_Picking::keepsWhatACancelledRunFound()
+{
+    QVERIFY(openDialog());
+    // Each gather waits for the one before it, so that there is time to cancel.
+    m_walker.key("alt+g");
+    for (int i = 0; i < 3; ++i)
+        m_walker.key("Down");
+    QTRY_COMPARE(m_walker.ask("widget", "guide")["text"].toString(), QString("Previous gather"));
+    QVERIFY(m_walker.clickWidget("btnSave"));
+    m_walker.key("Return");
+    QVERIFY(m_walker.waitForNoDialog());
+    QTRY_VERIFY_WITH_TIMEOUT(picks() > 0, 60000);
+    QVERIFY(m_walker.clickWidget("cancelTask"));
+    QVERIFY(waitForJobs());
+    m_found = picks();
+    QVERIFY2(m_found < shots * channels * 9 / 10, qPrintable(QString::number(m_found)));
+    QCOMPARE(stored().pickedCount(), m_found);
+}
+
+void tst_Picking::goesOnAfterItWasKilled()
+{
+    QVERIFY(openDialog());
+    QVERIFY(m_walker.ask("widget", "continueButton")["visible"].toBool());
+    QVERIFY(m_walker.clickWidget("continueButton") && m_walker.waitForNoDialog());
+    QTRY_VERIFY_WITH_TIMEOUT(picks() > m_found, 60000);
+    m_found = picks();
+    m_walker.killProgram();
+    QVERIFY(stored().pickedCount() >= m_found);
+}
+
+void tst_Picking::finishesTheRun()
+{
+    QVERIFY(m_walker.startProgram({"--project", "Picking"}) && m_walker.waitForMainWindow());
+    QVERIFY(openLine());
+    QTRY_VERIFY(picks() >= m_found);
+    QVERIFY(openDialog());
+    m_walker.picture("picking-continue");
+    QVERIFY(m_walker.ask("widget", "continueButton")["visible"].toBool());
+    m_walker.key("Return");
+    QVERIFY(m_walker.waitForNoDialog());
+    QVERIFY(waitForJobs());
+    QTRY_VERIFY2(picks() > shots * channels * 8 / 10, qPrintable(QString::number(picks())));
+    QVERIFY(openDialog());
+    QVERIFY(!m_walker.ask("widget", "continueButton")["visible"].toBool());
+    m_walker.key("Escape");
+    QVERIFY(m_walker.waitForNoDialog());
+}
+
+void tst_Picking::keepsAManualPick()
+{
+    const auto manual = [this] {
+        const OvFirstBreaks breaks = stored();
+        return std::count(breaks.states.begin(), breaks.states.end(), OvPickState::Manual);
+    };
+    m_walker.key("ctrl+e");
+    const QRect view = Walker::rectOf(m_walker.ask("view"));
+    m_walker.click(view);
+    QTRY_COMPARE(manual(), 1);
+    m_walker.key("ctrl+shift+p");
+    m_walker.key("ctrl+e");
+    QVERIFY(openDialog());
+    m_walker.key("Return");
+    QVERIFY(m_walker.waitForNoDialog());
+    QVERIFY(waitForJobs());
+    QCOMPARE(manual(), 1);
+    m_walker.key("alt+q");
+    QCOMPARE(m_walker.waitForEnd(), 0);
+}
+
+void tst_Picking::speaksChinese()
+{
+    QVERIFY(m_walker.startProgram({"--lang", "zh", "--project", "Picking"}) &&
+            m_walker.waitForMainWindow());
+    QVERIFY(openLine());
+    QVERIFY(openDialog());
+    const QRegularExpression chinese("[\\x{4e00}-\\x{9fff}]");
+    for (const char* name : {"label_phase", "label_guide", "label_velocity", "label_intercept",
+                             "label_min_confidence", "preview", "keepManualPicks", "guide"}) {
+        const QString text = m_walker.ask("widget", name)["text"].toString();
+        QVERIFY2(text.contains(chinese), qPrintable(QString(name) + ": " + text));
+    }
+    m_walker.picture("picking-chinese");
+    QVERIFY2(m_walker.ask("action", "actionEdit_Picks")["enabled"].toBool(),
+             qPrintable(m_walker.ask("action", "actionEdit_Picks")["toolTip"].toString()));
+    QVERIFY(picks() > shots * channels * 8 / 10);
+    m_walker.key("Escape");
+    QVERIFY(m_walker.waitForNoDialog());
+    m_walker.key("alt+q");
+    QCOMPARE(m_walker.waitForEnd(), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_Picking)
+#include "tst_Picking.moc"
