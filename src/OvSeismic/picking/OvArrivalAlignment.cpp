@@ -122,8 +122,8 @@ void OvArrivalAlignment::turnReversed()
     for (std::size_t row = 0; row < m_matches.size(); ++row) {
         float* values = m_correlations.data() + row * at(shifts);
         const int from = m_reach / 2;
-        const auto [least, most] = std::minmax_element(values + from, values + shifts - from);
-        if (-*least < strong || -*least < clearly * *most)
+        const auto [smallest, largest] = std::minmax_element(values + from, values + shifts - from);
+        if (-*smallest < strong || -*smallest < clearly * *largest)
             continue;
         m_matches[row].sign = -m_matches[row].sign;
         std::transform(values, values + shifts, values, [](float value) { return -value; });
