@@ -201,11 +201,11 @@ void OvHeaderMappingDlg::connectExamination()
 
 void OvHeaderMappingDlg::restorePlace()
 {
+    m_table->resizeColumnsToContents();
     const QVariantMap place = OvBaseUtil::globalValue(placeKey).toMap();
     if (restoreGeometry(place.value(QStringLiteral("geometry")).toByteArray()) &&
         m_splitter->restoreState(place.value(QStringLiteral("splitter")).toByteArray()))
         return;
-    m_table->resizeColumnsToContents();
     const int words = m_table->horizontalHeader()->length() + 2 * m_table->frameWidth() +
                       style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     m_splitter->setSizes({words, words * 3 / 4});
@@ -279,6 +279,7 @@ void OvHeaderMappingDlg::followMapping()
         ++preset;
     m_presets->setCurrentIndex(preset);
     m_values->setMapping(mapping());
+    m_found->setText(tr("Examining..."));
     showProblems();
     m_settle.start();
 }
@@ -309,6 +310,9 @@ void OvHeaderMappingDlg::endSurvey(const QString& note)
 void OvHeaderMappingDlg::showFound(const OvHeaderSurvey& survey)
 {
     m_model->setSurvey(survey);
+    if (!m_columnsFit) // later they are as wide as the user has made them
+        m_table->resizeColumnsToContents();
+    m_columnsFit = true;
     showProblems();
     const QString traces = locale().toString(survey.traceCount());
     endSurvey(survey.isWhole()

@@ -64,6 +64,7 @@ private:
     OvHeaderMappingModel* m_model;
     OvHeaderValuesModel* m_values;
     OvHeaderExamination* m_examination;
+    bool m_columnsFit = false;
     QTimer m_settle; // the mapping is surveyed when it has come to rest
     QLabel* m_presetLabel = nullptr;
     QComboBox* m_presets = nullptr;

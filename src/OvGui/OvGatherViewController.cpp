@@ -176,7 +176,7 @@ void OvGatherViewController::Private::applyProperty(const QByteArray& name)
     else if (name == "FitDisplayDefine")
         applyScale();
     else if (name == "TraceHeaderDefine")
-        canvas->setTraceHeaderDefine(defineOf<OvTraceHeaderDefine>(q, name));
+        canvas->setTraceHeaderDefine(q->traceLabels());
     else if (name == "SegyFile" || name == "FBFile")
         emit q->populate();
 }
@@ -298,7 +298,31 @@ void OvGatherViewController::setGatherOrder(const OvGatherOrder& order)
     if (order == gatherOrder())
         return;
     d->pane->setOrder(order);
+    d->canvas->setTraceHeaderDefine(traceLabels());
     emit gatherOrderChanged();
+}
+
+OvTraceHeaderDefine OvGatherViewController::traceLabels() const
+{
+    auto define = defineOf<OvTraceHeaderDefine>(this, "TraceHeaderDefine");
+    switch (gatherOrder().sort) {
+    case OvGatherSort::Offset:
+    case OvGatherSort::AbsoluteOffset:
+        define.axisWord = OvTraceHeaderDefine::Offset;
+        break;
+    case OvGatherSort::Channel:
+        define.axisWord = OvTraceHeaderDefine::Channel;
+        break;
+    case OvGatherSort::Cdp:
+        define.axisWord = OvTraceHeaderDefine::Cdp;
+        break;
+    case OvGatherSort::ReceiverX:
+        define.axisWord = OvTraceHeaderDefine::ReceiverX;
+        break;
+    default:
+        break;
+    }
+    return define;
 }
 
 int OvGatherViewController::documentGather() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "OvBase/OvDisplayDefine.h"
 #include "OvGui/OvPlaneViewController.h"
 #include "OvGui/document/OvSegyDocument.h"
 #include "OvSeismic/segy/OvGatherOrder.h"
@@ -43,6 +44,9 @@ public:
     std::shared_ptr<const OvSegyIndex> gatherIndex() const;
     /// The current gather as one of document()->index(); -1 when this view has another order.
     int documentGather() const;
+    /// "TraceHeaderDefine" with the word that labels the traces here: the one they are sorted by
+    /// where there is a label for it.
+    OvTraceHeaderDefine traceLabels() const;
     /// Whether the gather last asked for is on the screen.
     bool isShowingData() const;
 

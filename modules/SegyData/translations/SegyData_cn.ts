@@ -118,6 +118,10 @@
         <source>&amp;Where the words lie, and what stands there</source>
         <translation>各字的位置与内容(&amp;W)</translation>
     </message>
+    <message>
+        <source>Examining...</source>
+        <translation>正在检查...</translation>
+    </message>
 </context>
 <context>
     <name>OvHeaderMappingModel</name>

@@ -52,8 +52,10 @@ void OvMirrorPanel::mirrorGather(OvGatherViewController* source)
     connect(readout, &OvReadoutTool::textChanged, this, &OvMirrorPanel::readoutChanged);
     connect(source, &OvPlaneViewController::currentGatherChanged, m_pane,
             &OvGatherPane::setCurrentGather);
-    connect(source, &OvGatherViewController::gatherOrderChanged, m_pane,
-            [this, source] { m_pane->setOrder(source->gatherOrder()); });
+    connect(source, &OvGatherViewController::gatherOrderChanged, m_pane, [this, source] {
+        m_pane->setOrder(source->gatherOrder());
+        takeProperties();
+    });
     connect(m_pane, &OvGatherPane::gatherShown, this, &OvMirrorPanel::gatherShown);
     source->installEventFilter(this);
     takeProperties();
@@ -77,8 +79,7 @@ void OvMirrorPanel::mirrorPicture()
 void OvMirrorPanel::takeProperties()
 {
     m_canvas->setDisplayDefine(qvariant_cast<OvDisplayDefine>(m_source->property("DisplayDefine")));
-    m_canvas->setTraceHeaderDefine(
-        qvariant_cast<OvTraceHeaderDefine>(m_source->property("TraceHeaderDefine")));
+    m_canvas->setTraceHeaderDefine(gatherSource()->traceLabels());
 }
 
 void OvMirrorPanel::takePicture()

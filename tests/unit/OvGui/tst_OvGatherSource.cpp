@@ -161,6 +161,19 @@ private slots:
                  qPrintable(Views::canvasOf(own)->title()));
     }
 
+    void theAxisShowsWhatTracesAreSortedBy()
+    {
+        OvGatherViewController view(m_document);
+        QCOMPARE(view.traceLabels().axisWord, int(OvTraceHeaderDefine::Channel));
+        view.setGatherOrder(by(OvGatherKey::Receiver, OvGatherSort::AbsoluteOffset));
+        QCOMPARE(view.traceLabels().axisWord, int(OvTraceHeaderDefine::Offset));
+        // The setting that the project keeps is not touched.
+        QCOMPARE(qvariant_cast<OvTraceHeaderDefine>(view.property("TraceHeaderDefine")).axisWord,
+                 int(OvTraceHeaderDefine::Channel));
+        view.setGatherOrder({});
+        QCOMPARE(view.traceLabels().axisWord, int(OvTraceHeaderDefine::Channel));
+    }
+
     void theTraceInViewStaysInView()
     {
         OvGatherViewController view(m_document);
