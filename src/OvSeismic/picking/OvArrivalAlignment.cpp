@@ -116,12 +116,12 @@ void OvArrivalAlignment::correlate(const Input& input, int row, float gain)
 // A channel whose best correlation is much stronger turned over is wired that way.
 void OvArrivalAlignment::turnReversed()
 {
-    constexpr float clearly = 1.5F;
-    constexpr float strong = 4.0F;
+    constexpr float clearly = 2.0F;
+    constexpr float strong = 6.0F;
     const int shifts = 2 * m_reach + 1;
     for (std::size_t row = 0; row < m_matches.size(); ++row) {
         float* values = m_correlations.data() + row * at(shifts);
-        const int from = m_reach / 2;
+        const int from = m_reach - std::max(m_reach / 4, 1); // near enough for no other lobe
         const auto [smallest, largest] = std::minmax_element(values + from, values + shifts - from);
         if (-*smallest < strong || -*smallest < clearly * *largest)
             continue;
@@ -140,9 +140,15 @@ void OvArrivalAlignment::follow(const Input& input)
     m_lattice.rows = input.rows;
     m_lattice.points = shifts;
     m_lattice.scores.resize(m_correlations.size());
-    std::transform(
-        m_correlations.begin(), m_correlations.end(), m_lattice.scores.begin(),
-        [](float value) { return value > 0.0F ? std::min(0.5F * value * value, most) : 0.0F; });
+    for (int row = 0; row < input.rows; ++row) {
+        const float* values = m_correlations.data() + at(row) * at(shifts);
+        const float largest = std::max(*std::max_element(values, values + shifts), 0.0F);
+        // Loud rows are scaled down as a whole, so that their best shift stays the best.
+        const float scale = 0.5F * std::min(1.0F, most / std::max(0.5F * largest * largest, 1.0F));
+        std::transform(values, values + shifts, m_lattice.row(row), [scale](float value) {
+            return value > 0.0F ? scale * value * value : 0.0F;
+        });
+    }
     m_steps.resize(m_matches.size());
     for (int row = 1; row < input.rows; ++row) {
         const int moved = rounded(times[at(row)]) - rounded(times[at(row - 1)]);

@@ -1,0 +1,127 @@
+#include "OvSeismic/dsp/OvChangeScore.h"
+
+#include <QtTest>
+
+#include <algorithm>
+
+/// Where a row of blocks turns from noise to signal.
+class tst_OvChangeScore : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void energiesOfWholeBlocks();
+    void ratiosAreBounded();
+    void forerunnersAreMasked();
+    void leakOfSteadyNoise();
+    void bestWhereSignalBegins();
+    void weakFirstWaveIsNotGivenUp();
+    void burstIsNotTheArrival();
+};
+
+namespace {
+
+// Blocks of energy 1, with stretches of others: from, to, energy.
+struct Stretch
+{
+    int from;
+    int to;
+    float energy;
+};
+
+std::vector<float> blocks(int count, const std::vector<Stretch>& stretches)
+{
+    std::vector<float> values(static_cast<std::size_t>(count), 1.0F);
+    for (const Stretch& stretch : stretches)
+        std::fill(values.begin() + stretch.from, values.begin() + stretch.to, stretch.energy);
+    return values;
+}
+
+OvChangeScore::Rule rule()
+{
+    OvChangeScore::Rule rule;
+    rule.noise = 1.0F;
+    rule.window = 6;
+    rule.standsOut = 0.5F;
+    rule.leak = 0.03F;
+    return rule;
+}
+
+int best(std::vector<float> values)
+{
+    const int count = static_cast<int>(values.size());
+    std::vector<float> scores(values.size());
+    OvChangeScore::ratios(rule(), count, values.data());
+    OvChangeScore::scores(rule(), count, values.data(), scores.data());
+    return static_cast<int>(std::max_element(scores.begin(), scores.end()) - scores.begin());
+}
+
+} // namespace
+
+void tst_OvChangeScore::energiesOfWholeBlocks()
+{
+    const std::vector<float> samples{1.0F, -1.0F, 2.0F, 4.0F, 9.0F};
+    std::vector<float> out(3, -1.0F);
+    OvChangeScore::energies(samples.data(), 5, 2, out.data());
+    QCOMPARE(out, (std::vector<float>{1.0F, 10.0F, -1.0F}));
+}
+
+void tst_OvChangeScore::ratiosAreBounded()
+{
+    std::vector<float> values{0.0F, 1.0F, 1.0F, 2.0F, 1e9F};
+    OvChangeScore::Rule strict = rule();
+    strict.first = 1;
+    OvChangeScore::ratios(strict, 5, values.data());
+    QCOMPARE(values[0], -1.0F);
+    QVERIFY(values[1] < 0.0F && values[1] > -1.0F);
+    QCOMPARE(values[1], values[2]);
+    QVERIFY(values[3] > 0.0F && values[3] < values[4]);
+    QVERIFY(values[4] < 5.0F);
+    std::vector<float> silent{0.0F, 0.0F};
+    strict.noise = 0.0F;
+    OvChangeScore::ratios(strict, 2, silent.data());
+    QCOMPARE(silent[1], -1.0F);
+}
+
+void tst_OvChangeScore::forerunnersAreMasked()
+{
+    OvChangeScore::Rule masking = rule();
+    masking.forerunner = 0.01F;
+    masking.ahead = 3;
+    std::vector<float> values = blocks(20, {{8, 10, 20.0F}, {11, 16, 5000.0F}});
+    OvChangeScore::ratios(masking, 20, values.data());
+    QVERIFY(values[9] < 0.0F);
+    QVERIFY(values[11] > 1.0F);
+}
+
+void tst_OvChangeScore::leakOfSteadyNoise()
+{
+    const std::vector<float> ratios{-0.3F, 1.0F, -0.3F, 1.0F, 2.0F, 0.6F, -0.3F};
+    // Pairs above a half: 1 and 2, 2 and 0.6.
+    QCOMPARE(OvChangeScore::excess(ratios.data(), 0.5F, 0, 7), 0.5F);
+    QCOMPARE(OvChangeScore::excess(ratios.data(), 0.5F, 0, 4), 0.0F);
+    QCOMPARE(OvChangeScore::excess(ratios.data(), 0.5F, 3, 4), 0.0F);
+}
+
+void tst_OvChangeScore::bestWhereSignalBegins()
+{
+    for (const int onset : {5, 37, 80}) {
+        const int found = best(blocks(120, {{onset, 120, 6.0F}}));
+        QVERIFY2(std::abs(found - onset) <= 1, qPrintable(QString::number(found)));
+    }
+}
+
+void tst_OvChangeScore::weakFirstWaveIsNotGivenUp()
+{
+    const int found = best(blocks(120, {{30, 37, 3.0F}, {60, 120, 400.0F}}));
+    QVERIFY2(std::abs(found - 30) <= 1, qPrintable(QString::number(found)));
+}
+
+void tst_OvChangeScore::burstIsNotTheArrival()
+{
+    const int found = best(blocks(120, {{20, 21, 1000.0F}, {60, 120, 8.0F}}));
+    QVERIFY2(std::abs(found - 60) <= 1, qPrintable(QString::number(found)));
+}
+
+QTEST_GUILESS_MAIN(tst_OvChangeScore)
+#include "tst_OvChangeScore.moc"

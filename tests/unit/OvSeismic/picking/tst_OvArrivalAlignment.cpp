@@ -1,0 +1,292 @@
+#include "OvSeismic/picking/OvArrivalAlignment.h"
+#include "OvSeismic/picking/OvArrivalStack.h"
+#include "OvSeismic/picking/OvPhaseSearch.h"
+#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/picking/OvPickEvidence.h"
+#include "OvSeismic/picking/OvTraceChain.h"
+#include "OvSeismic/picking/OvTraceGrid.h"
+
+#include "SyntheticGather.h"
+
+#include <QtTest>
+
+/// Alignment, stack and phase of wavelets whose times are known between the samples.
+class tst_OvArrivalAlignment : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void gridKeepsTime_data();
+    void gridKeepsTime();
+    void findsShiftsBetweenSamples();
+    void noiseHidesLittle();
+    void turnsReversedTraces();
+    void noiseHasLittleStrength();
+    void stopsWhenCancelled();
+    void stackFindsTheOnset();
+    void phasesOfAKnownWavelet_data();
+    void phasesOfAKnownWavelet();
+    void straysOfACourse();
+    void confidenceFollowsTheEvidence();
+};
+
+namespace {
+
+// A gather on a grid, and what is asked of it.
+struct Setup
+{
+    SyntheticGather synthetic;
+    OvTraceChain chain;
+    OvTraceGrid grid;
+    float noise;
+
+    explicit Setup(double rms, int traces = 40)
+        : synthetic(traces)
+        , noise(static_cast<float>(std::max(rms, 1e-3)))
+    {
+        synthetic.addNoise(rms);
+        load();
+    }
+
+    void load()
+    {
+        chain = OvTraceChain::of(synthetic.gather);
+        grid.load(synthetic.gather, chain, 1, 0.0);
+    }
+
+    OvArrivalAlignment::Input input(const std::atomic<bool>* cancel = nullptr) const
+    {
+        OvArrivalAlignment::Input input;
+        input.rows = grid.rows();
+        input.points = grid.points();
+        input.period = 20.0;
+        input.samples = [this](int row) { return grid.row(row); };
+        input.noise = [this](int) { return noise; };
+        input.chain = &chain;
+        input.cancel = cancel;
+        return input;
+    }
+
+    double truth(int row) const
+    {
+        return grid.pointAt(row, synthetic.onsetsMs[static_cast<std::size_t>(row)]);
+    }
+
+    // Times off by up to three samples to and fro.
+    std::vector<double> guesses() const
+    {
+        std::vector<double> times;
+        for (int row = 0; row < grid.rows(); ++row)
+            times.push_back(std::round(truth(row)) + 3 * (row % 3 - 1));
+        return times;
+    }
+
+    // Largest distance of the matches from the truth, one shift for all taken off.
+    double worst(const OvArrivalAlignment& alignment) const
+    {
+        std::vector<double> errors;
+        for (int row = 0; row < grid.rows(); ++row)
+            errors.push_back(alignment.matches()[static_cast<std::size_t>(row)].time - truth(row));
+        const double shift = OvPickCourse::median(errors);
+        double worst = 0.0;
+        for (const double error : errors)
+            worst = std::max(worst, std::abs(error - shift));
+        return worst;
+    }
+
+    std::vector<OvArrivalStack::Member> onTruth() const
+    {
+        std::vector<OvArrivalStack::Member> members;
+        for (int row = 0; row < grid.rows(); ++row)
+            members.push_back({truth(row), 1.0F, 1.0F});
+        return members;
+    }
+};
+
+} // namespace
+
+void tst_OvArrivalAlignment::gridKeepsTime_data()
+{
+    QTest::addColumn<int>("every");
+    QTest::addColumn<float>("delay");
+    QTest::newRow("every sample") << 1 << 0.0F;
+    QTest::newRow("averages of three") << 3 << 0.0F;
+    QTest::newRow("delays that differ") << 1 << 13.0F;
+    QTest::newRow("both") << 2 << 7.0F;
+}
+
+void tst_OvArrivalAlignment::gridKeepsTime()
+{
+    QFETCH(int, every);
+    QFETCH(float, delay);
+    SyntheticGather synthetic(4);
+    synthetic.gather.headers[2].delayMs = delay;
+    const OvTraceChain chain = OvTraceChain::of(synthetic.gather);
+    OvTraceGrid grid;
+    grid.load(synthetic.gather, chain, every, 0.0);
+    QCOMPARE(grid.rows(), 4);
+    QCOMPARE(grid.stepMs(), 2.0 * every);
+    for (int row = 0; row < 4; ++row) {
+        // A point is the mean of the samples about its time.
+        const int point = grid.first(row) + 60 / every;
+        const double sample = synthetic.gather.sampleAt(row, grid.timeMs(row, point));
+        const int from = static_cast<int>(std::lround(sample - 0.5 * (every - 1)));
+        double mean = 0.0;
+        double whole = 0.0;
+        for (int i = 0; i < 400; ++i)
+            whole += static_cast<double>(synthetic.gather.trace(row)[i]) / 400.0;
+        for (int i = 0; i < every; ++i)
+            mean += static_cast<double>(synthetic.gather.trace(row)[from + i]) / every;
+        QVERIFY(std::abs(static_cast<double>(grid.row(row)[point]) - mean + whole) < 2e-3);
+        QVERIFY(std::abs(grid.pointAt(row, grid.timeMs(row, 12.25)) - 12.25) < 1e-9);
+    }
+    grid.load(synthetic.gather, chain, every, 100.0);
+    QCOMPARE(grid.points(), 50 / every);
+}
+
+void tst_OvArrivalAlignment::findsShiftsBetweenSamples()
+{
+    const Setup setup(0.0);
+    OvArrivalAlignment alignment;
+    QVERIFY(alignment.align(setup.input(), setup.guesses()));
+    const double worst = setup.worst(alignment);
+    QVERIFY2(worst < 0.25, qPrintable(QString::number(worst)));
+    for (const auto& match : alignment.matches()) {
+        QVERIFY(match.likeness > 0.98F);
+        QVERIFY(match.strength > 20.0F);
+    }
+}
+
+void tst_OvArrivalAlignment::noiseHidesLittle()
+{
+    const Setup setup(0.2);
+    OvArrivalAlignment alignment;
+    QVERIFY(alignment.align(setup.input(), setup.guesses()));
+    const double worst = setup.worst(alignment);
+    QVERIFY2(worst < 2.5, qPrintable(QString::number(worst)));
+}
+
+void tst_OvArrivalAlignment::turnsReversedTraces()
+{
+    Setup setup(0.05);
+    for (const int row : {7, 25})
+        setup.synthetic.scale(row, -1.0F);
+    setup.load();
+    OvArrivalAlignment alignment;
+    QVERIFY(alignment.align(setup.input(), setup.guesses()));
+    for (int row = 0; row < 40; ++row)
+        QCOMPARE(alignment.matches()[static_cast<std::size_t>(row)].sign,
+                 row == 7 || row == 25 ? -1.0F : 1.0F);
+    QVERIFY(setup.worst(alignment) < 1.0);
+}
+
+void tst_OvArrivalAlignment::noiseHasLittleStrength()
+{
+    Setup setup(1.0);
+    for (int row = 0; row < 40; ++row)
+        setup.synthetic.scale(row, 0.0F);
+    setup.synthetic.addNoise(1.0);
+    setup.load();
+    OvArrivalAlignment alignment;
+    QVERIFY(alignment.align(setup.input(), setup.guesses()));
+    std::vector<double> strengths;
+    for (const auto& match : alignment.matches())
+        strengths.push_back(static_cast<double>(match.strength));
+    QVERIFY2(OvPickCourse::median(strengths) < 3.0,
+             qPrintable(QString::number(OvPickCourse::median(strengths))));
+}
+
+void tst_OvArrivalAlignment::stopsWhenCancelled()
+{
+    const Setup setup(0.1);
+    const std::atomic<bool> cancel{true};
+    OvArrivalAlignment alignment;
+    QVERIFY(!alignment.align(setup.input(&cancel), setup.guesses()));
+}
+
+void tst_OvArrivalAlignment::stackFindsTheOnset()
+{
+    const Setup setup(0.25);
+    OvArrivalStack stack;
+    const auto onsets =
+        stack.onsets(setup.grid, setup.onTruth(), 20.0, OvFirstSwing::Sign::Positive);
+    QCOMPARE(onsets.size(), std::size_t(40));
+    for (const double onset : onsets)
+        QVERIFY2(std::abs(onset) < 2.0, qPrintable(QString::number(onset)));
+}
+
+void tst_OvArrivalAlignment::phasesOfAKnownWavelet_data()
+{
+    QTest::addColumn<int>("phase");
+    QTest::addColumn<double>("afterMs");
+    // t exp(-a t) sin(w t) with a = 32.5, w = 157.08 a second: zeros at 20 ms and 40 ms, extrema
+    // where 1 / t - a + w / tan(w t) = 0.
+    QTest::newRow("onset") << static_cast<int>(OvPickPhase::Onset) << 0.0;
+    QTest::newRow("peak") << static_cast<int>(OvPickPhase::Peak) << 11.992;
+    QTest::newRow("trough") << static_cast<int>(OvPickPhase::Trough) << 30.110;
+    QTest::newRow("zero") << static_cast<int>(OvPickPhase::ZeroCrossing) << 20.0;
+}
+
+void tst_OvArrivalAlignment::phasesOfAKnownWavelet()
+{
+    QFETCH(int, phase);
+    QFETCH(double, afterMs);
+    Setup setup(0.0);
+    setup.synthetic.scale(11, -1.0F);
+    setup.load();
+    std::vector<OvArrivalStack::Member> members = setup.onTruth();
+    members[11].sign = -1.0F;
+    const auto points =
+        OvPhaseSearch::find(setup.grid, members, 20.0, static_cast<OvPickPhase>(phase));
+    for (int row = 0; row < 40; ++row) {
+        const double after = setup.grid.timeMs(row, points[static_cast<std::size_t>(row)]) -
+                             setup.synthetic.onsetsMs[static_cast<std::size_t>(row)];
+        QVERIFY2(std::abs(after - afterMs) < 0.4, qPrintable(QString::number(after)));
+    }
+}
+
+void tst_OvArrivalAlignment::straysOfACourse()
+{
+    std::vector<double> times;
+    for (int i = 0; i < 30; ++i)
+        times.push_back(10.0 + 3.0 * i);
+    times[14] += 7.0;
+    const std::vector<double> strays = OvPickCourse::strays(times, 5);
+    for (std::size_t i = 0; i < strays.size(); ++i)
+        QVERIFY(std::abs(strays[i] - (i == 14 ? 7.0 : 0.0)) < 1.5);
+    QVERIFY(OvPickCourse::strays({}, 5).empty());
+    QCOMPARE(OvPickCourse::strays({4.0}, 5), std::vector<double>{0.0});
+    QCOMPARE(OvPickCourse::runningMedians({1.0, 9.0, 2.0, 3.0}, 1),
+             (std::vector<double>{9.0, 2.0, 3.0, 3.0}));
+}
+
+void tst_OvArrivalAlignment::confidenceFollowsTheEvidence()
+{
+    OvPickEvidence clear;
+    clear.ratio = 10.0;
+    clear.strength = 20.0;
+    clear.likeness = 0.95;
+    clear.company = 15.0;
+    QVERIFY(clear.confidence() > 0.97 && clear.confidence() < 1.0);
+    const auto falls = [&clear](double OvPickEvidence::*member, double value) {
+        OvPickEvidence worse = clear;
+        worse.*member = value;
+        return worse.confidence() < clear.confidence() - 0.001;
+    };
+    QVERIFY(falls(&OvPickEvidence::ratio, 2.0));
+    QVERIFY(falls(&OvPickEvidence::likeness, 0.3));
+    QVERIFY(falls(&OvPickEvidence::company, 1.5));
+    QVERIFY(falls(&OvPickEvidence::stray, 0.4));
+    QVERIFY(falls(&OvPickEvidence::gap, 0.6));
+    OvPickEvidence noise;
+    noise.ratio = 1.1;
+    noise.strength = 1.5;
+    noise.company = 1.5;
+    noise.likeness = 0.3;
+    noise.stray = 0.3;
+    noise.gap = 0.4;
+    QVERIFY2(noise.confidence() < 0.1, qPrintable(QString::number(noise.confidence())));
+}
+
+QTEST_GUILESS_MAIN(tst_OvArrivalAlignment)
+#include "tst_OvArrivalAlignment.moc"

@@ -1,0 +1,134 @@
+#include "OvSeismic/picking/OvShiftPath.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <functional>
+#include <random>
+
+/// The best path, against all paths.
+class tst_OvShiftPath : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sameAsTryingAllPaths_data();
+    void sameAsTryingAllPaths();
+    void followsASlope();
+    void emptyLattices();
+    void keepsNothingFromTheLastSearch();
+};
+
+namespace {
+
+using Step = OvShiftPath::Step;
+
+float worth(const OvScoreLattice& lattice, const std::vector<Step>& steps,
+            const std::vector<int>& path)
+{
+    float sum = lattice.row(0)[path[0]];
+    for (int row = 1; row < lattice.rows; ++row) {
+        const Step& step = steps[static_cast<std::size_t>(row)];
+        const int aside = path[static_cast<std::size_t>(row)] -
+                          path[static_cast<std::size_t>(row) - 1] - step.expected;
+        sum += lattice.row(row)[path[static_cast<std::size_t>(row)]] -
+               static_cast<float>(std::abs(aside)) * (aside > 0 ? step.later : step.earlier);
+    }
+    return sum;
+}
+
+float bestWorth(const OvScoreLattice& lattice, const std::vector<Step>& steps)
+{
+    float best = -1e30F;
+    std::vector<int> path(static_cast<std::size_t>(lattice.rows), 0);
+    const std::function<void(std::size_t)> fill = [&](std::size_t row) {
+        if (row == path.size()) {
+            best = std::max(best, worth(lattice, steps, path));
+            return;
+        }
+        for (path[row] = 0; path[row] < lattice.points; ++path[row])
+            fill(row + 1);
+    };
+    fill(0);
+    return best;
+}
+
+OvScoreLattice randomLattice(int rows, int points, std::mt19937* engine)
+{
+    OvScoreLattice lattice{rows, points, {}};
+    std::uniform_real_distribution<float> even(-3.0F, 3.0F);
+    for (int i = 0; i < rows * points; ++i)
+        lattice.scores.push_back(even(*engine));
+    return lattice;
+}
+
+} // namespace
+
+void tst_OvShiftPath::sameAsTryingAllPaths_data()
+{
+    QTest::addColumn<int>("expected");
+    QTest::addColumn<double>("later");
+    QTest::addColumn<double>("earlier");
+    QTest::newRow("level") << 0 << 0.7 << 0.7;
+    QTest::newRow("rising") << 2 << 0.4 << 0.4;
+    QTest::newRow("falling") << -3 << 1.1 << 1.1;
+    QTest::newRow("one way dearer") << 1 << 0.3 << 2.0;
+    QTest::newRow("farther than the lattice") << 9 << 0.2 << 0.3;
+    QTest::newRow("free") << 0 << 0.0 << 0.0;
+}
+
+void tst_OvShiftPath::sameAsTryingAllPaths()
+{
+    QFETCH(int, expected);
+    QFETCH(double, later);
+    QFETCH(double, earlier);
+    std::mt19937 engine(3);
+    OvShiftPath search;
+    for (int trial = 0; trial < 20; ++trial) {
+        const OvScoreLattice lattice = randomLattice(4, 7, &engine);
+        const std::vector<Step> steps(
+            4, {expected, static_cast<float>(later), static_cast<float>(earlier)});
+        const std::vector<int>& path = search.find(lattice, steps);
+        QCOMPARE(path.size(), std::size_t(4));
+        const float found = worth(lattice, steps, path);
+        const float best = expected > 7 ? found : bestWorth(lattice, steps);
+        QVERIFY2(std::abs(found - best) < 1e-4F, qPrintable(QString::number(double(best - found))));
+    }
+}
+
+void tst_OvShiftPath::followsASlope()
+{
+    OvScoreLattice lattice{30, 100, std::vector<float>(3000, 0.0F)};
+    for (int row = 0; row < 30; ++row)
+        lattice.row(row)[10 + 2 * row] = 5.0F;
+    lattice.row(12)[90] = 9.0F;
+    const std::vector<Step> steps(30, {2, 1.0F, 1.0F});
+    OvShiftPath search;
+    const std::vector<int>& path = search.find(lattice, steps);
+    for (int row = 0; row < 30; ++row)
+        QCOMPARE(path[static_cast<std::size_t>(row)], 10 + 2 * row);
+}
+
+void tst_OvShiftPath::emptyLattices()
+{
+    OvShiftPath search;
+    QVERIFY(search.find({0, 5, {}}, {}).empty());
+    QVERIFY(search.find({5, 0, {}}, std::vector<Step>(5)).empty());
+    QCOMPARE(search.find({1, 3, {0.0F, 2.0F, 1.0F}}, std::vector<Step>(1)), std::vector<int>{1});
+}
+
+void tst_OvShiftPath::keepsNothingFromTheLastSearch()
+{
+    std::mt19937 engine(8);
+    const OvScoreLattice large = randomLattice(9, 40, &engine);
+    const OvScoreLattice small = randomLattice(5, 11, &engine);
+    const std::vector<Step> steps(9, {1, 0.5F, 0.5F});
+    OvShiftPath fresh;
+    const std::vector<int> alone = fresh.find(small, steps);
+    OvShiftPath used;
+    used.find(large, steps);
+    QCOMPARE(used.find(small, steps), alone);
+}
+
+QTEST_GUILESS_MAIN(tst_OvShiftPath)
+#include "tst_OvShiftPath.moc"
