@@ -139,7 +139,7 @@ struct LineScores
     Scores kept;
 };
 
-bool scoreLine(const QDir& data, LineScores* scores, const QString& pictures)
+bool scoreLine(const QDir& data, LineScores* scores)
 {
     const auto picks = RecordedLine::readPicks(data.filePath("picks/lineB_swave_picks.txt"));
     const QDir line(data.filePath("gathers/refr_line_B_swave"));
@@ -157,7 +157,6 @@ bool scoreLine(const QDir& data, LineScores* scores, const QString& pictures)
                     scores->kept.add(static_cast<double>(kept.timesMs[row]) - manual[row],
                                      static_cast<double>(kept.confidences[row]));
                 }
-                Q_UNUSED(pictures)
             });
         if (!read)
             return false;
@@ -169,7 +168,7 @@ void printLineTable(const QDir& data)
 {
     LineScores scores;
     QTextStream out(stdout);
-    if (!scoreLine(data, &scores, {}))
+    if (!scoreLine(data, &scores))
         return;
     constexpr double sampleMs = 0.25;
     out << "\n| recorded line | 1 sample | 3 | 5 | 5 ms | best 4/5 | bias ms | median ms | picked "
@@ -185,6 +184,61 @@ void printLineTable(const QDir& data)
     for (const Scores::Bin& bin : scores.all.reliability(5.0))
         out << QString::number(bin.confidence, 'f', 2) << ": " << percent(bin.right) << " % of "
             << bin.count << '\n';
+}
+
+void drawGather(const NoiseKind& kind, const QString& path)
+{
+    constexpr unsigned seed = 1004;
+    constexpr double endMs = 800.0;
+    const SyntheticShot shot = SyntheticLine::shot(seed, kind);
+    const OvPickResult all = pickAll(shot.gather, 0.0);
+    Pictures::Marks sure{Qt::red, {}};
+    Pictures::Marks unsure{QColor(255, 160, 0), {}};
+    for (std::size_t row = 0; row < all.timesMs.size(); ++row) {
+        const bool kept =
+            static_cast<double>(all.confidences[row]) >= OvPickSettings::defaultConfidence;
+        const auto time = static_cast<double>(all.timesMs[row]);
+        sure.timesMs.push_back(kept ? time : std::nan(""));
+        unsure.timesMs.push_back(kept ? std::nan("") : time);
+    }
+    const QString title =
+        kind.name() +
+        QStringLiteral(": picks in red, those left out for their confidence in orange");
+    Pictures::gather(shot.gather, endMs, {unsure, sure}, title).save(path);
+}
+
+// Gathers of other seeds than those that the confidence was fitted to.
+void drawReliability(int gathers, const QString& path)
+{
+    std::vector<std::vector<Scores::Bin>> curves;
+    QStringList names;
+    for (const NoiseKind& kind : {NoiseKind{Noise::White, 10.0}, NoiseKind{Noise::White, 3.0},
+                                  NoiseKind{Noise::White, 1.5}, NoiseKind{Noise::Coloured, 3.0},
+                                  NoiseKind{Noise::Coloured, 1.5}, NoiseKind{Noise::Swell, 10.0}}) {
+        curves.push_back(ours(kind, firstSeed, gathers, 0.0).reliability(toleranceMs));
+        names.push_back(kind.name());
+    }
+    Pictures::reliability(curves, names).save(path);
+}
+
+void drawPictures(int gathers, const QDir& folder)
+{
+    drawGather({Noise::White, 3.0}, folder.filePath("picking-white-3.png"));
+    drawGather({Noise::White, 1.5}, folder.filePath("picking-white-1.5.png"));
+    drawGather({Noise::Coloured, 3.0}, folder.filePath("picking-coloured-3.png"));
+    drawReliability(gathers, folder.filePath("picking-reliability.png"));
+}
+
+void reportWrong(const Goal& goal, int gathers)
+{
+    if (!(goal.within > 0.0))
+        return;
+    const Scores all = ours(goal.kind, firstSeed, gathers, 0.0);
+    const QString name = goal.kind.name().remove(QStringLiteral(", S/N")).replace(' ', '_');
+    Figure::report(qPrintable("picking_wrong_" + name), 1.0 - all.within(toleranceMs),
+                   1.0 - goal.within, 1.0);
+    Figure::report(qPrintable("picking_wrong_of_the_sure_" + name),
+                   1.0 - all.within(toleranceMs, 0.8), 1.0 - goal.best, 1.0);
 }
 
 // Seconds that it takes some threads to go through all gathers, each gather by one of them.
@@ -258,6 +312,12 @@ int main(int argc, char** argv)
     const QString data = qEnvironmentVariable("TARNPICK_TEST_DATA");
     if (parser.isSet("tables") && !data.isEmpty())
         printLineTable(QDir(data));
+    if (parser.isSet("pictures"))
+        drawPictures(gathers, QDir(parser.value("pictures")));
+    if (!parser.isSet("tables")) {
+        for (const Goal& goal : conditions)
+            reportWrong(goal, gathers);
+    }
     reportSpeed();
     return 0;
 }

@@ -214,6 +214,8 @@ bool OvArrivalAlignment::align(const Input& input, const std::vector<double>& ti
         cut(input);
         const float gain = noiseGain(input);
         for (int row = 0; row < input.rows; ++row) {
+            if (input.cancel && input.cancel->load())
+                return false;
             stack(input, row);
             correlate(input, row, gain);
         }

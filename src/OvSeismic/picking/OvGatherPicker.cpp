@@ -45,6 +45,11 @@ int rounded(double value)
     return static_cast<int>(std::lround(value));
 }
 
+bool isSet(const std::atomic<bool>* cancel)
+{
+    return cancel && cancel->load();
+}
+
 float rms(const float* samples, int from, int to)
 {
     return to > from ? std::sqrt(OvFir::dot(samples + from, samples + from, to - from) /
@@ -141,10 +146,10 @@ void Run::chooseInterval()
     constexpr int leastPoints = 60;
     const OvTraceChain sample = sampleOf(m_chain);
     int every = 1;
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < rounds && !isSet(m_cancel); ++round) {
         m_work.grid.load(m_gather, sample, every, parameters().processingLengthMs);
         const int coarser =
-            static_cast<int>(m_work.guide.scout(m_work.grid, sample) / pointsAPeriod);
+            static_cast<int>(m_work.guide.scout(m_work.grid, sample, m_cancel) / pointsAPeriod);
         if (coarser < 2 || m_work.grid.points() / coarser < leastPoints)
             break;
         every *= coarser;

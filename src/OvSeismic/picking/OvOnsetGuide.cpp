@@ -139,7 +139,7 @@ void OvOnsetGuide::findQuiet(const OvTraceGrid& grid, bool atCourse)
 {
     m_quiet.assign(static_cast<std::size_t>(grid.rows()), {});
     int known = 0;
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         Quiet& quiet = m_quiet[static_cast<std::size_t>(row)];
         if (!atCourse) {
             quiet = quietest(grid, row);
@@ -159,7 +159,7 @@ void OvOnsetGuide::whiten(const OvTraceGrid& grid)
 {
     constexpr double white = 1e-4;
     OvAutoregression::Covariance covariance(static_cast<int>(noiseLags) - 1);
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         const Quiet& quiet = m_quiet[static_cast<std::size_t>(row)];
         if (quiet.size() < 1)
             continue;
@@ -185,7 +185,7 @@ void OvOnsetGuide::filter(const OvTraceGrid& grid)
     const std::vector<float> taps = OvFir::joined(m_whitener, smoother);
     m_freedom = freedomOf(smoother);
     m_filtered.resize(static_cast<std::size_t>(grid.rows()) * static_cast<std::size_t>(m_points));
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         float* out =
             m_filtered.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(m_points);
         const int first = grid.first(row);
@@ -203,7 +203,7 @@ void OvOnsetGuide::measureQuietShare(const OvTraceGrid& grid)
     std::vector<double> correlation(noiseLags, 0.0);
     int rows = 0;
     double length = 0.0;
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         const Quiet& quiet = m_quiet[static_cast<std::size_t>(row)];
         if (quiet.size() < 1)
             continue;
@@ -242,7 +242,7 @@ void OvOnsetGuide::measureNoise(const OvTraceGrid& grid, bool atCourse, double l
     const int block = std::max(rounded(0.7 * m_period), 4);
     m_noise.assign(static_cast<std::size_t>(grid.rows()), -1.0F);
     std::vector<float> blocks;
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         const auto at = static_cast<std::size_t>(row);
         const Quiet& quiet = m_quiet[at];
         if (quiet.size() < block)
@@ -275,7 +275,7 @@ void OvOnsetGuide::measureNoise(const OvTraceGrid& grid, bool atCourse, double l
         noise = last = noise >= 0.0F ? noise : last;
     for (auto noise = m_noise.rbegin(); noise != m_noise.rend(); ++noise)
         *noise = last = *noise >= 0.0F ? *noise : std::max(last, 0.0F);
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         float& noise = m_noise[static_cast<std::size_t>(row)];
         noise = std::max(noise, static_cast<float>(leastAmplitude) * grid.largest(row));
     }
@@ -342,13 +342,13 @@ void OvOnsetGuide::score(const OvTraceGrid& grid, const Options& options)
         return m_energies.data() +
                static_cast<std::size_t>(row) * static_cast<std::size_t>(m_lattice.points);
     };
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         OvChangeScore::energies(filtered(row), m_points, m_block, ratios(row));
         OvChangeScore::ratios(ruleFor(grid, options, row), m_lattice.points, ratios(row));
     }
     m_standsOut = 0.5F;
     const float leak = leakOf(grid);
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         OvChangeScore::Rule rule = ruleFor(grid, options, row);
         rule.leak = leak;
         rule.standsOut = m_standsOut;
@@ -379,7 +379,7 @@ void OvOnsetGuide::guideBy(const OvTraceGrid& grid, const Options& options)
     constexpr float most = 10.0F;
     if (options.expected.empty())
         return;
-    for (int row = 0; row < grid.rows(); ++row) {
+    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
         const float expected = options.expected[static_cast<std::size_t>(row)];
         const float half = options.halfWidths[static_cast<std::size_t>(row)];
         if (!std::isfinite(expected) || !(half > 0.0F))
@@ -412,8 +412,10 @@ void OvOnsetGuide::follow(const OvTraceChain& chain, bool atCourse)
                    [this](int block) { return static_cast<double>(block * m_block); });
 }
 
-double OvOnsetGuide::scout(const OvTraceGrid& grid, const OvTraceChain& chain)
+double OvOnsetGuide::scout(const OvTraceGrid& grid, const OvTraceChain& chain,
+                           const std::atomic<bool>* cancel)
 {
+    m_cancel = cancel;
     m_points = grid.points();
     m_period = 16.0;
     m_times.clear();
@@ -432,6 +434,7 @@ double OvOnsetGuide::scout(const OvTraceGrid& grid, const OvTraceChain& chain)
 
 bool OvOnsetGuide::find(const OvTraceGrid& grid, const OvTraceChain& chain, const Options& options)
 {
+    m_cancel = options.cancel;
     m_points = grid.points();
     m_period = 16.0;
     m_times.clear();

@@ -33,7 +33,8 @@ public:
     };
 
     /// Dominant period, points, of the waves of some traces, from a first look.
-    double scout(const OvTraceGrid& grid, const OvTraceChain& chain);
+    double scout(const OvTraceGrid& grid, const OvTraceChain& chain,
+                 const std::atomic<bool>* cancel);
     /// False once *cancel is true; what follows then means nothing.
     bool find(const OvTraceGrid& grid, const OvTraceChain& chain, const Options& options);
 
@@ -72,6 +73,7 @@ private:
     void guideBy(const OvTraceGrid& grid, const Options& options);
     void follow(const OvTraceChain& chain, bool atCourse);
 
+    const std::atomic<bool>* m_cancel = nullptr;
     int m_points = 0;
     int m_block = 1;  // points
     int m_settle = 0; // points at the start of a row that say nothing
