@@ -47,7 +47,7 @@ void OvGatherOrderMenu::makeKeys()
         const auto key = static_cast<OvGatherKey>(i);
         QAction* action = addAction(QString(), this, [this, key] { setKey(key); });
         action->setObjectName(keyName(key));
-        action->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_1 + i));
+        action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(i + 1)));
         action->setCheckable(true);
         m_keys->addAction(action);
     }

@@ -31,10 +31,10 @@ OvSegyDataMenu::OvSegyDataMenu(QWidget* parent)
     m_open->setObjectName(QStringLiteral("actionOpen_Segy"));
     addSeparator();
     m_information = addAction(QString(), this, &OvSegyDataMenu::showInformation,
-                              QKeySequence(Qt::CTRL + Qt::Key_I));
+                              QKeySequence(QStringLiteral("Ctrl+I")));
     m_information->setObjectName(QStringLiteral("actionSegy_Information"));
     m_mapping = addAction(QString(), this, &OvSegyDataMenu::editMapping,
-                          QKeySequence(Qt::CTRL + Qt::Key_H));
+                          QKeySequence(QStringLiteral("Ctrl+H")));
     m_mapping->setObjectName(QStringLiteral("actionHeader_Mapping"));
     addSeparator();
     m_order = new OvGatherOrderMenu(this);
