@@ -14,6 +14,6 @@ struct OVSEISMIC_EXPORT OvPickEvidence
 
     /// How likely the pick lies within a sixth of a period or so of the first break: 0 to 1. A
     /// logistic regression on generated gathers of six kinds of noise and on gathers of noise alone
-    /// (bench/picking/Calibration).
+    /// (docs/picking.md).
     double confidence() const;
 };

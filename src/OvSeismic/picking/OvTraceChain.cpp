@@ -8,9 +8,17 @@
 
 namespace {
 
+// Dead and dummy traces, time breaks, upholes, sweeps and the like.
+bool isAuxiliary(const OvTraceHeader& header)
+{
+    constexpr qint16 firstOther = 2;
+    constexpr qint16 lastOther = 9;
+    return header.traceId >= firstOther && header.traceId <= lastOther;
+}
+
 bool isLive(const OvGather& gather, int row)
 {
-    if (gather.headers[static_cast<std::size_t>(row)].isDead() || gather.sampleCount < 1)
+    if (isAuxiliary(gather.headers[static_cast<std::size_t>(row)]) || gather.sampleCount < 1)
         return false;
     const float* samples = gather.trace(row);
     float least = samples[0];

@@ -17,7 +17,8 @@ struct OVSEISMIC_EXPORT OvTraceChain
 
     int size() const { return static_cast<int>(rows.size()); }
 
-    /// Traces that carry a signal: not marked dead, not constant, every sample a finite number.
+    /// Traces that carry a signal: not marked dead or auxiliary (trace identification codes 2 to
+    /// 9), not constant, every sample a finite number.
     ///
     /// They run by signed offset, so that the two sides of a split spread meet at the shot. The
     /// sign is the file's own where it has negative ones; else the side of the shot on which the

@@ -1,5 +1,7 @@
 #include "OvSeismic/picking/OvPicker.h"
 
+#include "OvSeismic/picking/OvPickPrior.h"
+
 #include "SyntheticGather.h"
 
 #include <QElapsedTimer>
@@ -35,6 +37,15 @@ private slots:
     void smallestGathers();
     void sameFromSeveralThreads();
     void stopsWhenCancelled();
+    void auxiliaryTracesHaveNoPicks();
+    void phaseIsTheSameOnAllTraces_data();
+    void phaseIsTheSameOnAllTraces();
+    void leastConfidenceLeavesTracesOut();
+    void wrongGuideDoesNotRuinAClearGather();
+    void guideHelpsThroughAnotherShot();
+    void unsortedChannels();
+    void delaysThatDiffer();
+    void humAndSwell();
 
 private:
     OvPickResult pick(const OvGather& gather, const OvPickParameters& parameters = {}) const
@@ -415,6 +426,133 @@ void tst_OvPicker::stopsWhenCancelled()
     worker.join();
     QVERIFY2(sinceCancel.elapsed() < 150, qPrintable(QString::number(sinceCancel.elapsed())));
     QVERIFY(result.timesMs.empty());
+}
+
+void tst_OvPicker::auxiliaryTracesHaveNoPicks()
+{
+    SyntheticGather synthetic(30);
+    synthetic.addNoise(0.02);
+    synthetic.gather.headers[0].traceId = 6;
+    synthetic.gather.headers[29].traceId = 5;
+    synthetic.gather.headers[12].traceId = 0;
+    const OvPickResult result = pick(synthetic.gather);
+    QVERIFY(!isPicked(result, 0) && !isPicked(result, 29));
+    QCOMPARE(within(synthetic, result, 4.0), 28);
+}
+
+void tst_OvPicker::phaseIsTheSameOnAllTraces_data()
+{
+    QTest::addColumn<int>("phase");
+    QTest::addColumn<double>("afterMs");
+    QTest::newRow("peak") << static_cast<int>(OvPickPhase::Peak) << 12.0;
+    QTest::newRow("trough") << static_cast<int>(OvPickPhase::Trough) << 30.1;
+    QTest::newRow("zero") << static_cast<int>(OvPickPhase::ZeroCrossing) << 20.0;
+}
+
+void tst_OvPicker::phaseIsTheSameOnAllTraces()
+{
+    QFETCH(int, phase);
+    QFETCH(double, afterMs);
+    SyntheticGather synthetic(40);
+    synthetic.addNoise(0.03);
+    OvPickSettings settings;
+    settings.phase = static_cast<OvPickPhase>(phase);
+    OvPickResult result = m_picker->pick(synthetic.gather, settings, nullptr);
+    for (float& time : result.timesMs)
+        time -= static_cast<float>(afterMs);
+    QVERIFY2(within(synthetic, result, 3.0) >= 39,
+             qPrintable(QString::number(within(synthetic, result, 3.0))));
+}
+
+void tst_OvPicker::leastConfidenceLeavesTracesOut()
+{
+    SyntheticGather synthetic(60);
+    synthetic.addNoise(0.5);
+    OvPickSettings settings;
+    int last = 60;
+    for (const double least : {0.0, 0.5, 0.8, 0.95, 1.0}) {
+        settings.minimumConfidence = least;
+        const OvPickResult result = m_picker->pick(synthetic.gather, settings, nullptr);
+        const int count = pickedCount(result);
+        QVERIFY(count <= last);
+        last = count;
+        for (std::size_t row = 0; row < 60; ++row) {
+            if (std::isfinite(result.timesMs[row]))
+                QVERIFY(static_cast<double>(result.confidences[row]) >= least - 1e-6);
+            else
+                QCOMPARE(result.confidences[row], 0.0F);
+        }
+    }
+    settings.minimumConfidence = 0.0;
+    QCOMPARE(pickedCount(m_picker->pick(synthetic.gather, settings, nullptr)), 60);
+    QVERIFY(last < 60);
+}
+
+void tst_OvPicker::wrongGuideDoesNotRuinAClearGather()
+{
+    SyntheticGather synthetic(60);
+    synthetic.addNoise(0.02);
+    OvPickSettings settings;
+    // The arrival runs at 2000 m/s after 30 ms.
+    settings.prior = OvPickPrior::fromVelocity(700.0, 150.0);
+    QVERIFY(within(synthetic, m_picker->pick(synthetic.gather, settings, nullptr), 4.0) >= 58);
+}
+
+void tst_OvPicker::guideHelpsThroughAnotherShot()
+{
+    // Waves of a shot behind the far end, three times as large, ahead of the arrival there.
+    SyntheticGather synthetic(60);
+    for (int row = 0; row < 60; ++row)
+        synthetic.add(row, 60.0 + 3.0 * (59 - row), 3.0, 25.0);
+    synthetic.addNoise(0.1);
+    OvPickSettings settings;
+    const int alone = within(synthetic, m_picker->pick(synthetic.gather, settings, nullptr), 6.0);
+    settings.prior = OvPickPrior::fromVelocity(2000.0, 30.0);
+    const int guided = within(synthetic, m_picker->pick(synthetic.gather, settings, nullptr), 6.0);
+    QVERIFY2(guided >= alone, qPrintable(QStringLiteral("%1, %2").arg(alone).arg(guided)));
+}
+
+void tst_OvPicker::unsortedChannels()
+{
+    SyntheticGather synthetic(40);
+    synthetic.addNoise(0.1);
+    SyntheticGather shuffled = synthetic;
+    for (int row = 0; row < 40; ++row) {
+        const int from = (row * 17) % 40;
+        const auto at = static_cast<std::size_t>(row);
+        shuffled.gather.headers[at] = synthetic.gather.headers[static_cast<std::size_t>(from)];
+        shuffled.onsetsMs[at] = synthetic.onsetsMs[static_cast<std::size_t>(from)];
+        std::copy_n(synthetic.gather.trace(from), 400, shuffled.gather.trace(row));
+    }
+    const OvPickResult sorted = pick(synthetic.gather);
+    const OvPickResult unsorted = pick(shuffled.gather);
+    QCOMPARE(within(shuffled, unsorted, 6.0), within(synthetic, sorted, 6.0));
+    QVERIFY(within(synthetic, sorted, 6.0) >= 37);
+}
+
+void tst_OvPicker::delaysThatDiffer()
+{
+    SyntheticGather synthetic(40, 400, -30.0F);
+    SyntheticGather late(40, 400, -11.0F);
+    for (int row = 1; row < 40; row += 2) {
+        synthetic.gather.headers[static_cast<std::size_t>(row)].delayMs = -11.0F;
+        std::copy_n(late.gather.trace(row), 400, synthetic.gather.trace(row));
+    }
+    synthetic.addNoise(0.02);
+    QVERIFY(within(synthetic, pick(synthetic.gather), 4.0) >= 38);
+}
+
+void tst_OvPicker::humAndSwell()
+{
+    SyntheticGather synthetic(60);
+    synthetic.addNoise(0.05);
+    for (int row = 0; row < 60; ++row) {
+        for (int i = 0; i < 400; ++i)
+            synthetic.gather.trace(row)[i] += static_cast<float>(0.7 * std::sin(0.6283 * i + row) +
+                                                                 2.0 * std::sin(0.04 * i - row));
+    }
+    const int good = within(synthetic, pick(synthetic.gather), 6.0);
+    QVERIFY2(good >= 48, qPrintable(QString::number(good)));
 }
 
 QTEST_GUILESS_MAIN(tst_OvPicker)
