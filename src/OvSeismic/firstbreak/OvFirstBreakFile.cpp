@@ -16,6 +16,8 @@
 
 #include <atomic>
 #include <functional>
+#include <mutex>
+#include <set>
 
 struct OvFirstBreakFile::Private
 {
@@ -32,7 +34,11 @@ public:
     OvStatus markDone(const std::vector<OvFirstBreakUpdate>& updates) const;
     OvStatus convert(const OvSegyIndex& index);
 
+    OvStatus claim(const OvSegyFileInfo& segy);
+    void release();
+
     OvFirstBreakConnection file;
+    QString claimed; // the file's place among those that are open in this process
     qint64 traceCount = 0;
     bool byRecord = false;
     // The picks of an old file that cannot be written.
@@ -66,6 +72,21 @@ QString shortHash(const QString& path)
     return QString::fromLatin1(hash.left(10));
 }
 
+// The files that this process has open. While one is, nobody here may open and close it but SQLite:
+// closing a file drops all POSIX locks that the process has on it, and another program would then
+// take away the log that is still in use.
+struct OpenFiles
+{
+    std::mutex mutex;
+    std::multiset<QString> paths;
+};
+
+OpenFiles& openFiles()
+{
+    static OpenFiles files;
+    return files;
+}
+
 // Traces that have a manual pick in present keep it.
 void keepManual(const OvFirstBreaks& present, OvFirstBreaks* breaks)
 {
@@ -79,6 +100,33 @@ void keepManual(const OvFirstBreaks& present, OvFirstBreaks* breaks)
 }
 
 } // namespace
+
+OvStatus OvFirstBreakFile::Private::claim(const OvSegyFileInfo& segy)
+{
+    OpenFiles& files = openFiles();
+    const std::lock_guard<std::mutex> lock(files.mutex);
+    OvStatus status;
+    if (!QFileInfo::exists(file.path))
+        status = OvFirstBreakSchema::create(file.path, segy);
+    const QString place = QFileInfo(file.path).canonicalFilePath();
+    if (status && files.paths.count(place) == 0)
+        status = OvFirstBreakSchema::checkKind(file.path);
+    if (status) {
+        files.paths.insert(place);
+        claimed = place;
+    }
+    return status;
+}
+
+void OvFirstBreakFile::Private::release()
+{
+    OpenFiles& files = openFiles();
+    const std::lock_guard<std::mutex> lock(files.mutex);
+    const auto place = files.paths.find(claimed);
+    if (place != files.paths.end())
+        files.paths.erase(place);
+    claimed.clear();
+}
 
 OvStatus OvFirstBreakFile::Private::readable() const
 {
@@ -217,11 +265,7 @@ OvStatus OvFirstBreakFile::open(const QString& path, const OvSegyFileInfo& segy)
     close();
     d->file.path = QFileInfo(path).absoluteFilePath();
     d->traceCount = segy.traceCount;
-    OvStatus status;
-    if (!QFileInfo::exists(d->file.path))
-        status = OvFirstBreakSchema::create(d->file.path, segy);
-    if (status)
-        status = OvFirstBreakSchema::checkKind(d->file.path);
+    OvStatus status = d->claim(segy);
     if (status) {
         d->file.readOnly = !QFileInfo(d->file.path).isWritable() ||
                            !isWritableFolder(QFileInfo(d->file.path).absolutePath());
@@ -240,6 +284,8 @@ void OvFirstBreakFile::close()
 {
     if (isOpen())
         OvFirstBreakSchema::disconnect(d->file);
+    if (!d->claimed.isEmpty())
+        d->release();
     d = std::make_unique<Private>();
 }
 

@@ -52,6 +52,14 @@ int writeUntilKilled(const QString& path, qint32 first)
 
 } // namespace
 
+/// The child: writes one row and leaves.
+int writeOnce(const QString& path, qint32 record)
+{
+    OvFirstBreakFile file;
+    const bool done = file.open(path, segyInfo()) && file.write(tracesOf(record), breaksOf(record));
+    return done ? 0 : 1;
+}
+
 /// A program that is killed while it saves loses at most the edit in flight.
 class tst_OvFirstBreakCrash : public QObject
 {
@@ -60,6 +68,7 @@ class tst_OvFirstBreakCrash : public QObject
 private slots:
     void everyWriteThatReturnedIsThere();
     void killedWhileCreating();
+    void anotherProgramComesAndGoes();
 
 private:
     static QString integrity(const QString& path);
@@ -140,12 +149,45 @@ void tst_OvFirstBreakCrash::killedWhileCreating()
     }
 }
 
+// Closing a file drops all locks that the process has on it, those of its other connections too;
+// another program would then take itself for the last one, and tidy up under our feet.
+void tst_OvFirstBreakCrash::anotherProgramComesAndGoes()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("line.sgy.fb"));
+    OvFirstBreakFile stays;
+    QVERIFY(stays.open(path, segyInfo()));
+    for (qint32 round = 0; round < 10; ++round) {
+        QVERIFY(stays.write(tracesOf(3 * round), breaksOf(3 * round)));
+        {
+            OvFirstBreakFile job;
+            QVERIFY(job.open(path, segyInfo()));
+            QVERIFY(job.write(tracesOf(3 * round + 1), breaksOf(3 * round + 1)));
+        }
+        const QStringList arguments = {QStringLiteral("--once"), path,
+                                       QString::number(3 * round + 2)};
+        QCOMPARE(QProcess::execute(QCoreApplication::applicationFilePath(), arguments), 0);
+        for (qint32 record = 0; record < 3 * round + 3; ++record) {
+            OvFirstBreaks read;
+            const OvStatus status = stays.read(tracesOf(record), &read);
+            QVERIFY2(status, qPrintable(status.message()));
+            QCOMPARE(read.timesMs, breaksOf(record).timesMs);
+        }
+        QVERIFY2(QFileInfo::exists(path + QStringLiteral("-wal")),
+                 "the other program has taken the log away");
+    }
+    stays.close();
+    QCOMPARE(integrity(path), QStringLiteral("ok"));
+}
+
 int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == QLatin1String("--write"))
         return writeUntilKilled(arguments.value(2), arguments.value(3).toInt());
+    if (arguments.value(1) == QLatin1String("--once"))
+        return writeOnce(arguments.value(2), arguments.value(3).toInt());
     tst_OvFirstBreakCrash test;
     return QTest::qExec(&test, argc, argv);
 }
