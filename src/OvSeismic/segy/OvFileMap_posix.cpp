@@ -27,7 +27,7 @@ struct Slot
 };
 
 // A fixed table: the handler can neither lock nor follow memory that comes and goes.
-std::array<Slot, 256> slots;
+std::array<Slot, 256> mapSlots;
 std::mutex slotMutex;
 struct sigaction previousAction;
 quintptr pageSize = 0;
@@ -48,7 +48,7 @@ bool mend(void* fault)
 {
     const auto address = reinterpret_cast<quintptr>(fault);
     char* page = static_cast<char*>(fault) - (address & (pageSize - 1));
-    for (Slot& slot : slots) {
+    for (Slot& slot : mapSlots) {
         const quintptr begin = slot.begin.load(std::memory_order_acquire);
         if (begin == 0 || address < begin || address >= slot.end.load(std::memory_order_relaxed))
             continue;
@@ -94,8 +94,8 @@ int enter(const void* data, std::size_t size, std::atomic<bool>* damaged)
 {
     const std::lock_guard<std::mutex> lock(slotMutex);
     static const bool installed = installHandler();
-    for (std::size_t i = 0; i < slots.size() && installed; ++i) {
-        Slot& slot = slots[i];
+    for (std::size_t i = 0; i < mapSlots.size() && installed; ++i) {
+        Slot& slot = mapSlots[i];
         if (slot.begin.load(std::memory_order_relaxed) != 0)
             continue;
         const auto begin = reinterpret_cast<quintptr>(data);
@@ -110,7 +110,7 @@ int enter(const void* data, std::size_t size, std::atomic<bool>* damaged)
 void leave(int slot)
 {
     const std::lock_guard<std::mutex> lock(slotMutex);
-    slots[static_cast<std::size_t>(slot)].begin.store(0, std::memory_order_release);
+    mapSlots[static_cast<std::size_t>(slot)].begin.store(0, std::memory_order_release);
 }
 
 } // namespace
