@@ -33,6 +33,8 @@ public:
     OvStatus store(std::vector<OvFirstBreakUpdate>* updates) const;
     OvStatus markDone(const std::vector<OvFirstBreakUpdate>& updates) const;
     OvStatus convert(const OvSegyIndex& index);
+    OvStatus storeRun(const QString& settings, int gathers) const;
+    OvStatus followGrowth(const OvSegyFileInfo& segy) const;
 
     OvStatus claim(const OvSegyFileInfo& segy);
     void release();
@@ -233,6 +235,23 @@ OvStatus OvFirstBreakFile::Private::convert(const OvSegyIndex& index)
     return status;
 }
 
+OvStatus OvFirstBreakFile::Private::storeRun(const QString& settings, int gathers) const
+{
+    OvStatus status = file.execute(QStringLiteral("DELETE FROM run_gather"));
+    if (status)
+        status = file.setMetaValue(runSettingsKey, settings);
+    return status ? file.setMetaValue(runGathersKey, QString::number(gathers)) : status;
+}
+
+// A run ends with it: what was the last gather may have more traces now.
+OvStatus OvFirstBreakFile::Private::followGrowth(const OvSegyFileInfo& segy) const
+{
+    return inTransaction([&] {
+        const OvStatus status = OvFirstBreakSchema::followGrowth(file, segy);
+        return status ? storeRun({}, 0) : status;
+    });
+}
+
 OvFirstBreakFile::OvFirstBreakFile()
     : d(std::make_unique<Private>())
 {
@@ -273,6 +292,8 @@ OvStatus OvFirstBreakFile::open(const QString& path, const OvSegyFileInfo& segy)
     }
     if (status)
         status = OvFirstBreakSchema::check(d->file, segy);
+    if (status && !d->file.readOnly && OvFirstBreakSchema::hasGrown(d->file, segy))
+        status = d->followGrowth(segy);
     if (status)
         d->byRecord = OvFirstBreakSchema::versionOf(d->file) == OvFirstBreakSchema::versionByRecord;
     else
@@ -411,12 +432,7 @@ OvStatus OvFirstBreakFile::beginRun(const QString& settings, int gathers)
     const OvStatus ready = d->writable();
     if (!ready)
         return ready;
-    return d->inTransaction([&] {
-        OvStatus status = d->file.execute(QStringLiteral("DELETE FROM run_gather"));
-        if (status)
-            status = d->file.setMetaValue(runSettingsKey, settings);
-        return status ? d->file.setMetaValue(runGathersKey, QString::number(gathers)) : status;
-    });
+    return d->inTransaction([&] { return d->storeRun(settings, gathers); });
 }
 
 OvStatus OvFirstBreakFile::endRun()

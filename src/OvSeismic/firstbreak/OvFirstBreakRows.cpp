@@ -50,9 +50,12 @@ OvStatus readSome(const OvFirstBreakConnection& file, const QString& statement,
     while (query.next()) {
         const qint64 firstTrace = query.value(0).toLongLong();
         const qint64 number = firstTrace / OvFirstBreakBlocks::size;
+        // Fewer where the block was the last one before the SEG-Y file grew.
+        const int stored = query.value(1).toInt();
         OvFirstBreaks breaks;
-        if (!decode(query, 1, blocks->tracesIn(number), &breaks))
+        if (stored > blocks->tracesIn(number) || !decode(query, 1, stored, &breaks))
             return file.damagedBlock(firstTrace);
+        breaks.resize(blocks->tracesIn(number));
         blocks->insert(number, std::move(breaks));
     }
     return {};

@@ -214,11 +214,31 @@ OvStatus OvFirstBreakSchema::check(const OvFirstBreakConnection& file, const OvS
     const QString traces = file.metaValue("trace_count");
     if (!error.isEmpty() || traces.isEmpty())
         return file.failure(Text::damaged(error));
-    if (traces.toLongLong() != segy.traceCount) {
+    if (traces.toLongLong() != segy.traceCount && !hasGrown(file, segy)) {
         const QString name = file.metaValue("segy_name");
         return file.failure(Text::otherSegy(name, traces, segy.traceCount));
     }
     return {};
+}
+
+bool OvFirstBreakSchema::hasGrown(const OvFirstBreakConnection& file, const OvSegyFileInfo& segy)
+{
+    return versionOf(file) == version &&
+           file.metaValue("segy_name") == QFileInfo(segy.path).fileName() &&
+           file.metaValue("segy_size").toLongLong() < segy.fileSize &&
+           file.metaValue("trace_count").toLongLong() < segy.traceCount;
+}
+
+OvStatus OvFirstBreakSchema::followGrowth(const OvFirstBreakConnection& file,
+                                          const OvSegyFileInfo& segy)
+{
+    OvStatus status;
+    for (const auto& row : metaRows(segy)) {
+        const bool describesTheFile = qstrncmp(row.first, "segy_", 5) == 0;
+        if (status && (describesTheFile || qstrcmp(row.first, "trace_count") == 0))
+            status = file.setMetaValue(row.first, row.second);
+    }
+    return status;
 }
 
 OvStatus OvFirstBreakSchema::replaceOldTables(const OvFirstBreakConnection& file)

@@ -27,8 +27,14 @@ OvStatus connect(const OvFirstBreakConnection& file);
 void disconnect(const OvFirstBreakConnection& file);
 /// From here on a commit that has returned survives a crash.
 OvStatus makeDurable(const OvFirstBreakConnection& file);
-/// The integrity of the file, its schema version and the SEG-Y file it belongs to.
+/// The integrity of the file, its schema version and the SEG-Y file it belongs to, which may have
+/// grown since.
 OvStatus check(const OvFirstBreakConnection& file, const OvSegyFileInfo& segy);
+/// Whether traces were added to the SEG-Y file since: the same name, more bytes, more traces. First
+/// breaks stay with their traces then.
+bool hasGrown(const OvFirstBreakConnection& file, const OvSegyFileInfo& segy);
+/// Takes over the new size. Within the caller's transaction.
+OvStatus followGrowth(const OvFirstBreakConnection& file, const OvSegyFileInfo& segy);
 int versionOf(const OvFirstBreakConnection& file);
 /// Puts the tables of this version in the place of those of schema 1. Within the caller's
 /// transaction.

@@ -99,6 +99,7 @@ private slots:
     void refusesUnfitFiles();
     void refusesDamagedPages();
     void refusesFileOfAnotherSegy();
+    void keepsItsPicksWhenTheSegyGrows();
     void refusesNewerSchemaThatIsOnlyInTheLog();
     void emptyAndDirectoryPathsFail();
     void closedFileRefuses();
@@ -431,6 +432,34 @@ void tst_OvFirstBreakFile::refusesFileOfAnotherSegy()
     QVERIFY2(status.message().contains(QStringLiteral("line.sgy with 1000 traces")),
              qPrintable(status.message()));
     QCOMPARE(content(path()), before);
+}
+
+void tst_OvFirstBreakFile::keepsItsPicksWhenTheSegyGrows()
+{
+    {
+        OvFirstBreakFile file;
+        QVERIFY(open(&file));
+        QVERIFY(file.write(traces(990, 10), someBreaks(10, 5.0F)));
+        QVERIFY(file.beginRun(QStringLiteral("a=1"), 5));
+    }
+    OvFirstBreakFile grown;
+    const OvStatus status = open(&grown, 1005);
+    QVERIFY2(status, qPrintable(status.message()));
+    OvFirstBreaks read;
+    QVERIFY(grown.read(traces(990, 10), &read));
+    QVERIFY(same(read, someBreaks(10, 5.0F)));
+    QVERIFY(grown.write(traces(1000, 5), someBreaks(5, 9.0F)));
+    QVERIFY(grown.read(traces(990, 15), &read));
+    QCOMPARE(read.pickedCount(),
+             someBreaks(10, 5.0F).pickedCount() + someBreaks(5, 9.0F).pickedCount());
+    // Its last gather may have changed.
+    OvFirstBreakRun run;
+    QVERIFY(grown.readRun(&run));
+    QVERIFY(!run.exists());
+    grown.close();
+    QVERIFY(!open(&grown, 1000));
+    // As many traces more, but by another name.
+    QVERIFY(!grown.open(path(), segyInfo(m_folder->filePath(QStringLiteral("b.sgy")), 2000)));
 }
 
 void tst_OvFirstBreakFile::refusesNewerSchemaThatIsOnlyInTheLog()
