@@ -89,8 +89,9 @@ void OvGatherOrderMenu::retranslate()
 
 void OvGatherOrderMenu::followView(OvAbstractViewController* active)
 {
-    if (m_view)
-        m_view->disconnect(this);
+    if (m_followed)
+        m_followed->disconnect(this);
+    m_followed = active;
     m_view = qobject_cast<OvGatherViewController*>(active);
     if (m_view)
         connect(m_view, &OvGatherViewController::gatherOrderChanged, this,

@@ -34,6 +34,8 @@ private:
     void change(Change change);
 
     QPointer<OvGatherViewController> m_view;
+    // Plain on purpose: a view that is being destroyed is no gather view any more.
+    QPointer<QObject> m_followed;
     QActionGroup* m_keys;
     QActionGroup* m_sorts;
     QMenu* m_sortMenu = nullptr;
