@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int titleLift = 3; // pixels
+constexpr int buttonMargin = 12;
 
 QColor between(const QColor& a, const QColor& b)
 {
@@ -54,6 +55,17 @@ int OvHostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+QSize OvHostStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                    const QSize& contents, const QWidget* widget) const
+{
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (type != CT_PushButton || !button || button->text.isEmpty())
+        return size;
+    // Fusion gives only short texts air.
+    return QSize(qMax(size.width(), contents.width() + 2 * buttonMargin), size.height());
 }
 
 QRect OvHostStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
