@@ -10,6 +10,7 @@
 #include <QDialog>
 #include <QListView>
 #include <QMainWindow>
+#include <QTableView>
 
 using namespace OvWalkHands;
 
@@ -42,14 +43,43 @@ OvStepRunner::Step triggerStep(const QString& actionName)
 }
 
 // A picture of the open dialog, which is then left.
-OvStepRunner::Step dialogStep(const QString& folder, const QString& name)
+OvStepRunner::Step dialogStep(const QString& folder, const QString& name,
+                              const std::function<bool()>& ready = isOpen)
 {
-    return {name, isOpen, [=] {
+    return {name, ready, [=] {
                 QDialog* dialog = openDialog();
                 const bool written = writePicture(dialog, folder, name);
                 dialog->reject();
                 return written;
             }};
+}
+
+// The mapping dialog has found the values, which fill its last column.
+bool isExamined()
+{
+    const auto* table =
+        isOpen() ? openDialog()->findChild<QTableView*>(QStringLiteral("mappingTable")) : nullptr;
+    const QAbstractItemModel* model = table ? table->model() : nullptr;
+    return model && !model->index(0, model->columnCount() - 1).data().toString().isEmpty();
+}
+
+bool isOrderedBy(OvGatherKey key)
+{
+    const auto views = gatherViews();
+    return !views.isEmpty() && views.first()->gatherOrder().key == key;
+}
+
+bool goToMiddleGather()
+{
+    OvGatherViewController* view = gatherViews().first();
+    view->setCurrentGather(view->gatherCount() / 2);
+    return true;
+}
+
+bool goToFirstGather()
+{
+    gatherViews().first()->setCurrentGather(0);
+    return true;
 }
 
 // Some picks are moved and one is rejected.
@@ -109,12 +139,17 @@ void addPicking(OvStepRunner* runner, const QString& folder)
     runner->add(triggerStep(QStringLiteral("actionAuto_Pick")));
     runner->add({QStringLiteral("picking dialog"), isOpen, [folder] {
                      return writePicture(openDialog(), folder, QStringLiteral("04-picking")) &&
+                            check(openDialog(), QStringLiteral("preview"));
+                 }});
+    runner->add({QStringLiteral("preview"), [] { return hasPreview() && allShown(); },
+                 [folder] {
+                     return pictureWithDialog(folder, QStringLiteral("05-preview")) &&
                             confirm(openDialog());
                  }});
     runner->add(
         {QStringLiteral("picks"),
          [] { return hasPicks() && !OvTaskManager::instance().hasRunningJob() && allShown(); },
-         [folder] { return pictureOfMain(folder, QStringLiteral("05-picks")); }, longWaitMs});
+         [folder] { return pictureOfMain(folder, QStringLiteral("06-picks")); }, longWaitMs});
 }
 
 void addEditing(OvStepRunner* runner, const QString& folder)
@@ -122,7 +157,7 @@ void addEditing(OvStepRunner* runner, const QString& folder)
     runner->add(triggerStep(QStringLiteral("actionEdit_Picks")));
     runner->add({QStringLiteral("zoom to picks"), allShown, [] { return zoomToPicks(32, 72); }});
     runner->add({QStringLiteral("correction"), allShown, correctPicks});
-    runner->add(pictureStep(folder, QStringLiteral("06-editing")));
+    runner->add(pictureStep(folder, QStringLiteral("07-editing")));
     runner->add(triggerStep(QStringLiteral("actionEdit_Picks")));
     runner->add({QStringLiteral("whole gather"), {}, showWholeGather});
 }
@@ -132,8 +167,21 @@ void addDisplays(OvStepRunner* runner, const QString& folder)
     const QString list = QStringLiteral("displayMode");
     runner->add(
         {QStringLiteral("density"), allShown, [=] { return choose(list, variableDensity); }});
-    runner->add(pictureStep(folder, QStringLiteral("07-variable-density")));
+    runner->add(pictureStep(folder, QStringLiteral("08-variable-density")));
     runner->add({QStringLiteral("wiggles"), {}, [=] { return choose(list, wiggleAndArea); }});
+}
+
+void addReceivers(OvStepRunner* runner, const QString& folder)
+{
+    runner->add(triggerStep(QStringLiteral("actionGathers_By_receiver")));
+    runner->add({QStringLiteral("receivers"),
+                 [] { return allShown() && isOrderedBy(OvGatherKey::Receiver); },
+                 goToMiddleGather});
+    runner->add(pictureStep(folder, QStringLiteral("09-receiver-gather")));
+    runner->add(triggerStep(QStringLiteral("actionGathers_By_field_record")));
+    runner->add({QStringLiteral("field records"),
+                 [] { return allShown() && isOrderedBy(OvGatherKey::FieldRecord); },
+                 goToFirstGather});
 }
 
 void addInformation(OvStepRunner* runner, const QString& folder)
@@ -141,11 +189,17 @@ void addInformation(OvStepRunner* runner, const QString& folder)
     runner->add(triggerStep(QStringLiteral("actionSegy_Information")));
     runner->add(
         {QStringLiteral("information dialog"), [] { return informationDialog() != nullptr; },
-         [folder] { return pictureOfInformation(folder, QStringLiteral("08-segy-information")); }});
+         [folder] { return pictureOfInformation(folder, QStringLiteral("10-segy-information")); }});
     runner->add({QStringLiteral("console"), {}, [] { return setDockVisible("OvConsole", true); }});
-    runner->add(pictureStep(folder, QStringLiteral("09-console")));
+    runner->add(pictureStep(folder, QStringLiteral("12-console")));
     runner->add(
         {QStringLiteral("no console"), {}, [] { return setDockVisible("OvConsole", false); }});
+}
+
+void addMapping(OvStepRunner* runner, const QString& folder)
+{
+    runner->add(triggerStep(QStringLiteral("actionHeader_Mapping")));
+    runner->add(dialogStep(folder, QStringLiteral("11-header-mapping"), isExamined));
 }
 
 void addParallelView(OvStepRunner* runner, const QString& folder)
@@ -154,20 +208,20 @@ void addParallelView(OvStepRunner* runner, const QString& folder)
     runner->add(
         {QStringLiteral("Parallel View"), allShown, [] { return trigger("actionLinkWindow"); }});
     runner->add({QStringLiteral("link-window dialog"), isOpen,
-                 [folder] { return linkAll(folder, QStringLiteral("10-link-windows")); }});
+                 [folder] { return linkAll(folder, QStringLiteral("13-link-windows")); }});
     runner->add({QStringLiteral("parallel view"), parallelViewShown,
-                 [folder] { return pictureOfMain(folder, QStringLiteral("11-parallel-view")); }});
+                 [folder] { return pictureOfMain(folder, QStringLiteral("14-parallel-view")); }});
 }
 
 void addDialogs(OvStepRunner* runner, const QString& folder)
 {
     runner->add(triggerStep(QStringLiteral("action_New_Project")));
-    runner->add(dialogStep(folder, QStringLiteral("12-new-project")));
+    runner->add(dialogStep(folder, QStringLiteral("15-new-project")));
     runner->add(triggerStep(QStringLiteral("action_Manage_Project")));
     runner->add({QStringLiteral("project dialog"), isOpen, chooseFirstProject});
-    runner->add(dialogStep(folder, QStringLiteral("13-manage-projects")));
+    runner->add(dialogStep(folder, QStringLiteral("16-manage-projects")));
     runner->add(triggerStep(QStringLiteral("actionAbout_Tarnpick")));
-    runner->add(dialogStep(folder, QStringLiteral("14-about")));
+    runner->add(dialogStep(folder, QStringLiteral("17-about")));
     runner->add({QStringLiteral("closed dialog"), isClosed, {}});
 }
 
@@ -198,7 +252,9 @@ void OvScreenshotWalk::addWork(OvStepRunner* runner, const QString& folder)
     addPicking(runner, folder);
     addEditing(runner, folder);
     addDisplays(runner, folder);
+    addReceivers(runner, folder);
     addInformation(runner, folder);
+    addMapping(runner, folder);
     addParallelView(runner, folder);
     addDialogs(runner, folder);
 }

@@ -6,6 +6,7 @@
 #include "host/OvHostSession.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -15,6 +16,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
 
 #include <algorithm>
@@ -78,6 +80,24 @@ bool OvWalkHands::pictureOfMain(const QString& folder, const QString& name)
     return writePicture(OvHostSession::mainWindow(), folder, name);
 }
 
+bool OvWalkHands::pictureWithDialog(const QString& folder, const QString& name)
+{
+    constexpr int margin = 8;
+    QWidget* window = OvHostSession::mainWindow();
+    QWidget* dialog = openDialog();
+    if (!window || !dialog || !QDir().mkpath(folder))
+        return false;
+    QPixmap picture = window->grab();
+    QRect place(QPoint(), dialog->size());
+    place.moveBottomRight(window->rect().bottomRight() - QPoint(margin, margin));
+    QPainter painter(&picture);
+    painter.drawPixmap(place.topLeft(), dialog->grab());
+    painter.setPen(dialog->palette().color(QPalette::Shadow));
+    painter.drawRect(place.adjusted(-1, -1, 0, 0));
+    painter.end();
+    return picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+}
+
 bool OvWalkHands::trigger(const QString& actionName)
 {
     QMainWindow* window = OvHostSession::mainWindow();
@@ -100,6 +120,15 @@ bool OvWalkHands::confirm(QDialog* dialog)
     if (button)
         button->click();
     return button != nullptr;
+}
+
+bool OvWalkHands::check(QDialog* dialog, const QString& boxName)
+{
+    auto* box = dialog ? dialog->findChild<QCheckBox*>(boxName) : nullptr;
+    if (!box || !box->isEnabled())
+        return false;
+    box->setChecked(true);
+    return true;
 }
 
 bool OvWalkHands::setDockVisible(const char* className, bool visible)
@@ -147,6 +176,12 @@ bool OvWalkHands::hasPicks()
     const auto views = gatherViews();
     return !views.isEmpty() &&
            views.first()->document()->firstBreaks(views.first()->currentGather()).pickedCount() > 0;
+}
+
+bool OvWalkHands::hasPreview()
+{
+    const OvGatherCanvas* canvas = firstCanvas();
+    return canvas && canvas->previewPicks().pickedCount() > 0;
 }
 
 bool OvWalkHands::addSecondView()

@@ -18,12 +18,17 @@ namespace OvWalkHands {
 bool writePicture(QWidget* widget, const QString& folder, const QString& name);
 bool pictureOfMain(const QString& folder, const QString& name);
 
+/// The main window with the open dialog in its lower right corner, out of the way of the picks.
+bool pictureWithDialog(const QString& folder, const QString& name);
+
 /// Triggers the enabled menu entry of that object name.
 bool trigger(const QString& actionName);
 /// The modal dialog, if one is open.
 QDialog* openDialog();
 /// Presses OK.
 bool confirm(QDialog* dialog);
+/// Checks a check box of the dialog.
+bool check(QDialog* dialog, const QString& boxName);
 /// Shows or hides the dock window of that class.
 bool setDockVisible(const char* className, bool visible);
 /// Chooses an entry of a list on the tool bar.
@@ -33,6 +38,8 @@ QList<OvGatherViewController*> gatherViews();
 /// Whether every gather view has shown its gather, and those that can be seen are up to date.
 bool allShown();
 bool hasPicks();
+/// Whether the first view shows picks that are only proposed.
+bool hasPreview();
 /// A second view of the first one's file, at its last gather.
 bool addSecondView();
 

@@ -63,19 +63,21 @@ void tst_Program::screenshotsShowEveryWindow()
         {"--home", folder.filePath("home"), "--screenshots", folder.filePath("shots")});
     QVERIFY2(run.code == 0, qPrintable(run.errors));
     for (const char* name :
-         {"01-login", "02-main", "03-gather", "04-picking", "05-picks", "06-editing",
-          "07-variable-density", "08-segy-information", "09-console", "10-link-windows",
-          "11-parallel-view", "12-new-project", "13-manage-projects", "14-about"}) {
+         {"01-login", "02-main", "03-gather", "04-picking", "05-preview", "06-picks", "07-editing",
+          "08-variable-density", "09-receiver-gather", "10-segy-information", "11-header-mapping",
+          "12-console", "13-link-windows", "14-parallel-view", "15-new-project",
+          "16-manage-projects", "17-about"}) {
         const QImage picture(folder.filePath(QString("shots/%1.png").arg(name)));
         QVERIFY2(picture.width() > 100 && picture.height() > 100, name);
     }
     QSet<QByteArray> different;
-    for (const char* name : {"03-gather", "05-picks", "06-editing", "07-variable-density"}) {
+    for (const char* name : {"03-gather", "05-preview", "06-picks", "07-editing",
+                             "08-variable-density", "09-receiver-gather"}) {
         QFile file(folder.filePath(QString("shots/%1.png").arg(name)));
         QVERIFY(file.open(QIODevice::ReadOnly));
         different.insert(file.readAll());
     }
-    QCOMPARE(different.size(), 4);
+    QCOMPARE(different.size(), 6);
 }
 
 void tst_Program::screenshotsOfAMissingFileFail()
