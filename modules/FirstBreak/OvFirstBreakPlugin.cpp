@@ -280,7 +280,7 @@ void OvFirstBreakPlugin::takeGather(const QSharedPointer<OvSegyDocument>& docume
     }
     const OvStatus status = document->pickHistory()->edit(gather, picks, tr("Pick This Gather"));
     if (status)
-        OvPluginUtil::showStatus(tr("%1 of %2 traces of the gather have a pick.")
+        OvPluginUtil::showStatus(tr("Picked traces of the gather: %1 of %2.")
                                      .arg(document->firstBreaks(gather).pickedCount())
                                      .arg(breaks.size()));
     else

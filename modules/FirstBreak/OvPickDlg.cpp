@@ -165,7 +165,7 @@ void OvPickDlg::followValues()
     const bool canGoOn = canContinue();
     QPushButton* pick = m_buttons->button(QDialogButtonBox::Ok);
     pick->setText(canGoOn ? tr("&Start Over") : tr("Pick"));
-    m_continue->setText(tr("&Continue (%1 gathers left)").arg(m_run.left()));
+    m_continue->setText(tr("&Continue (gathers left: %1)").arg(m_run.left()));
     m_continue->setVisible(canGoOn);
     (canGoOn ? m_continue : pick)->setDefault(true);
     if (m_preview->isChecked())

@@ -97,8 +97,5 @@ bool OvPickJob::takeResults()
 
 QString OvPickJob::summary() const
 {
-    return tr("%1 of %2 traces in %3 gathers have a pick.")
-        .arg(m_picks)
-        .arg(m_traces)
-        .arg(m_gathers);
+    return tr("Picked traces: %1 of %2. Gathers: %3.").arg(m_picks).arg(m_traces).arg(m_gathers);
 }

@@ -132,7 +132,7 @@
         <translation>拾取当前道集</translation>
     </message>
     <message>
-        <source>%1 of %2 traces of the gather have a pick.</source>
+        <source>Picked traces of the gather: %1 of %2.</source>
         <translation>该道集 %2 道中有 %1 道已拾取。</translation>
     </message>
     <message>
@@ -194,7 +194,7 @@
         <translation>重新开始(&amp;S)</translation>
     </message>
     <message>
-        <source>&amp;Continue (%1 gathers left)</source>
+        <source>&amp;Continue (gathers left: %1)</source>
         <translation>继续(剩余 %1 个道集)(&amp;C)</translation>
     </message>
 </context>
@@ -292,7 +292,7 @@
         <translation>正在拾取 %1</translation>
     </message>
     <message>
-        <source>%1 of %2 traces in %3 gathers have a pick.</source>
+        <source>Picked traces: %1 of %2. Gathers: %3.</source>
         <translation>%3 个道集的 %2 道中有 %1 道已拾取初至。</translation>
     </message>
 </context>

@@ -263,7 +263,7 @@
         <translation>%1没有可判别的拾取。</translation>
     </message>
     <message>
-        <source>%1: %2 of %3 picks look wrong and are rejected.</source>
+        <source>%1, picks rejected because they look wrong: %2 of %3.</source>
         <translation>%1：%3 个拾取中有 %2 个可能有误，已剔除。</translation>
     </message>
 </context>
@@ -438,7 +438,7 @@
         <translation>各道没有炮检距，也没有可用的坐标。</translation>
     </message>
     <message>
-        <source>%1 (%2 more remarks)</source>
+        <source>%1 (further remarks: %2)</source>
         <translation>%1（另有 %2 条说明）</translation>
     </message>
 </context>

@@ -93,7 +93,7 @@ QString OvPickDesk::summary(int wrong, int picked) const
     const QString name = m_pane->gatherName();
     if (picked == 0)
         return tr("%1 has no picks to classify.").arg(name);
-    return tr("%1: %2 of %3 picks look wrong and are rejected.")
+    return tr("%1, picks rejected because they look wrong: %2 of %3.")
         .arg(name, QString::number(wrong), QString::number(picked));
 }
 

@@ -38,7 +38,7 @@ QString OvViewNotices::oddities() const
         sentences += tr("The traces have no offsets and no usable coordinates.");
     if (sentences.size() < 2)
         return sentences.join(QString());
-    return tr("%1 (%2 more remarks)").arg(sentences.first()).arg(sentences.size() - 1);
+    return tr("%1 (further remarks: %2)").arg(sentences.first()).arg(sentences.size() - 1);
 }
 
 void OvViewNotices::reload()

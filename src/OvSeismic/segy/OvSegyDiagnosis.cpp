@@ -103,7 +103,7 @@ void OvSegyDiagnosis::describeFile()
                    .arg(number(m_info.formatCode), ovSegyFormatName(m_info.formatCode))),
           3225, 3226);
     add(Severity::Info, "traces",
-        tr("The file has %1 traces of %2 samples, one every %3 µs.")
+        tr("Traces: %1. Samples of a trace: %2, one every %3 µs.")
             .arg(number(m_info.traceCount), number(m_info.sampleCount),
                  QString::number(m_info.intervalUs)));
     if (m_census.traces() < m_info.traceCount) {
@@ -119,14 +119,15 @@ void OvSegyDiagnosis::describeExtras()
     if (m_info.extendedTextHeaders > 0) {
         const qint64 texts = m_info.extendedTextHeaders;
         place(&add(Severity::Info, "extended-texts",
-                   tr("%1 extended textual headers follow the binary header.").arg(texts)),
+                   tr("Extended textual headers behind the binary header: %1.").arg(texts)),
               3601, 3600 + texts * 3200);
     }
     if (m_info.extraTraceHeaders > 0) {
-        place(&add(Severity::Info, "extra-trace-headers",
-                   tr("Each trace has up to %1 additional trace headers.")
-                       .arg(m_info.extraTraceHeaders)),
-              3507, 3510);
+        place(
+            &add(
+                Severity::Info, "extra-trace-headers",
+                tr("Additional headers of a trace: %1 at the most.").arg(m_info.extraTraceHeaders)),
+            3507, 3510);
     }
 }
 
@@ -195,8 +196,8 @@ void OvSegyDiagnosis::judgeHeaders()
     const auto& counts = m_census.otherCount;
     if (counts.count > 0) {
         place(&add(Severity::Warning, "sample-counts", counts,
-                   tr("%1 of %2 trace headers state another number of samples than the trace has; "
-                      "the first is that of trace %3.")
+                   tr("Trace headers that state another number of samples than the trace has: %1 "
+                      "of %2; the first is that of trace %3.")
                        .arg(number(counts.count), looked(), ordinal(counts.firstTrace)),
                    tr("The size of the file decides; nothing needs to be done.")),
               115, 116);
@@ -204,8 +205,8 @@ void OvSegyDiagnosis::judgeHeaders()
     const auto& intervals = m_census.otherInterval;
     if (intervals.count > 0) {
         place(&add(Severity::Warning, "sample-intervals", intervals,
-                   tr("%1 of %2 trace headers state another sample interval than %3 µs; the first "
-                      "is that of trace %4.")
+                   tr("Trace headers that state another sample interval than %3 µs: %1 of %2; the "
+                      "first is that of trace %4.")
                        .arg(number(intervals.count), looked(), QString::number(m_info.intervalUs),
                             ordinal(intervals.firstTrace)),
                    tr("Check the interval against the observer's notes before you pick.")),
@@ -214,8 +215,8 @@ void OvSegyDiagnosis::judgeHeaders()
     const auto& scalars = m_census.oddScalars;
     if (scalars.count > 0) {
         place(&add(Severity::Warning, "scalars", scalars,
-                   tr("%1 of %2 trace headers have a scalar for coordinates or elevations that is "
-                      "no power of ten; the first is that of trace %3.")
+                   tr("Trace headers with a scalar for coordinates or elevations that is no power "
+                      "of ten: %1 of %2; the first is that of trace %3.")
                        .arg(number(scalars.count), looked(), ordinal(scalars.firstTrace)),
                    tr("Check whether positions and elevations have the right size.")),
               Mapping::ElevationScalar, Mapping::CoordinateScalar);
@@ -230,8 +231,8 @@ void OvSegyDiagnosis::judgeNumbering()
     if (duplicates.count > 0) {
         OvSegyFinding& finding =
             add(Severity::Warning, "duplicates",
-                tr("%1 traces repeat the field record and channel of another; for one, record %2 "
-                   "and channel %3 occur more than once.")
+                tr("Traces that repeat the field record and channel of another: %1; for one, "
+                   "record %2 and channel %3 occur more than once.")
                     .arg(number(duplicates.count), number(duplicates.record),
                          number(duplicates.channel)),
                 tr("Check whether shots were repeated or files joined twice."));
@@ -249,7 +250,7 @@ void OvSegyDiagnosis::judgeMissing()
     if (channels.records > 0) {
         OvSegyFinding& finding = add(
             Severity::Warning, "missing-channels",
-            tr("%1 field records lack channels; the first is record %2 without channel %3.")
+            tr("Field records that lack channels: %1; the first is record %2 without channel %3.")
                 .arg(number(channels.records), number(channels.record), number(channels.channel)),
             tr("Check whether traces were removed on purpose."));
         finding.count = channels.records;
@@ -259,7 +260,7 @@ void OvSegyDiagnosis::judgeMissing()
     if (records.count > 0) {
         OvSegyFinding& finding =
             add(Severity::Info, "missing-records",
-                tr("Between the field records %1 and %2, %3 are missing; the first is %4.")
+                tr("Field records that are missing between %1 and %2: %3; the first is %4.")
                     .arg(number(records.from), number(records.to), number(records.count),
                          number(records.first)));
         finding.count = records.count;
@@ -272,7 +273,8 @@ void OvSegyDiagnosis::judgeSamples()
     const auto& odd = m_census.notFinite;
     if (odd.count > 0) {
         add(Severity::Error, "not-finite", odd,
-            tr("%1 samples in %2 traces are infinite or no numbers; the first such trace is %3.")
+            tr("Samples that are infinite or no numbers: %1; traces with such samples: %2, the "
+               "first is trace %3.")
                 .arg(number(m_census.notFiniteSample.count), number(odd.count),
                      ordinal(odd.firstTrace)),
             tr("Write the file anew, or leave these traces out when you pick."));
@@ -280,20 +282,21 @@ void OvSegyDiagnosis::judgeSamples()
     const auto& huge = m_census.huge;
     if (huge.count > 0) {
         add(Severity::Warning, "huge-samples", huge,
-            tr("%1 traces have samples of an impossible size; the first is trace %2.")
+            tr("Traces with samples of an impossible size: %1; the first is trace %2.")
                 .arg(number(huge.count), ordinal(huge.firstTrace)),
             tr("The sample format in bytes 3225-3226 may be wrong, or the file damaged."));
     }
     const auto& silent = m_census.silent;
     if (silent.count > 0) {
         add(Severity::Warning, "dead-traces", silent,
-            tr("%1 of %2 traces have no signal and are not marked as dead; the first is trace %3.")
+            tr("Traces without signal that are not marked as dead: %1 of %2; the first is trace "
+               "%3.")
                 .arg(number(silent.count), looked(), ordinal(silent.firstTrace)));
     }
     const auto& marked = m_census.markedDead;
     if (marked.count > 0) {
         add(Severity::Info, "marked-dead", marked,
-            tr("%1 of %2 traces are marked as dead; the first is trace %3.")
+            tr("Traces that are marked as dead: %1 of %2; the first is trace %3.")
                 .arg(number(marked.count), looked(), ordinal(marked.firstTrace)));
     }
 }

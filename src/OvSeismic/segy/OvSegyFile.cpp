@@ -107,7 +107,7 @@ void OvSegyFile::Private::learn(std::unique_ptr<const Knowledge> more)
 
 OvStatus OvSegyFile::Private::badTrace(qint64 trace) const
 {
-    return OvStatus::failure(tr("%1 has no trace %2; it has %3 traces.")
+    return OvStatus::failure(tr("%1 has no trace %2; number of its traces: %3.")
                                  .arg(QDir::toNativeSeparators(now().info.path),
                                       QString::number(trace), QString::number(now().count())));
 }

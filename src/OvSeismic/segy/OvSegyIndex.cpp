@@ -39,7 +39,7 @@ OvStatus OvSegyIndex::Private::noMemory(const OvSegyFile& file) const
 
 OvStatus OvSegyIndex::Private::noGather(const OvSegyFile& file, int gather) const
 {
-    return OvStatus::failure(tr("%1 has no gather %2; it has %3 gathers.")
+    return OvStatus::failure(tr("%1 has no gather %2; number of its gathers: %3.")
                                  .arg(QDir::toNativeSeparators(file.info().path),
                                       QString::number(gather),
                                       QString::number(grouping.gatherCount())));

@@ -569,12 +569,11 @@ void Reader::warnOfRest()
     const qint64 rest = m_info->tracesEnd - m_info->firstTraceOffset -
                         m_info->traceCount * OvSegyLayout::traceSize(*m_info);
     if (rest > 0) {
-        warn(
-            tr("The file ends in the middle of a trace or is damaged: %1 whole traces are read, %2 "
-               "bytes behind them are left out.")
-                .arg(m_info->traceCount)
-                .arg(rest),
-            m_info->tracesEnd - rest + 1, m_info->tracesEnd);
+        warn(tr("The file ends in the middle of a trace or is damaged. Whole traces that are read: "
+                "%1; bytes behind them that are left out: %2.")
+                 .arg(m_info->traceCount)
+                 .arg(rest),
+             m_info->tracesEnd - rest + 1, m_info->tracesEnd);
     }
 }
 

@@ -57,11 +57,10 @@ void Walker::warnOfEnd(qint64 position)
     // What follows the traces where the number of trailing records is unknown are these records.
     if (rest == 0 || m_info.trailerRecords < 0)
         return;
-    m_walk->warnings +=
-        tr("The file ends in the middle of a trace or is damaged: %1 whole traces are read, %2 "
-           "bytes behind them are left out.")
-            .arg(m_walk->locator.count())
-            .arg(rest);
+    m_walk->warnings += tr("The file ends in the middle of a trace or is damaged. Whole traces "
+                           "that are read: %1; bytes behind them that are left out: %2.")
+                            .arg(m_walk->locator.count())
+                            .arg(rest);
 }
 
 OvStatus Walker::run(qint64 maxTraces, const std::function<bool(qint64, qint64)>& progress)

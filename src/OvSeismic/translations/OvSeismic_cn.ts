@@ -280,7 +280,7 @@
         <translation>采样点为格式 %1，即%2。</translation>
     </message>
     <message>
-        <source>The file has %1 traces of %2 samples, one every %3 µs.</source>
+        <source>Traces: %1. Samples of a trace: %2, one every %3 µs.</source>
         <translation>文件有 %1 道，每道 %2 个采样点，采样间隔 %3 µs。</translation>
     </message>
     <message>
@@ -292,11 +292,11 @@
         <translation>要确认其余各道，请检查整个文件。</translation>
     </message>
     <message>
-        <source>%1 extended textual headers follow the binary header.</source>
+        <source>Extended textual headers behind the binary header: %1.</source>
         <translation>二进制卷头之后有 %1 个扩展文本卷头。</translation>
     </message>
     <message>
-        <source>Each trace has up to %1 additional trace headers.</source>
+        <source>Additional headers of a trace: %1 at the most.</source>
         <translation>每道最多有 %1 个附加道头。</translation>
     </message>
     <message>
@@ -340,7 +340,7 @@
         <translation>没有任何道带有检波点坐标。</translation>
     </message>
     <message>
-        <source>%1 of %2 trace headers state another number of samples than the trace has; the first is that of trace %3.</source>
+        <source>Trace headers that state another number of samples than the trace has: %1 of %2; the first is that of trace %3.</source>
         <translation>%2 个道头中有 %1 个所记的采样点数与该道实际不符；第一个是第 %3 道的道头。</translation>
     </message>
     <message>
@@ -348,7 +348,7 @@
         <translation>以文件大小为准，无需处理。</translation>
     </message>
     <message>
-        <source>%1 of %2 trace headers state another sample interval than %3 µs; the first is that of trace %4.</source>
+        <source>Trace headers that state another sample interval than %3 µs: %1 of %2; the first is that of trace %4.</source>
         <translation>%2 个道头中有 %1 个所记的采样间隔不是 %3 µs；第一个是第 %4 道的道头。</translation>
     </message>
     <message>
@@ -356,7 +356,7 @@
         <translation>拾取之前，请对照野外班报核对采样间隔。</translation>
     </message>
     <message>
-        <source>%1 of %2 trace headers have a scalar for coordinates or elevations that is no power of ten; the first is that of trace %3.</source>
+        <source>Trace headers with a scalar for coordinates or elevations that is no power of ten: %1 of %2; the first is that of trace %3.</source>
         <translation>%2 个道头中有 %1 个的坐标或高程比例因子不是 10 的幂；第一个是第 %3 道的道头。</translation>
     </message>
     <message>
@@ -364,7 +364,7 @@
         <translation>请检查位置和高程的大小是否正确。</translation>
     </message>
     <message>
-        <source>%1 traces repeat the field record and channel of another; for one, record %2 and channel %3 occur more than once.</source>
+        <source>Traces that repeat the field record and channel of another: %1; for one, record %2 and channel %3 occur more than once.</source>
         <translation>有 %1 道与其他道的野外文件号和道号相同；例如野外文件号 %2、道号 %3 出现不止一次。</translation>
     </message>
     <message>
@@ -372,7 +372,7 @@
         <translation>请检查是否有重复放炮，或文件被重复合并。</translation>
     </message>
     <message>
-        <source>%1 field records lack channels; the first is record %2 without channel %3.</source>
+        <source>Field records that lack channels: %1; the first is record %2 without channel %3.</source>
         <translation>有 %1 个野外文件号缺道；第一个是野外文件号 %2，缺道号 %3。</translation>
     </message>
     <message>
@@ -380,11 +380,11 @@
         <translation>请检查这些道是否有意剔除。</translation>
     </message>
     <message>
-        <source>Between the field records %1 and %2, %3 are missing; the first is %4.</source>
+        <source>Field records that are missing between %1 and %2: %3; the first is %4.</source>
         <translation>野外文件号 %1 与 %2 之间缺 %3 个；第一个缺失的是 %4。</translation>
     </message>
     <message>
-        <source>%1 samples in %2 traces are infinite or no numbers; the first such trace is %3.</source>
+        <source>Samples that are infinite or no numbers: %1; traces with such samples: %2, the first is trace %3.</source>
         <translation>%2 道中有 %1 个采样点为无穷大或非数值；第一个这样的道是第 %3 道。</translation>
     </message>
     <message>
@@ -392,7 +392,7 @@
         <translation>请重新写出该文件，或在拾取时不使用这些道。</translation>
     </message>
     <message>
-        <source>%1 traces have samples of an impossible size; the first is trace %2.</source>
+        <source>Traces with samples of an impossible size: %1; the first is trace %2.</source>
         <translation>有 %1 道的采样值大得不合理；第一个是第 %2 道。</translation>
     </message>
     <message>
@@ -400,11 +400,11 @@
         <translation>第 3225-3226 字节的采样格式可能有误，或文件已损坏。</translation>
     </message>
     <message>
-        <source>%1 of %2 traces have no signal and are not marked as dead; the first is trace %3.</source>
+        <source>Traces without signal that are not marked as dead: %1 of %2; the first is trace %3.</source>
         <translation>%2 道中有 %1 道没有信号且未标记为死道；第一个是第 %3 道。</translation>
     </message>
     <message>
-        <source>%1 of %2 traces are marked as dead; the first is trace %3.</source>
+        <source>Traces that are marked as dead: %1 of %2; the first is trace %3.</source>
         <translation>%2 道中有 %1 道标记为死道；第一个是第 %3 道。</translation>
     </message>
     <message>
@@ -447,7 +447,7 @@
         <translation>该文件比打开时短。请重新打开。</translation>
     </message>
     <message>
-        <source>%1 has no trace %2; it has %3 traces.</source>
+        <source>%1 has no trace %2; number of its traces: %3.</source>
         <translation>%1 没有第 %2 道；共有 %3 道。</translation>
     </message>
     <message>
@@ -519,7 +519,7 @@
         <translation>它不含一个完整的道：%1 个采样点的道占 %2 字节，而文件中道数据只有 %3 字节。</translation>
     </message>
     <message>
-        <source>The file ends in the middle of a trace or is damaged: %1 whole traces are read, %2 bytes behind them are left out.</source>
+        <source>The file ends in the middle of a trace or is damaged. Whole traces that are read: %1; bytes behind them that are left out: %2.</source>
         <translation>文件在某一道中间结束或已损坏：读取 %1 个完整的道，忽略其后的 %2 字节。</translation>
     </message>
     <message>
@@ -570,7 +570,7 @@
         <translation>内存不足，无法为 %2 的 %1 道建立索引。</translation>
     </message>
     <message>
-        <source>%1 has no gather %2; it has %3 gathers.</source>
+        <source>%1 has no gather %2; number of its gathers: %3.</source>
         <translation>%1 没有第 %2 个道集；共有 %3 个道集。</translation>
     </message>
     <message>

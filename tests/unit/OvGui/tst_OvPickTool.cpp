@@ -308,7 +308,7 @@ private slots:
             QCOMPARE(stateOf(row),
                      row == 7 || row == 16 ? OvPickState::Rejected : OvPickState::Automatic);
         QCOMPARE(timeOf(7), breaks.timesMs[7]);
-        QVERIFY(info.last().first().toString().startsWith("2 of 24 picks"));
+        QVERIFY(info.last().first().toString().endsWith("look wrong: 2 of 24."));
         m_view->undoPickEdit();
         QCOMPARE(stateOf(7), OvPickState::Automatic);
         QCOMPARE(stateOf(16), OvPickState::Automatic);

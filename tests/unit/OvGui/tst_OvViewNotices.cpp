@@ -95,7 +95,7 @@ private slots:
         QVERIFY(writer.write(path()));
         QVERIFY(QFile::resize(path(), QFileInfo(path()).size() - 100));
         openFile();
-        QTRY_VERIFY2(text().endsWith(QLatin1String("(1 more remarks)")), qPrintable(text()));
+        QTRY_VERIFY2(text().endsWith(QLatin1String("(further remarks: 1)")), qPrintable(text()));
     }
 
     void aFileThatGrowsCanBeReloaded()

@@ -231,7 +231,7 @@ void tst_FirstBreak::picksAllGathers()
         QCOMPARE(document()->firstBreaks(gather).pickedCount(), breaks.pickedCount());
     }
     QVERIFY2(close >= 108, qPrintable(QStringLiteral("%1 of 120 near the truth").arg(close)));
-    QVERIFY2(job->message().contains(QLatin1String("of 120 traces in 5 gathers")),
+    QVERIFY2(job->message().contains(QLatin1String(" of 120. Gathers: 5.")),
              qPrintable(job->message()));
 }
 
@@ -354,7 +354,7 @@ void tst_FirstBreak::offersToContinueACancelledRun()
     QDialog* dialog = openPickDialog();
     auto* next = dialog->findChild<QPushButton*>(QStringLiteral("continueButton"));
     QVERIFY(next->isVisible() && next->isDefault());
-    QCOMPARE(next->text(), QStringLiteral("&Continue (%1 gathers left)").arg(left));
+    QCOMPARE(next->text(), QStringLiteral("&Continue (gathers left: %1)").arg(left));
     auto* ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
     QCOMPARE(ok->text(), QStringLiteral("&Start Over"));
     // Other values are another run.
@@ -367,7 +367,7 @@ void tst_FirstBreak::offersToContinueACancelledRun()
     next->click();
     job = PluginSession::actionJobs().last();
     QTRY_COMPARE_WITH_TIMEOUT(job->state(), OvAbstractJob::Finished, 60000);
-    QVERIFY2(job->message().contains(QStringLiteral(" in %1 gathers").arg(left)),
+    QVERIFY2(job->message().contains(QStringLiteral(" Gathers: %1.").arg(left)),
              qPrintable(job->message()));
     QCOMPARE(document()->firstBreaks(0).timesMs[3], 444.0F);
     QVERIFY(document()->firstBreaks(59).pickedCount() > 0);

@@ -63,9 +63,9 @@ const Expected table[] = {
      "Every field record has one trace"},
     // The table of the corpus says 64 traces and means 63.7; only whole ones are read.
     {"odd/File010690.sgy", 63, 2000, 250, 2, false, 0, 0, true, 1, 403.1129, 1264.911,
-     "63 whole traces are read|computed from the coordinates"},
+     "Whole traces that are read: 63;|computed from the coordinates"},
     {"odd/corrupt_sin_wave.sgy", 3, 16666, 20000, 1, false, 1, 0, true, 1, -1, -1,
-     "3 whole traces are read|no usable coordinates|no field records"},
+     "Whole traces that are read: 3;|no usable coordinates|no field records"},
     {"odd/interval-neg-bin-pos-trace.sgy", 1, 1, 4000, 1, false, 0, 0, false, 1, -1, -1,
      "no valid sample interval|no usable coordinates|no field records"},
     {"odd/long.sgy", 3, 60000, 1000, 1, false, 0, 0, false, 1, 0, 1082135296,
