@@ -206,7 +206,9 @@ void OvHeaderMappingDlg::restorePlace()
     if (restoreGeometry(place.value(QStringLiteral("geometry")).toByteArray()) &&
         m_splitter->restoreState(place.value(QStringLiteral("splitter")).toByteArray()))
         return;
-    const int words = m_table->horizontalHeader()->length() + 2 * m_table->frameWidth() +
+    // The values, which are not found yet, are wider than the titles of their columns.
+    const int values = fontMetrics().horizontalAdvance(QStringLiteral("0000000000"));
+    const int words = m_table->horizontalHeader()->length() + values + 2 * m_table->frameWidth() +
                       style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     m_splitter->setSizes({words, words * 3 / 4});
     const QSize wanted(words * 7 / 4, 720);

@@ -32,6 +32,7 @@ private slots:
     void groundBehindSubWindowsIsQuiet_data();
     void groundBehindSubWindowsIsQuiet();
     void dialogButtonsHaveNoPictures();
+    void longTextsOfButtonsHaveAir();
     void titlesOfGroupsStandClearOfTheFrame();
     void messageBoxesHaveSharpSigns_data();
     void messageBoxesHaveSharpSigns();
@@ -187,6 +188,15 @@ void tst_OvHostLook::dialogButtonsHaveNoPictures()
     QCOMPARE(box.buttons().size(), 3);
     for (const QAbstractButton* button : box.buttons())
         QVERIFY2(button->icon().isNull(), qPrintable(button->text()));
+}
+
+void tst_OvHostLook::longTextsOfButtonsHaveAir()
+{
+    applyLook(false);
+    const QPushButton button(QStringLiteral("Examine Whole File"));
+    const int text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
+    QVERIFY2(button.sizeHint().width() >= text + 24,
+             qPrintable(QStringLiteral("%1 for %2").arg(button.sizeHint().width()).arg(text)));
 }
 
 void tst_OvHostLook::titlesOfGroupsStandClearOfTheFrame()
