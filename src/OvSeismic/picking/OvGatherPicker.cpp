@@ -1,15 +1,14 @@
 #include "OvSeismic/picking/OvGatherPicker.h"
 
-#include "OvSeismic/dsp/OvDominantPeriod.h"
 #include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 #include "OvSeismic/picking/OvArrivalStack.h"
+#include "OvSeismic/picking/OvClearCourse.h"
 #include "OvSeismic/picking/OvOnsetGuide.h"
 #include "OvSeismic/picking/OvOnsetSearch.h"
 #include "OvSeismic/picking/OvPhaseSearch.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvPickEvidence.h"
-#include "OvSeismic/picking/OvPickGuide.h"
 #include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvPickPrior.h"
 #include "OvSeismic/picking/OvTraceChain.h"
@@ -271,18 +270,9 @@ double Run::swingPeriod() const
 {
     constexpr double searched = 6.0;
     const double period = m_work.guide.period();
-    std::vector<double> periods;
-    for (int row = 0; row < rows(); ++row) {
-        const double start = m_work.guide.times()[at(row)];
-        const int first = std::max(static_cast<int>(start), 0);
-        const int last =
-            std::min(static_cast<int>(start + searched * period) + 1, m_work.grid.points());
-        const double one = ovDominantPeriod(m_clean->row(row), first, last);
-        if (one > 0.0)
-            periods.push_back(one);
-    }
-    return periods.empty() ? period
-                           : std::clamp(median(std::move(periods)), 0.7 * period, 3.0 * period);
+    const double swing =
+        OvPickCourse::periodBehind(*m_clean, m_work.guide.times(), searched * period);
+    return swing > 0.0 ? std::clamp(swing, 0.7 * period, 3.0 * period) : period;
 }
 
 std::vector<OvArrivalStack::Member> Run::members() const
@@ -297,10 +287,10 @@ std::vector<OvArrivalStack::Member> Run::members() const
     return members;
 }
 
-// A clear gather is worth a second look, for which neighbours have to look alike.
+// A clear gather is worth a second look, which owes nothing to the first.
 bool Run::lookAgain(const OvPickPlan& plan)
 {
-    constexpr double clearRatio = 3.0;
+    constexpr double clearRatio = 2.5;
     constexpr double nearlyAsGood = 0.97;
     std::vector<double> ratios;
     for (const OvOnsetSearch::Arrival& arrival : m_own)
@@ -308,12 +298,12 @@ bool Run::lookAgain(const OvPickPlan& plan)
     m_isClear = m_isClear && median(std::move(ratios)) > clearRatio;
     if (!m_isClear)
         return true;
-    std::vector<double> guide = OvPickGuide::find(m_gather, m_chain, plan, {}, m_cancel);
-    if (!guide.empty())
-        guide = OvPickGuide::find(m_gather, m_chain, plan, guide, m_cancel);
-    if (guide.empty())
+    const OvClearCourse course =
+        OvClearCourse::find(m_gather, m_chain, m_work.grid, parameters(), m_cancel);
+    if (course.timesMs.empty())
         return false;
-    const auto second = OvOnsetSearch::find(*m_clean, plan, guide, parameters(), m_cancel);
+    const auto second =
+        OvOnsetSearch::find(*m_clean, course.plan, course.timesMs, parameters(), m_cancel);
     if (second.empty())
         return false;
     if (worth(second, plan.periodMs) >= nearlyAsGood * worth(m_own, plan.periodMs))

@@ -12,8 +12,8 @@
 ///    onset of the stack is carried back to each of them (OvArrivalStack).
 /// 4. Where the trace itself stands clear of the noise, the onset of its own first swing near the
 ///    course (OvOnsetSearch) takes the place of the stack's. In a gather that is clear as a whole
-///    the course is found once more so that neighbours look alike along it (OvPickGuide), and every
-///    trace has its own onset.
+///    the course is found once more, so that neighbours look alike along it (OvClearCourse), and
+///    every trace has its own onset.
 /// 5. The wanted phase of the swing (OvPhaseSearch), and what speaks for each pick
 /// (OvPickEvidence).
 ///

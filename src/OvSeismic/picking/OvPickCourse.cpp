@@ -1,5 +1,8 @@
 #include "OvSeismic/picking/OvPickCourse.h"
 
+#include "OvSeismic/dsp/OvDominantPeriod.h"
+#include "OvSeismic/picking/OvTraceGrid.h"
+
 #include <algorithm>
 #include <array>
 
@@ -62,4 +65,19 @@ double OvPickCourse::median(std::vector<double> values)
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
     return *middle;
+}
+
+double OvPickCourse::periodBehind(const OvTraceGrid& grid, const std::vector<double>& starts,
+                                  double length)
+{
+    std::vector<double> periods;
+    for (int row = 0; row < grid.rows(); ++row) {
+        const double start = starts[static_cast<std::size_t>(row)];
+        const int first = std::max(static_cast<int>(start), 0);
+        const int last = std::min(static_cast<int>(start + length) + 1, grid.points());
+        const double period = ovDominantPeriod(grid.row(row), first, last);
+        if (period > 0.0)
+            periods.push_back(period);
+    }
+    return periods.empty() ? 0.0 : median(std::move(periods));
 }

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+class OvTraceGrid;
+
 /// The course of times along a chain of traces.
 namespace OvPickCourse {
 
@@ -20,5 +22,10 @@ OVSEISMIC_EXPORT std::vector<double> runningMedians(const std::vector<double>& v
 
 /// Median; the upper of two in the middle. values must not be empty.
 OVSEISMIC_EXPORT double median(std::vector<double> values);
+
+/// Median over the rows of the dominant period (ovDominantPeriod) of `length` points from each
+/// row's start on, points; 0 when no row has one.
+OVSEISMIC_EXPORT double periodBehind(const OvTraceGrid& grid, const std::vector<double>& starts,
+                                     double length);
 
 } // namespace OvPickCourse
