@@ -1,6 +1,9 @@
 #include "OvSeismic/dsp/OvChangeScore.h"
 
+#include "OvSeismic/dsp/OvVectorClones.h"
+
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -12,11 +15,31 @@ constexpr float most = 2.5F;
 // A window that holds less than this is no arrival, and what it lacks counts this many times more.
 constexpr float leastWindow = 2.0F;
 constexpr float lackWeight = 2.0F;
-// Largest of each value and the ones ahead of it, by halves (van Herk's running maximum would be
-// one pass; the windows here are a few blocks).
-float largestAhead(const float* values, int blocks, int at, int ahead)
+constexpr int stretch = 256;
+
+// Largest of each of count values and the `ahead` behind it, in place, by windows that double: each
+// takes the larger of two of half its length. values holds count + ahead.
+OV_VECTOR_CLONES
+void takeLargest(float* values, int count, int ahead)
 {
-    return *std::max_element(values + at, values + std::min(at + ahead + 1, blocks));
+    int length = 1;
+    for (int left = count + ahead; length <= ahead;) {
+        const int shift = std::min(length, ahead + 1 - length);
+        left -= shift;
+        for (int i = 0; i < left; ++i)
+            values[i] = std::max(values[i], values[i + shift]);
+        length += shift;
+    }
+}
+
+OV_VECTOR_CLONES
+void takeRatios(const float* masks, float noise, float share, int count, float* values)
+{
+    for (int k = 0; k < count; ++k) {
+        const float whole = std::max(noise, share * masks[k]);
+        const float ratio = slope * values[k] / whole - level;
+        values[k] = whole > 0.0F ? std::min(std::max(ratio, least), most) : least;
+    }
 }
 
 } // namespace
@@ -34,15 +57,18 @@ void OvChangeScore::energies(const float* samples, int count, int block, float* 
 
 void OvChangeScore::ratios(const Rule& rule, int blocks, float* values)
 {
-    // Values ahead of the one at hand have not been replaced yet.
-    for (int k = 0; k < blocks; ++k) {
-        const float masked = rule.forerunner > 0.0F
-                                 ? rule.forerunner * largestAhead(values, blocks, k, rule.ahead)
-                                 : 0.0F;
-        const float noise = std::max(rule.noise, masked);
-        const float ratio = noise > 0.0F ? slope * values[k] / noise - level : least;
-        values[k] = k < rule.first ? least : std::clamp(ratio, least, most);
+    // Values ahead of the stretch at hand have not been replaced yet.
+    std::array<float, 2 * stretch> masks{};
+    const int ahead = rule.forerunner > 0.0F ? std::clamp(rule.ahead, 0, stretch) : 0;
+    for (int from = 0; from < blocks; from += stretch) {
+        const int count = std::min(stretch, blocks - from);
+        const int known = std::min(count + ahead, blocks - from);
+        std::copy_n(values + from, known, masks.begin());
+        std::fill(masks.begin() + known, masks.begin() + count + ahead, 0.0F);
+        takeLargest(masks.data(), count, ahead);
+        takeRatios(masks.data(), rule.noise, rule.forerunner, count, values + from);
     }
+    std::fill_n(values, std::clamp(rule.first, 0, blocks), least);
 }
 
 float OvChangeScore::excess(const float* ratios, float standsOut, int from, int to)

@@ -1,5 +1,7 @@
 #include "OvSeismic/dsp/OvFir.h"
 
+#include "OvSeismic/dsp/OvVectorClones.h"
+
 #include <algorithm>
 #include <array>
 
@@ -23,6 +25,23 @@ float atEdge(const std::vector<float>& taps, int ahead, const float* in, int cou
     return sum;
 }
 
+// Sums of the taps times what lies behind each of count points, a whole number of blocks. A block
+// of outputs stays in registers while all taps go over it.
+constexpr int block = 32;
+OV_VECTOR_CLONES
+void applyBlocks(const float* taps, int length, const float* in, int count, float* out)
+{
+    for (int i = 0; i < count; i += block) {
+        std::array<float, block> sums{};
+        for (int k = 0; k < length; ++k) {
+            const float tap = taps[k];
+            for (int j = 0; j < block; ++j)
+                sums[static_cast<std::size_t>(j)] += tap * in[i + j - k];
+        }
+        std::copy(sums.begin(), sums.end(), out + i);
+    }
+}
+
 } // namespace
 
 void OvFir::apply(const std::vector<float>& taps, int ahead, const float* in, int count, float* out)
@@ -32,18 +51,13 @@ void OvFir::apply(const std::vector<float>& taps, int ahead, const float* in, in
     const int last = std::clamp(count - ahead, first, count);
     for (int i = 0; i < first; ++i)
         out[i] = atEdge(taps, ahead, in, count, i);
-    // A block of outputs stays in registers while all taps go over it.
-    constexpr int block = 16;
-    int i = first;
-    for (; i + block <= last; i += block) {
-        std::array<float, block> sums{};
-        const float* from = in + i + ahead;
-        for (int k = 0; k < length; ++k) {
-            const float tap = taps[static_cast<std::size_t>(k)];
-            for (int j = 0; j < block; ++j)
-                sums[static_cast<std::size_t>(j)] += tap * from[j - k];
-        }
-        std::copy(sums.begin(), sums.end(), out + i);
+    const int whole = (last - first) / block * block;
+    applyBlocks(taps.data(), length, in + first + ahead, whole, out + first);
+    int i = first + whole;
+    // What is left over is the end of one more block, which overlaps the last one.
+    if (whole > 0 && i < last) {
+        applyBlocks(taps.data(), length, in + last - block + ahead, block, out + last - block);
+        i = last;
     }
     for (; i < count; ++i)
         out[i] = atEdge(taps, ahead, in, count, i);
@@ -68,6 +82,7 @@ std::vector<float> OvFir::joined(const std::vector<float>& first, const std::vec
     return taps;
 }
 
+OV_VECTOR_CLONES
 float OvFir::dot(const float* a, const float* b, int count)
 {
     // Independent sums, which a compiler may keep in one vector register.

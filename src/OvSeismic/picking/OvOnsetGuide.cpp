@@ -118,9 +118,10 @@ OvOnsetGuide::Quiet OvOnsetGuide::quietest(const OvTraceGrid& grid, int row)
     const int length = std::max(rounded(1.5 * m_period), 40);
     const int first = grid.first(row);
     const float* values = grid.row(row);
+    const float largest = grid.largest(row);
     const int loudest = static_cast<int>(
-        std::max_element(values + first, values + std::max(grid.last(row), first + 1),
-                         [](float a, float b) { return std::abs(a) < std::abs(b); }) -
+        std::find_if(values + first, values + std::max(grid.last(row), first + 1),
+                     [largest](float value) { return std::abs(value) >= largest; }) -
         values);
     std::vector<std::pair<float, int>> stretches;
     for (int from = first; from + length <= loudest; from += length) {

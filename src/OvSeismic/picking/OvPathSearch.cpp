@@ -1,5 +1,7 @@
 #include "OvSeismic/picking/OvPathSearch.h"
 
+#include "OvSeismic/dsp/OvVectorClones.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -9,6 +11,19 @@ namespace {
 
 constexpr float unreachable = -std::numeric_limits<float>::max();
 
+// Takes the move to each of count points where it is worth more than what was best until now.
+OV_VECTOR_CLONES
+void takeMoves(const float* sums, const float* gains, float cost, int move, int count, float* best,
+               int* moves)
+{
+    for (int i = 0; i < count; ++i) {
+        const float sum = sums[i] + gains[i] - cost;
+        const bool better = sum > best[i];
+        best[i] = better ? sum : best[i];
+        moves[i] = better ? move : moves[i];
+    }
+}
+
 class Search
 {
 public:
@@ -17,6 +32,7 @@ public:
         , m_points(static_cast<std::size_t>(lattice.points))
         , m_sums(lattice.row(0), lattice.row(0) + lattice.points)
         , m_next(m_points)
+        , m_moves(m_points)
         , m_origins(static_cast<std::size_t>(lattice.rows) * m_points)
     {
     }
@@ -27,14 +43,17 @@ public:
         m_gains.assign(moves * m_points, 0.0F);
         if (gains)
             gains(row, step, &m_gains);
-        m_row = m_origins.data() + static_cast<std::size_t>(row) * m_points;
         std::fill(m_next.begin(), m_next.end(), unreachable);
         for (int away = -step.reach; away <= step.reach; ++away)
             tryMove(step.expected + away, cost(step, away),
                     m_gains.data() + static_cast<std::size_t>(away + step.reach) * m_points);
+        std::uint16_t* origins = m_origins.data() + static_cast<std::size_t>(row) * m_points;
         const float* scores = m_lattice.row(row);
-        for (std::size_t point = 0; point < m_points; ++point)
-            m_sums[point] = m_next[point] + scores[point];
+        for (int point = 0; point < m_lattice.points; ++point) {
+            const auto at = static_cast<std::size_t>(point);
+            m_sums[at] = m_next[at] + scores[point];
+            origins[at] = static_cast<std::uint16_t>(originOf(point, m_moves[at]));
+        }
     }
 
     std::vector<int> path() const
@@ -56,27 +75,36 @@ private:
     }
 
     // A move that would leave the grid is made from its edge, so that every point has an origin.
+    int originOf(int point, int move) const
+    {
+        return std::clamp(point - move, 0, m_lattice.points - 1);
+    }
+
     void tryMove(int move, float cost, const float* gains)
     {
-        const int last = m_lattice.points - 1;
-        for (int point = 0; point <= last; ++point) {
-            const auto at = static_cast<std::size_t>(point);
-            const int origin = std::clamp(point - move, 0, last);
-            const float sum = m_sums[static_cast<std::size_t>(origin)] + gains[at] - cost;
-            if (sum > m_next[at]) {
-                m_next[at] = sum;
-                m_row[at] = static_cast<std::uint16_t>(origin);
-            }
-        }
+        const int first = std::clamp(move, 0, m_lattice.points);
+        const int last = std::clamp(m_lattice.points + move, first, m_lattice.points);
+        tryFromEdge(0, first, move, cost, gains);
+        if (last > first)
+            takeMoves(m_sums.data() + (first - move), gains + first, cost, move, last - first,
+                      m_next.data() + first, m_moves.data() + first);
+        tryFromEdge(last, m_lattice.points, move, cost, gains);
+    }
+
+    void tryFromEdge(int from, int to, int move, float cost, const float* gains)
+    {
+        for (int point = from; point < to; ++point)
+            takeMoves(m_sums.data() + originOf(point, move), gains + point, cost, move, 1,
+                      m_next.data() + point, m_moves.data() + point);
     }
 
     const OvScoreLattice& m_lattice;
     std::size_t m_points;
     std::vector<float> m_sums; // best sum of a path that ends at each point
     std::vector<float> m_next;
+    std::vector<int> m_moves; // to each point on that path
     std::vector<float> m_gains;
     std::vector<std::uint16_t> m_origins; // point of the row before on that path
-    std::uint16_t* m_row = nullptr;
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "OvSeismic/segy/OvSegySamples.h"
 
+#include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/segy/OvSegySampleFormat.h"
 
 #include <QtEndian>
@@ -10,14 +11,6 @@
 // converts in place from the big-endian layout only, a word at a time, gives far too large values
 // for IBM floats whose fraction is not normalised, which some recorders write, and NaN where
 // float32 overflows.
-
-#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__linux__) &&       \
-    !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-// The choice between the clones is made while the library is loaded, before a sanitizer is ready.
-#define OV_VECTOR_CLONES __attribute__((target_clones("avx2", "default")))
-#else
-#define OV_VECTOR_CLONES
-#endif
 
 #ifdef __GNUC__
 // Only what is inlined into a clone is compiled for its instructions.

@@ -13,6 +13,8 @@ private slots:
     void energiesOfWholeBlocks();
     void ratiosAreBounded();
     void forerunnersAreMasked();
+    void masksOfLongRows_data();
+    void masksOfLongRows();
     void leakOfSteadyNoise();
     void bestWhereSignalBegins();
     void weakFirstWaveIsNotGivenUp();
@@ -92,6 +94,42 @@ void tst_OvChangeScore::forerunnersAreMasked()
     OvChangeScore::ratios(masking, 20, values.data());
     QVERIFY(values[9] < 0.0F);
     QVERIFY(values[11] > 1.0F);
+}
+
+void tst_OvChangeScore::masksOfLongRows_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("ahead");
+    for (const int count : {1, 5, 255, 256, 257, 700}) {
+        for (const int ahead : {0, 1, 6, 11, 200})
+            QTest::newRow(qPrintable(QStringLiteral("%1 blocks, %2 ahead").arg(count).arg(ahead)))
+                << count << ahead;
+    }
+}
+
+// Against the largest of what lies ahead, looked for at each block.
+void tst_OvChangeScore::masksOfLongRows()
+{
+    QFETCH(int, count);
+    QFETCH(int, ahead);
+    std::vector<float> energies;
+    for (int k = 0; k < count; ++k)
+        energies.push_back(static_cast<float>((k * 7919 + 13) % 101));
+    OvChangeScore::Rule asked = rule();
+    asked.forerunner = 0.03F;
+    asked.ahead = ahead;
+    std::vector<float> ratios = energies;
+    OvChangeScore::ratios(asked, count, ratios.data());
+    for (int k = 0; k < count; ++k) {
+        const auto from = energies.begin() + k;
+        const float largest = *std::max_element(from, from + std::min(ahead + 1, count - k));
+        // The ratio of a block by itself, with all of the noise that it is held against.
+        OvChangeScore::Rule alone = rule();
+        alone.noise = std::max(asked.noise, asked.forerunner * largest);
+        float expected = *from;
+        OvChangeScore::ratios(alone, 1, &expected);
+        QCOMPARE(ratios[static_cast<std::size_t>(k)], expected);
+    }
 }
 
 void tst_OvChangeScore::leakOfSteadyNoise()
