@@ -180,7 +180,8 @@ void OvGatherPane::takeIndex()
 {
     const int before = m_current;
     const auto shown = m_canvas->gather();
-    const bool same = shown && m_current < gatherCount() && isSame(*shown);
+    // What stands in for a gather that the first headers did not reach is not what was in view.
+    const bool same = m_anchor < 0 && shown && m_current < gatherCount() && isSame(*shown);
     if (!same) {
         // The same traces stay in view, whatever gather they are in now.
         if (m_anchor < 0 && shown && shown->traceCount() > 0)
