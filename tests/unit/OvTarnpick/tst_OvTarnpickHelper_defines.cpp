@@ -124,7 +124,7 @@ void tst_OvTarnpickHelper_defines::leavesOthersAlone()
     OvFitDisplayDefine globalFit;
     globalFit.traceSpacing = 2.0;
     OvFitDisplayDefineNode().setDefine(globalFit);
-    OvTraceHeaderDefineNode().setDefine({OvTraceHeaderDefine::Cdp});
+    OvTraceHeaderDefineNode().setDefine({OvTraceHeaderDefine::Cdp, {}});
     m_window->activate(other);
     QVERIFY(view->dynamicPropertyNames().isEmpty());
     QCOMPARE(OvDisplayDefineNode().define().gainDb, 9.0);
@@ -139,7 +139,7 @@ void tst_OvTarnpickHelper_defines::takesPartByProperty()
     OvDisplayDefine global;
     global.gainDb = 6.0;
     OvDisplayDefineNode().setDefine(global);
-    OvTraceHeaderDefineNode().setDefine({OvTraceHeaderDefine::Cdp});
+    OvTraceHeaderDefineNode().setDefine({OvTraceHeaderDefine::Cdp, {}});
     QCOMPARE(view->dynamicPropertyNames(), QList<QByteArray>{"TraceHeaderDefine"});
     QCOMPARE(header(view).axisWord, int(OvTraceHeaderDefine::Cdp));
 }
@@ -169,7 +169,7 @@ void tst_OvTarnpickHelper_defines::changeReachesTheActiveWorkspaceOnly()
     OvFitDisplayDefine changedFit;
     changedFit.pixelsPerSecond = 250.0;
     OvFitDisplayDefineNode().setDefine(changedFit);
-    OvTraceHeaderDefineNode().setDefine({OvTraceHeaderDefine::ReceiverX});
+    OvTraceHeaderDefineNode().setDefine({OvTraceHeaderDefine::ReceiverX, {}});
     QCOMPARE(fit(second).pixelsPerSecond, 250.0);
     QCOMPARE(header(second).axisWord, int(OvTraceHeaderDefine::ReceiverX));
     QCOMPARE(fit(first), OvFitDisplayDefine());
