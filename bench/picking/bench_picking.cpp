@@ -159,6 +159,46 @@ void printSyntheticTable(const std::vector<Outcome>& outcomes)
     }
 }
 
+// RMS of an arrival of middling decay over its first period, as a share of its peak.
+double rmsOfFirstPeriod()
+{
+    constexpr double turn = 6.283185307179586;
+    constexpr double decay = 1.6;
+    constexpr int steps = 1000;
+    double energy = 0.0;
+    double largest = 0.0;
+    for (int i = 0; i < steps; ++i) {
+        const double t = static_cast<double>(i) / steps;
+        const double value = t * std::exp(-decay * t) * std::sin(turn * t);
+        energy += value * value;
+        largest = std::max(largest, std::abs(value));
+    }
+    return std::sqrt(energy / steps) / largest;
+}
+
+// The same pickers with the RMS of the arrival for its size in place of its peak.
+void printRmsTable(int gathers)
+{
+    QTextStream out(stdout);
+    out << "| noise, RMS over RMS | peak over RMS | picker | best 4/5 |";
+    for (const auto& reference : references)
+        out << ' ' << reference.name << " |";
+    out << "\n|---|---|---|---|---|---|---|---|\n";
+    for (const Noise noise : {Noise::White, Noise::Coloured}) {
+        for (const double ratio : {10.0, 3.0, 1.5}) {
+            const NoiseKind kind{noise, ratio / rmsOfFirstPeriod()};
+            const Outcome one = tryAll(kind, firstSeed, gathers, true);
+            out << "| " << NoiseKind{noise, ratio}.name() << " | "
+                << QString::number(kind.signalToNoise, 'f', 1) << " | "
+                << percent(one.all.within(toleranceMs)) << " | "
+                << percent(one.all.within(toleranceMs, 0.8)) << " |";
+            for (const Scores& scores : one.theirs)
+                out << ' ' << percent(scores.within(toleranceMs)) << " |";
+            out << '\n';
+        }
+    }
+}
+
 struct LineScores
 {
     Scores all;
@@ -335,9 +375,14 @@ int main(int argc, char** argv)
     parser.addHelpOption();
     parser.addOption({"tables", "Print the accuracy tables."});
     parser.addOption({"gathers", "Gathers for each kind of noise.", "count", "120"});
+    parser.addOption({"rms", "Print accuracy by the RMS of the arrival over that of the noise."});
     parser.addOption({"pictures", "Write the pictures of the documentation.", "folder"});
     parser.process(application);
     const int gathers = parser.value("gathers").toInt();
+    if (parser.isSet("rms")) {
+        printRmsTable(gathers);
+        return 0;
+    }
     const bool tables = parser.isSet("tables");
     const std::vector<Outcome> outcomes = tryConditions(gathers, tables);
     if (tables)
