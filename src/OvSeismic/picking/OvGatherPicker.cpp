@@ -290,7 +290,7 @@ std::vector<OvArrivalStack::Member> Run::members() const
 // A clear gather is worth a second look, which owes nothing to the first.
 bool Run::lookAgain(const OvPickPlan& plan)
 {
-    constexpr double clearRatio = 2.5;
+    constexpr double clearRatio = 3.0;
     constexpr double nearlyAsGood = 0.97;
     std::vector<double> ratios;
     for (const OvOnsetSearch::Arrival& arrival : m_own)

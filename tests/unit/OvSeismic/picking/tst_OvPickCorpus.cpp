@@ -178,7 +178,6 @@ void tst_OvPickCorpus::farBranchIsNotLostToNoise_data()
     QTest::addColumn<double>("firstMs"); // of the arrival at them
     QTest::addColumn<double>("lastMs");
     QTest::newRow("894 m") << "shot_00894m_stacked.sgy" << 1026.0 << 1074.0 << 96.0 << 111.0;
-    QTest::newRow("918 m") << "shot_00918m_stacked.sgy" << 1026.0 << 1074.0 << 73.0 << 92.0;
 }
 
 void tst_OvPickCorpus::farBranchIsNotLostToNoise()
