@@ -132,6 +132,9 @@ OvStatus OvFirstBreakSchema::create(const QString& path, const OvSegyFileInfo& s
     draft.path = place.fileName();
     draft.name = draft.path;
     OvStatus status = connect(draft);
+    // Here, where it is alone: SQLite does not wait for others when it changes the journal.
+    if (status)
+        status = makeDurable(draft);
     if (status)
         status = fill(draft, segy);
     disconnect(draft);

@@ -536,8 +536,13 @@ void tst_OvFirstBreakFile::createdByTwoAtOnce()
         for (qint32 record = 0; record < 4; ++record) {
             threads.emplace_back([&, record] {
                 OvFirstBreakFile file;
-                if (!open(&file) || !file.write(traces(record * 20, 10), someBreaks(10, 1.0F)))
+                OvStatus status = open(&file);
+                if (status)
+                    status = file.write(traces(record * 20, 10), someBreaks(10, 1.0F));
+                if (!status) {
+                    qWarning("%s", qUtf8Printable(status.message()));
                     ++failures;
+                }
             });
         }
         for (std::thread& thread : threads)
