@@ -17,7 +17,7 @@
 #include <sys/mman.h>
 
 // All samples of a file to float32, gather by gather on two threads: against two threads that only
-// sum the bytes of a map, and against libsegyio on two threads.
+// sum the bytes of a map, and against libsegyio on two threads and on one.
 
 namespace {
 
@@ -78,17 +78,28 @@ public:
     }
     double time(const BenchSegy& segy) const
     {
+        return timed([&](std::size_t number) { decode(segy, number, threads); });
+    }
+    /// As the library works by itself: on one thread.
+    double timeAlone(const BenchSegy& segy) const
+    {
         return timed([&](std::size_t number) {
-            const int bytes = segy.samples * segy.sampleBytes();
-            std::vector<float> samples(static_cast<std::size_t>(segy.samples));
-            for (qint64 i = static_cast<qint64>(number); i < segy.traces; i += threads) {
-                segy_readtrace(m_files[number], static_cast<int>(i), samples.data(), 3600, bytes);
-                segy_to_native(segy.format, segy.samples, samples.data());
-            }
+            if (number == 0)
+                decode(segy, 0, 1);
         });
     }
 
 private:
+    void decode(const BenchSegy& segy, std::size_t first, qint64 step) const
+    {
+        const int bytes = segy.samples * segy.sampleBytes();
+        std::vector<float> samples(static_cast<std::size_t>(segy.samples));
+        for (qint64 i = static_cast<qint64>(first); i < segy.traces; i += step) {
+            segy_readtrace(m_files[first], static_cast<int>(i), samples.data(), 3600, bytes);
+            segy_to_native(segy.format, segy.samples, samples.data());
+        }
+    }
+
     std::array<segy_file*, threads> m_files{};
 };
 
@@ -129,16 +140,19 @@ void decode(const QString& path, qint16 format)
     std::atomic<quint64> sink{0};
     std::vector<double> ours;
     std::vector<double> segyio;
+    std::vector<double> alone;
     std::vector<double> sum;
     for (int round = -1; round < rounds; ++round) { // all pages are mapped after the first
         const double decoded = decodeTime(file, headers, &failures);
         const double summed = sumTime(map, segy.fileBytes(), &sink);
         const double peers = peer.time(segy);
+        const double single = peer.timeAlone(segy);
         if (round < 0)
             continue;
         ours.push_back(decoded);
         sum.push_back(summed);
         segyio.push_back(peers);
+        alone.push_back(single);
     }
     munmap(map, size);
     const double median = failures == 0 && sink != 0 ? Figure::median(ours) : std::nan("");
@@ -147,6 +161,8 @@ void decode(const QString& path, qint16 format)
                    againstSum);
     Figure::report(ieee ? "decode_ieee_segyio" : "decode_ibm_segyio", median,
                    Figure::median(segyio), ieee ? againstIeee : againstIbm);
+    Figure::report(ieee ? "decode_ieee_segyio_alone" : "decode_ibm_segyio_alone", median,
+                   Figure::median(alone), ieee ? againstIeee : againstIbm);
 }
 
 } // namespace
