@@ -3,13 +3,13 @@
 #include "OvSeismic/dsp/OvEnergyStep.h"
 #include "OvSeismic/dsp/OvTraceSums.h"
 #include "OvSeismic/picking/OvPathSearch.h"
+#include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvWaveforms.h"
 #include "OvSeismic/segy/OvGather.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
 
@@ -127,7 +127,7 @@ private:
 std::vector<OvPathStep> pathSteps(const OvTraceChain& chain, const OvPickPlan& plan,
                                   const std::vector<double>& previous)
 {
-    const std::vector<double> expected = OvPickGuide::slopes(previous);
+    const std::vector<double> expected = OvPickCourse::slopes(previous);
     const double period = plan.periodMs / plan.stepMs;
     const double reach = (previous.empty() ? 1.0 : 0.4) * period;
     const double penalty = (previous.empty() ? 1.0 : 2.0) / period;
@@ -152,25 +152,6 @@ std::vector<int> pointsOf(const std::vector<double>& timesMs, const OvPickPlan& 
 }
 
 } // namespace
-
-std::vector<double> OvPickGuide::slopes(const std::vector<double>& guide)
-{
-    constexpr int mostReach = 4;
-    const int count = static_cast<int>(guide.size());
-    std::vector<double> slopes(guide.size(), 0.0);
-    for (int i = 1; i < count; ++i) {
-        std::array<double, mostReach> around{};
-        for (int reach = 1; reach <= mostReach; ++reach) {
-            const auto left = static_cast<std::size_t>(std::max(i - reach, 0));
-            const auto right = static_cast<std::size_t>(std::min(i + reach - 1, count - 1));
-            around[static_cast<std::size_t>(reach - 1)] =
-                (guide[right] - guide[left]) / static_cast<double>(right - left);
-        }
-        std::sort(around.begin(), around.end());
-        slopes[static_cast<std::size_t>(i)] = 0.5 * (around[1] + around[2]);
-    }
-    return slopes;
-}
 
 std::vector<double> OvPickGuide::find(const OvGather& gather, const OvTraceChain& chain,
                                       const OvPickPlan& plan, const std::vector<double>& previous,

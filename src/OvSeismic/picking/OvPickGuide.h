@@ -24,8 +24,4 @@ OVSEISMIC_EXPORT std::vector<double> find(const OvGather& gather, const OvTraceC
                                           const std::vector<double>& previous,
                                           const std::atomic<bool>* cancel);
 
-/// Slope of a guide at each trace: ms from the trace before to this one, the median of the slopes
-/// across the neighbours; 0 at the first.
-OVSEISMIC_EXPORT std::vector<double> slopes(const std::vector<double>& guide);
-
 } // namespace OvPickGuide

@@ -15,9 +15,6 @@ class tst_OvPickGuide : public QObject
     Q_OBJECT
 
 private slots:
-    void slopeOfALine();
-    void slopeIgnoresASingleJump();
-    void slopesOfShortGuides();
     void runsAlongTheArrival();
     void secondPassHoldsOn();
     void stopsWhenCancelled();
@@ -58,32 +55,6 @@ struct Setup
 };
 
 } // namespace
-
-void tst_OvPickGuide::slopeOfALine()
-{
-    std::vector<double> guide;
-    for (int i = 0; i < 12; ++i)
-        guide.push_back(3.0 * i + 7.0);
-    const std::vector<double> slopes = OvPickGuide::slopes(guide);
-    QCOMPARE(slopes.front(), 0.0);
-    for (std::size_t i = 1; i < slopes.size(); ++i)
-        QVERIFY(std::abs(slopes[i] - 3.0) < 1e-9);
-}
-
-void tst_OvPickGuide::slopeIgnoresASingleJump()
-{
-    std::vector<double> guide(21, 50.0);
-    guide[10] = 80.0;
-    for (const double slope : OvPickGuide::slopes(guide))
-        QVERIFY2(std::abs(slope) <= 6.0, qPrintable(QString::number(slope)));
-}
-
-void tst_OvPickGuide::slopesOfShortGuides()
-{
-    QVERIFY(OvPickGuide::slopes({}).empty());
-    QVERIFY((OvPickGuide::slopes({4.0}) == std::vector<double>{0.0}));
-    QVERIFY((OvPickGuide::slopes({4.0, 6.0}) == std::vector<double>{0.0, 2.0}));
-}
 
 void tst_OvPickGuide::runsAlongTheArrival()
 {

@@ -1,0 +1,65 @@
+#include "OvSeismic/picking/OvPickCourse.h"
+
+#include <QtTest>
+
+#include <cmath>
+
+class tst_OvPickCourse : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void slopeOfALine();
+    void slopeIgnoresASingleJump();
+    void slopesOfShortCourses();
+    void strayOfASinglePick();
+    void runningMedians();
+};
+
+void tst_OvPickCourse::slopeOfALine()
+{
+    std::vector<double> times;
+    for (int i = 0; i < 12; ++i)
+        times.push_back(3.0 * i + 7.0);
+    const std::vector<double> slopes = OvPickCourse::slopes(times);
+    QCOMPARE(slopes.front(), 0.0);
+    for (std::size_t i = 1; i < slopes.size(); ++i)
+        QVERIFY(std::abs(slopes[i] - 3.0) < 1e-9);
+}
+
+void tst_OvPickCourse::slopeIgnoresASingleJump()
+{
+    std::vector<double> times(21, 50.0);
+    times[10] = 80.0;
+    for (const double slope : OvPickCourse::slopes(times))
+        QVERIFY2(std::abs(slope) <= 6.0, qPrintable(QString::number(slope)));
+}
+
+void tst_OvPickCourse::slopesOfShortCourses()
+{
+    QVERIFY(OvPickCourse::slopes({}).empty());
+    QVERIFY((OvPickCourse::slopes({4.0}) == std::vector<double>{0.0}));
+    QVERIFY((OvPickCourse::slopes({4.0, 6.0}) == std::vector<double>{0.0, 2.0}));
+}
+
+void tst_OvPickCourse::strayOfASinglePick()
+{
+    std::vector<double> times;
+    for (int i = 0; i < 21; ++i)
+        times.push_back(2.0 * i);
+    times[10] += 30.0;
+    const std::vector<double> strays = OvPickCourse::strays(times, 4);
+    QVERIFY2(std::abs(strays[10] - 30.0) < 10.0, qPrintable(QString::number(strays[10])));
+    QVERIFY2(std::abs(strays[3]) < 1.0, qPrintable(QString::number(strays[3])));
+    QVERIFY(std::abs(strays[10]) > 5.0 * std::abs(strays[17]));
+}
+
+void tst_OvPickCourse::runningMedians()
+{
+    const std::vector<double> medians = OvPickCourse::runningMedians({1.0, 9.0, 2.0, 3.0, 4.0}, 1);
+    // Of two in the middle, at the ends, the upper one.
+    QVERIFY((medians == std::vector<double>{9.0, 2.0, 3.0, 3.0, 4.0}));
+}
+
+QTEST_GUILESS_MAIN(tst_OvPickCourse)
+#include "tst_OvPickCourse.moc"
