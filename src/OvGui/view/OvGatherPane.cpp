@@ -248,11 +248,8 @@ void OvGatherPane::updateMessage()
     const QString once = counting && !text.isEmpty() ? tr("Reading headers…") : text;
     if (once == m_lastInfo)
         return;
-    // What has come is not loading any more; other texts stay until there is something new.
-    const bool loaded = once.isEmpty() && m_lastInfo == tr("Loading…");
     m_lastInfo = once;
-    if (!once.isEmpty() || loaded)
-        emit info(once);
+    emit info(once);
 }
 
 QString OvGatherPane::message() const

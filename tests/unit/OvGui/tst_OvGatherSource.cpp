@@ -161,6 +161,17 @@ private slots:
                  qPrintable(Views::canvasOf(own)->title()));
     }
 
+    void orderingLeavesNothingOnTheStatusBar()
+    {
+        OvGatherViewController view(m_document);
+        QVERIFY(Views::show(view));
+        QSignalSpy info(&view, &OvAbstractViewController::outputInfo);
+        view.setGatherOrder(by(OvGatherKey::Receiver));
+        QCOMPARE(info.last()[0].toString(), QString::fromUtf8("Ordering the traces…"));
+        QTRY_VERIFY(view.gatherCount() == 24 && view.isShowingData());
+        QCOMPARE(info.last()[0].toString(), QString());
+    }
+
     void theAxisShowsWhatTracesAreSortedBy()
     {
         OvGatherViewController view(m_document);
