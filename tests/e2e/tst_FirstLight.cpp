@@ -1,24 +1,16 @@
-#include "Walker.h"
-
-#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
-#include "OvSeismic/segy/OvSegyFile.h"
+#include "WalkTest.h"
 
 #include <QDir>
 #include <QRegularExpression>
 #include <QtTest>
 
-#include <numeric>
-
 /// The whole path of a first session and a second one, on the built program, with mouse and keys.
 /// Each step goes on where the one before stopped.
-class tst_FirstLight : public QObject
+class tst_FirstLight : public WalkTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
     void logsIn();
     void makesAProjectByKeyboard();
     void opensAFileByMouse();
@@ -31,15 +23,8 @@ private slots:
     void picksARecordedLine();
 
 private:
-    QString dataFile() const { return m_walker.home() + "/survey/demo_line.sgy"; }
-    bool enter(const QStringList& arguments = {});
-    bool openFile(const QString& name);
-    bool makeProject(const QString& name, const QString& folder);
     bool pickAll();
-    int storedPicks(const QJsonObject& view);
 
-    Walker m_walker;
-    bool m_broken = false;
     int m_truePicks = 0;
     int m_picks = 0;
 };
@@ -47,13 +32,6 @@ private:
 namespace {
 
 constexpr int shots = 12;
-constexpr int channels = 120;
-
-int run(const QString& program, const QStringList& arguments)
-{
-    return QProcess::execute(qEnvironmentVariable("TARNPICK_BUILD_DIR") + "/bin/" + program,
-                             arguments);
-}
 
 QByteArrayList linesOf(const QString& path)
 {
@@ -72,63 +50,6 @@ int timesIn(const QString& path)
 
 } // namespace
 
-void tst_FirstLight::initTestCase()
-{
-    QVERIFY2(m_walker.startScreen(), "no virtual screen");
-    const QString folder = m_walker.home() + "/survey";
-    QCOMPARE(run("tarnpick-demo", {folder, "--shots", QString::number(shots)}), 0);
-    m_truePicks = timesIn(folder + "/demo_line_truth.csv");
-    QVERIFY(m_truePicks > 1000);
-}
-
-void tst_FirstLight::init()
-{
-    if (m_broken)
-        QSKIP("an earlier step failed");
-}
-
-void tst_FirstLight::cleanup()
-{
-    m_walker.picture(QTest::currentTestFunction());
-    if (!QTest::currentTestFailed())
-        return;
-    m_broken = true;
-    qWarning().noquote() << m_walker.ask("window");
-    qWarning().noquote() << m_walker.programOutput();
-}
-
-bool tst_FirstLight::enter(const QStringList& arguments)
-{
-    return m_walker.startProgram(arguments) && m_walker.logIn();
-}
-
-bool tst_FirstLight::makeProject(const QString& name, const QString& folder)
-{
-    m_walker.key("alt+f");
-    m_walker.key("n");
-    if (!m_walker.waitForDialog("OvProjectCreateDlg"))
-        return false;
-    m_walker.type(name);
-    m_walker.key("Tab");
-    m_walker.key("ctrl+a");
-    m_walker.type(folder);
-    return Walker::waitFor([&] {
-               return m_walker.ask("widget", "txtDataPath")["text"].toString() == folder;
-           }) &&
-           m_walker.clickWidget("btnOk") && m_walker.waitForNoDialog();
-}
-
-bool tst_FirstLight::openFile(const QString& name)
-{
-    return m_walker.clickMenu({"menu_Data", "menuSegy_Files", '=' + name}) &&
-           Walker::waitFor(
-               [this] {
-                   const QJsonObject view = m_walker.ask("view");
-                   return view["complete"].toBool() && view["shown"].toBool();
-               },
-               30000);
-}
-
 bool tst_FirstLight::pickAll()
 {
     if (!m_walker.clickMenu({"menu_FirstBreak", "actionAuto_Pick"}) ||
@@ -143,21 +64,6 @@ bool tst_FirstLight::pickAll()
                                              120000);
 }
 
-int tst_FirstLight::storedPicks(const QJsonObject& view)
-{
-    OvSegyFile segy;
-    OvFirstBreakFile file;
-    if (!segy.open(view["file"].toString()) ||
-        !file.open(view["firstBreakFile"].toString(), segy.info()))
-        return -1;
-    OvFirstBreaks breaks;
-    std::vector<qint64> traces(static_cast<std::size_t>(segy.info().traceCount), 0);
-    std::iota(traces.begin(), traces.end(), 0);
-    if (!file.read(traces, &breaks))
-        return -2;
-    return breaks.pickedCount();
-}
-
 void tst_FirstLight::logsIn()
 {
     QVERIFY(enter());
@@ -168,9 +74,11 @@ void tst_FirstLight::logsIn()
 
 void tst_FirstLight::makesAProjectByKeyboard()
 {
-    const QString folder = m_walker.home() + "/survey";
-    QVERIFY(makeProject("First Light", folder));
-    QTRY_COMPARE(m_walker.ask("window")["title"].toString(), "First Light - " + folder);
+    QVERIFY(makeLine(shots));
+    m_truePicks = timesIn(surveyFolder() + "/demo_line_truth.csv");
+    QVERIFY(m_truePicks > 1000);
+    QVERIFY(makeProject("First Light", surveyFolder()));
+    QTRY_COMPARE(m_walker.ask("window")["title"].toString(), "First Light - " + surveyFolder());
     QVERIFY(m_walker.ask("action", "action_Close_Project")["enabled"].toBool());
 }
 
@@ -178,7 +86,7 @@ void tst_FirstLight::opensAFileByMouse()
 {
     QVERIFY(openFile("demo_line.sgy"));
     const QJsonObject view = m_walker.ask("view");
-    QCOMPARE(view["file"].toString(), dataFile());
+    QCOMPARE(view["file"].toString(), linePath());
     QCOMPARE(view["gathers"].toInt(), shots);
     QCOMPARE(view["picks"].toInt(), 0);
     QVERIFY(Walker::rectOf(view).width() > 200);
@@ -201,7 +109,8 @@ void tst_FirstLight::picksAutomatically()
     m_picks = view["picks"].toInt();
     QVERIFY2(m_picks > m_truePicks * 9 / 10, qPrintable(QString::number(m_picks)));
     // They are on the disk while the program still runs.
-    QCOMPARE(storedPicks(view), m_picks);
+    QCOMPARE(view["firstBreakFile"].toString(), linePath() + ".fb");
+    QCOMPARE(storedBreaks(linePath()).pickedCount(), m_picks);
 }
 
 void tst_FirstLight::exportsTheTimes()
@@ -217,14 +126,13 @@ void tst_FirstLight::exportsTheTimes()
     QCOMPARE(timesIn(ours), m_picks);
 
     const QString theirs = m_walker.home() + "/batch.csv";
-    QCOMPARE(run("tarnpick-batch", {"pick", dataFile(), "--out", theirs}), 0);
+    QCOMPARE(run("tarnpick-batch", {"pick", linePath(), "--out", theirs}), 0);
     QCOMPARE(linesOf(ours), linesOf(theirs));
 }
 
 void tst_FirstLight::closesByKey()
 {
-    m_walker.key("alt+q");
-    QCOMPARE(m_walker.waitForEnd(), 0);
+    QVERIFY(leave());
 }
 
 void tst_FirstLight::findsThePicksAgain()
@@ -234,8 +142,7 @@ void tst_FirstLight::findsThePicksAgain()
     QTRY_VERIFY(m_walker.ask("window")["title"].toString().startsWith("First Light - "));
     QVERIFY(openFile("demo_line.sgy"));
     QTRY_COMPARE(m_walker.ask("view")["picks"].toInt(), m_picks);
-    m_walker.key("alt+q");
-    QCOMPARE(m_walker.waitForEnd(), 0);
+    QVERIFY(leave());
 }
 
 void tst_FirstLight::speaksChinese()
@@ -250,8 +157,7 @@ void tst_FirstLight::speaksChinese()
     QVERIFY(m_walker.clickMenu({"menuTool", "menu_Language", "actionEnglish"}));
     QTRY_COMPARE(m_walker.ask("action", "menu_File")["text"].toString(), QString("&File"));
     QVERIFY(!m_walker.ask("action", "menu_FirstBreak")["text"].toString().contains(chinese));
-    m_walker.key("alt+q");
-    QCOMPARE(m_walker.waitForEnd(), 0);
+    QVERIFY(leave());
 }
 
 void tst_FirstLight::picksARecordedLine()
@@ -270,8 +176,7 @@ void tst_FirstLight::picksARecordedLine()
     QCOMPARE(m_walker.ask("view")["picks"].toInt(), 0);
     QVERIFY(pickAll());
     QVERIFY(QFile::exists(folder + "/line_a.sgy.fb"));
-    m_walker.key("alt+q");
-    QCOMPARE(m_walker.waitForEnd(), 0);
+    QVERIFY(leave());
 }
 
 QTEST_GUILESS_MAIN(tst_FirstLight)

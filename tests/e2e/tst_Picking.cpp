@@ -1,24 +1,17 @@
-#include "Walker.h"
-
-#include "OvSeismic/firstbreak/OvFirstBreakFile.h"
-#include "OvSeismic/segy/OvSegyFile.h"
+#include "WalkTest.h"
 
 #include <QRegularExpression>
 #include <QtTest>
 
 #include <algorithm>
-#include <numeric>
 
 /// Automatic picking as an interpreter uses it: previewed, cancelled, gone on with after the
 /// program was killed, and never over what was picked by hand. Each step needs the one before it.
-class tst_Picking : public QObject
+class tst_Picking : public WalkTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
     void opensALine();
     void previewsWithoutStoring();
     void keepsWhatACancelledRunFound();
@@ -28,14 +21,10 @@ private slots:
     void speaksChinese();
 
 private:
-    bool openLine();
     bool openDialog();
     bool waitForJobs(int timeoutMs = 180000);
     int picks() { return m_walker.ask("view")["picks"].toInt(); }
-    OvFirstBreaks stored() const;
 
-    Walker m_walker;
-    bool m_broken = false;
     int m_found = 0;
 };
 
@@ -45,41 +34,6 @@ constexpr int shots = 240; // some seconds of work
 constexpr int channels = 120;
 
 } // namespace
-
-void tst_Picking::initTestCase()
-{
-    QVERIFY2(m_walker.startScreen(), "no virtual screen");
-    QCOMPARE(QProcess::execute(qEnvironmentVariable("TARNPICK_BUILD_DIR") + "/bin/tarnpick-demo",
-                               {m_walker.home() + "/survey", "--shots", QString::number(shots)}),
-             0);
-}
-
-void tst_Picking::init()
-{
-    if (m_broken)
-        QSKIP("an earlier step failed");
-}
-
-void tst_Picking::cleanup()
-{
-    m_walker.picture(QStringLiteral("picking-") + QTest::currentTestFunction());
-    if (!QTest::currentTestFailed())
-        return;
-    m_broken = true;
-    qWarning().noquote() << m_walker.ask("window");
-    qWarning().noquote() << m_walker.programOutput();
-}
-
-bool tst_Picking::openLine()
-{
-    return m_walker.clickMenu({"menu_Data", "menuSegy_Files", "=demo_line.sgy"}) &&
-           Walker::waitFor(
-               [this] {
-                   const QJsonObject view = m_walker.ask("view");
-                   return view["complete"].toBool() && view["shown"].toBool();
-               },
-               30000);
-}
 
 bool tst_Picking::openDialog()
 {
@@ -93,33 +47,12 @@ bool tst_Picking::waitForJobs(int timeoutMs)
                            timeoutMs);
 }
 
-OvFirstBreaks tst_Picking::stored() const
-{
-    const QString line = m_walker.home() + "/survey/demo_line.sgy";
-    OvSegyFile segy;
-    OvFirstBreakFile file;
-    OvFirstBreaks breaks;
-    std::vector<qint64> traces(std::size_t(shots) * channels, 0);
-    std::iota(traces.begin(), traces.end(), 0);
-    if (!segy.open(line) || !file.open(line + ".fb", segy.info()) || !file.read(traces, &breaks))
-        return {};
-    return breaks;
-}
-
 void tst_Picking::opensALine()
 {
-    QVERIFY(m_walker.startProgram() && m_walker.logIn());
-    m_walker.key("alt+f");
-    m_walker.key("n");
-    QVERIFY(m_walker.waitForDialog("OvProjectCreateDlg"));
-    m_walker.type("Picking");
-    m_walker.key("Tab");
-    m_walker.key("ctrl+a");
-    const QString folder = m_walker.home() + "/survey";
-    m_walker.type(folder);
-    QTRY_COMPARE(m_walker.ask("widget", "txtDataPath")["text"].toString(), folder);
-    QVERIFY(m_walker.clickWidget("btnOk") && m_walker.waitForNoDialog());
-    QVERIFY(openLine());
+    QVERIFY(makeLine(shots));
+    QVERIFY(enter());
+    QVERIFY(makeProject("Picking", surveyFolder()));
+    QVERIFY(openFile("demo_line.sgy"));
 }
 
 void tst_Picking::previewsWithoutStoring()
@@ -137,7 +70,7 @@ void tst_Picking::previewsWithoutStoring()
     QVERIFY(m_walker.waitForNoDialog());
     QTRY_COMPARE(m_walker.ask("view")["preview"].toInt(), 0);
     QCOMPARE(picks(), 0);
-    QVERIFY(!QFile::exists(m_walker.home() + "/survey/demo_line.sgy.fb"));
+    QVERIFY(!QFile::exists(linePath() + ".fb"));
 }
 
 void tst_Picking::keepsWhatACancelledRunFound()
@@ -156,7 +89,7 @@ void tst_Picking::keepsWhatACancelledRunFound()
     QVERIFY(waitForJobs());
     m_found = picks();
     QVERIFY2(m_found < shots * channels * 9 / 10, qPrintable(QString::number(m_found)));
-    QCOMPARE(stored().pickedCount(), m_found);
+    QCOMPARE(storedBreaks(linePath()).pickedCount(), m_found);
 }
 
 void tst_Picking::goesOnAfterItWasKilled()
@@ -167,13 +100,13 @@ void tst_Picking::goesOnAfterItWasKilled()
     QTRY_VERIFY_WITH_TIMEOUT(picks() > m_found, 60000);
     m_found = picks();
     m_walker.killProgram();
-    QVERIFY(stored().pickedCount() >= m_found);
+    QVERIFY(storedBreaks(linePath()).pickedCount() >= m_found);
 }
 
 void tst_Picking::finishesTheRun()
 {
     QVERIFY(m_walker.startProgram({"--project", "Picking"}) && m_walker.waitForMainWindow());
-    QVERIFY(openLine());
+    QVERIFY(openFile("demo_line.sgy"));
     QTRY_VERIFY(picks() >= m_found);
     QVERIFY(openDialog());
     m_walker.picture("picking-continue");
@@ -191,7 +124,7 @@ void tst_Picking::finishesTheRun()
 void tst_Picking::keepsAManualPick()
 {
     const auto manual = [this] {
-        const OvFirstBreaks breaks = stored();
+        const OvFirstBreaks breaks = storedBreaks(linePath());
         return std::count(breaks.states.begin(), breaks.states.end(), OvPickState::Manual);
     };
     m_walker.key("ctrl+e");
@@ -205,15 +138,14 @@ void tst_Picking::keepsAManualPick()
     QVERIFY(m_walker.waitForNoDialog());
     QVERIFY(waitForJobs());
     QCOMPARE(manual(), 1);
-    m_walker.key("alt+q");
-    QCOMPARE(m_walker.waitForEnd(), 0);
+    QVERIFY(leave());
 }
 
 void tst_Picking::speaksChinese()
 {
     QVERIFY(m_walker.startProgram({"--lang", "zh", "--project", "Picking"}) &&
             m_walker.waitForMainWindow());
-    QVERIFY(openLine());
+    QVERIFY(openFile("demo_line.sgy"));
     QVERIFY(openDialog());
     const QRegularExpression chinese("[\\x{4e00}-\\x{9fff}]");
     for (const char* name : {"label_phase", "label_guide", "label_velocity", "label_intercept",
@@ -227,8 +159,7 @@ void tst_Picking::speaksChinese()
     QVERIFY(picks() > shots * channels * 8 / 10);
     m_walker.key("Escape");
     QVERIFY(m_walker.waitForNoDialog());
-    m_walker.key("alt+q");
-    QCOMPARE(m_walker.waitForEnd(), 0);
+    QVERIFY(leave());
 }
 
 QTEST_GUILESS_MAIN(tst_Picking)

@@ -1,4 +1,4 @@
-#include "Walker.h"
+#include "WalkTest.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -6,25 +6,27 @@
 
 /// The life of projects on the built program, in both languages: made, opened, edited, deleted and
 /// opened again from the recent ones, with mouse and keys, over two starts of the program.
-class tst_Projects : public QObject
+class tst_Projects : public WalkTest
 {
     Q_OBJECT
 
+public:
+    // Each language has a program of its own to itself.
+    tst_Projects()
+        : WalkTest(Steps::Alone)
+    {
+    }
+
 private slots:
-    void initTestCase();
-    void cleanup();
     void liveTheirLife_data();
     void liveTheirLife();
 
 private:
-    bool enter(const QString& language);
-    bool leave();
     bool make(const QString& name);
     bool openManager(const char* action);
     QStringList listed();
     bool chooseRow(int row);
     bool waitForTitle(const QString& name);
-    bool waitForText(const QString& widget, const QString& text);
     QString folderOf(const QString& name) const { return m_walker.home() + "/my data/" + name; }
 
     // The steps, in order; each with the projects of its language.
@@ -35,35 +37,9 @@ private:
     void deletes();
     void opensRecentOnes();
 
-    Walker m_walker;
     QString m_first;
     QString m_second;
 };
-
-void tst_Projects::initTestCase()
-{
-    QVERIFY2(m_walker.startScreen(), "no virtual screen");
-}
-
-void tst_Projects::cleanup()
-{
-    if (!QTest::currentTestFailed())
-        return;
-    m_walker.picture(QTest::currentDataTag());
-    qWarning().noquote() << m_walker.ask("window");
-    qWarning().noquote() << m_walker.programOutput();
-}
-
-bool tst_Projects::enter(const QString& language)
-{
-    return m_walker.startProgram({"--lang", language}) && m_walker.logIn();
-}
-
-bool tst_Projects::leave()
-{
-    m_walker.key("alt+q");
-    return m_walker.waitForEnd() == 0;
-}
 
 bool tst_Projects::waitForTitle(const QString& name)
 {
@@ -72,25 +48,10 @@ bool tst_Projects::waitForTitle(const QString& name)
     });
 }
 
-bool tst_Projects::waitForText(const QString& widget, const QString& text)
-{
-    return Walker::waitFor(
-        [&] { return m_walker.ask("widget", widget)["text"].toString() == text; });
-}
-
 bool tst_Projects::make(const QString& name)
 {
     QDir().mkpath(folderOf(name));
-    m_walker.key("alt+f");
-    m_walker.key("n");
-    if (!m_walker.waitForDialog("OvProjectCreateDlg"))
-        return false;
-    m_walker.type(name);
-    m_walker.key("Tab");
-    m_walker.key("ctrl+a");
-    m_walker.type(folderOf(name));
-    return waitForText("txtProjectName", name) && waitForText("txtDataPath", folderOf(name)) &&
-           m_walker.clickWidget("btnOk") && m_walker.waitForNoDialog() && waitForTitle(name);
+    return makeProject(name, folderOf(name)) && waitForTitle(name);
 }
 
 bool tst_Projects::openManager(const char* action)
@@ -121,18 +82,14 @@ bool tst_Projects::chooseRow(int row)
 
 void tst_Projects::makesTwo()
 {
-    m_walker.key("alt+f");
-    m_walker.key("n");
-    QVERIFY(m_walker.waitForDialog("OvProjectCreateDlg"));
+    QVERIFY(openProjectDialog());
     QVERIFY(!m_walker.ask("widget", "btnOk")["enabled"].toBool());
     m_walker.key("Escape");
     QVERIFY(m_walker.waitForNoDialog());
     QVERIFY(make(m_first));
     QVERIFY(make(m_second));
     // The name is taken now.
-    m_walker.key("alt+f");
-    m_walker.key("n");
-    QVERIFY(m_walker.waitForDialog("OvProjectCreateDlg"));
+    QVERIFY(openProjectDialog());
     m_walker.type(m_second);
     QVERIFY(waitForText("txtProjectName", m_second));
     QVERIFY(!m_walker.ask("widget", "btnOk")["enabled"].toBool());
@@ -233,10 +190,8 @@ void tst_Projects::liveTheirLife()
     m_first = "Alpha " + language;
     m_second = "Beta " + language;
     QDir(m_walker.home() + "/home").removeRecursively();
-    QVERIFY(enter(language));
-    m_walker.key("alt+f");
-    m_walker.key("n");
-    QVERIFY(m_walker.waitForDialog("OvProjectCreateDlg"));
+    QVERIFY(enter({"--lang", language}));
+    QVERIFY(openProjectDialog());
     QCOMPARE(m_walker.ask("window")["modalTitle"].toString(), newTitle);
     m_walker.key("Escape");
     QVERIFY(m_walker.waitForNoDialog());
@@ -250,7 +205,7 @@ void tst_Projects::liveTheirLife()
     }
     QVERIFY(leave());
     // A second start finds all of it.
-    QVERIFY(enter(language));
+    QVERIFY(enter({"--lang", language}));
     opensRecentOnes();
     if (QTest::currentTestFailed())
         return;
