@@ -1,14 +1,9 @@
 #include "OvGui/document/OvGatherSource.h"
 
-#include "OvBase/OvBaseUtil.h"
+#include "LineFixture.h"
 #include "OvGui/OvMultiPlaneViewController.h"
-#include "OvGui/document/OvPickHistory.h"
-#include "Views.h"
-#include "fixtures/WarningTrap.h"
 
-#include <QLabel>
 #include <QSpinBox>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -31,32 +26,19 @@ std::vector<qint64> tracesOf(const OvGather& gather)
 } // namespace
 
 /// Gathers in the order of one window: read, shown, picked.
-class tst_OvGatherSource : public QObject
+class tst_OvGatherSource : public QObject, private LineFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        OvBaseUtil::setLocalPath(m_home.path());
-        QVERIFY(OvBaseUtil::initialize());
-    }
-
+    void initTestCase() { QVERIFY(startProgram()); }
+    void cleanupTestCase() { endProgram(); }
     void init()
     {
-        WarningTrap::start();
-        m_folder.reset(new QTemporaryDir);
-        const QString path = m_folder->filePath(QStringLiteral("line.sgy"));
-        QVERIFY(Gathers::writeLine(path, 5));
-        m_document = Views::openComplete(path);
-        QVERIFY(m_document);
+        begin();
+        QVERIFY(openLine(5));
     }
-
-    void cleanup()
-    {
-        m_document.reset();
-        QCOMPARE(WarningTrap::take(), QStringList());
-    }
+    void cleanup() { QCOMPARE(end(), QStringList()); }
 
     void sharesTheDocumentsOwnOrder()
     {
@@ -290,10 +272,6 @@ private:
         return best;
     }
     static int widest(const OvGatherSource& source) { return widest(source.index()); }
-
-    QTemporaryDir m_home;
-    QScopedPointer<QTemporaryDir> m_folder;
-    QSharedPointer<OvSegyDocument> m_document;
 };
 
 QTEST_MAIN(tst_OvGatherSource)

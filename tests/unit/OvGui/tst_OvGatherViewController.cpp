@@ -1,70 +1,40 @@
 #include "OvGui/OvGatherViewController.h"
 
+#include "LineFixture.h"
 #include "OvBase/OvAbstractJob.h"
-#include "OvBase/OvBaseUtil.h"
 #include "OvBase/OvDisplayDefineNode.h"
 #include "OvBase/OvProjectManager.h"
 #include "OvBase/OvTaskManager.h"
 #include "OvBase/OvTranslator.h"
 #include "OvGui/canvas/OvPickPainter.h"
 #include "PoolBlock.h"
-#include "Views.h"
 #include "fixtures/ModalProbe.h"
-#include "fixtures/WarningTrap.h"
 
 #include <QFileDialog>
 #include <QLabel>
 #include <QSlider>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QToolButton>
 
-namespace {
-
-constexpr int channels = 24;
-
-} // namespace
-
-class tst_OvGatherViewController : public QObject
+class tst_OvGatherViewController : public QObject, private LineFixture
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QSharedPointer<OvSegyDocument> m_document;
-    std::unique_ptr<OvGatherViewController> m_view;
-
-    QString path(const QString& name = "line.sgy") const { return m_folder->filePath(name); }
     void key(int code, Qt::KeyboardModifiers modifiers = {}) const
     {
         QTest::keyClick(m_view->canvas(), Qt::Key(code), modifiers);
     }
-    template <typename Widget>
-    Widget* child(const char* name) const
-    {
-        return m_view->findChild<Widget*>(name);
-    }
 
 private slots:
-    void initTestCase() { QVERIFY(OvBaseUtil::initialize()); }
-    void cleanupTestCase() { OvBaseUtil::finish(); }
-
+    void initTestCase() { QVERIFY(startProgram()); }
+    void cleanupTestCase() { endProgram(); }
     void init()
     {
-        WarningTrap::start();
-        m_folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(Gathers::writeLine(path(), 5, channels));
-        m_document = Views::openComplete(path());
-        m_view = std::make_unique<OvGatherViewController>(m_document);
-        QVERIFY(Views::show(*m_view));
+        begin();
+        QVERIFY(openLine(5) && showView());
     }
-
-    void cleanup()
-    {
-        m_view.reset();
-        m_document.reset();
-        QCOMPARE(WarningTrap::take(), QStringList());
-    }
+    void cleanup() { QCOMPARE(end(), QStringList()); }
 
     void carriesItsProperties()
     {
@@ -97,8 +67,7 @@ private slots:
 
     void titleAndStripNameTheGather()
     {
-        QCOMPARE(Views::canvasOf(*m_view)->title(),
-                 QString("line.sgy - Field record 100 - gather 1 of 5"));
+        QCOMPARE(canvas()->title(), QString("line.sgy - Field record 100 - gather 1 of 5"));
         QCOMPARE(child<QSlider>("gatherSlider")->maximum(), 4);
         QCOMPARE(child<QSpinBox>("gatherBox")->value(), 1);
         QCOMPARE(child<QSpinBox>("fieldRecordBox")->value(), 100);
@@ -125,7 +94,7 @@ private slots:
         QCOMPARE(m_view->currentGather(), 0);
         QCOMPARE(changed.size(), 5);
         QTRY_VERIFY(m_view->isShowingData());
-        QVERIFY(Views::canvasOf(*m_view)->title().contains("gather 1 of 5"));
+        QVERIFY(canvas()->title().contains("gather 1 of 5"));
     }
 
     void keysOfTheMainWindowDoTheSame()
@@ -179,40 +148,38 @@ private slots:
         for (const int gather : {1, 2, 3, 4, 3, 2, 4})
             m_view->setCurrentGather(gather);
         QTRY_VERIFY(m_view->isShowingData());
-        QCOMPARE(Views::canvasOf(*m_view)->gather()->fieldRecord, 140);
+        QCOMPARE(canvas()->gather()->fieldRecord, 140);
     }
 
     void zoomKeysWork()
     {
-        const OvGatherCanvas* canvas = Views::canvasOf(*m_view);
-        const double fitted = canvas->viewState().traceSpacing();
+        const double fitted = canvas()->viewState().traceSpacing();
         key(Qt::Key_Plus);
-        QVERIFY(canvas->viewState().traceSpacing() > fitted * 1.2);
+        QVERIFY(canvas()->viewState().traceSpacing() > fitted * 1.2);
         key(Qt::Key_Down);
-        QVERIFY(canvas->viewState().topMs() > 0.0);
+        QVERIFY(canvas()->viewState().topMs() > 0.0);
         key(Qt::Key_Minus);
         key(Qt::Key_Minus);
-        QVERIFY(canvas->viewState().traceSpacing() < fitted);
+        QVERIFY(canvas()->viewState().traceSpacing() < fitted);
         key(Qt::Key_0);
-        QVERIFY(canvas->viewState().isFitted());
-        QCOMPARE(canvas->viewState().traceSpacing(), fitted);
+        QVERIFY(canvas()->viewState().isFitted());
+        QCOMPARE(canvas()->viewState().traceSpacing(), fitted);
     }
 
     void settingsArriveThroughTheProperties()
     {
-        OvGatherCanvas* canvas = Views::canvasOf(*m_view);
         const QImage wiggles = m_view->picture();
         OvDisplayDefine define;
         define.mode = OvDisplayDefine::VariableDensity;
         m_view->setProperty("DisplayDefine", QVariant::fromValue(define));
-        QCOMPARE(canvas->displayDefine().mode, int(OvDisplayDefine::VariableDensity));
+        QCOMPARE(canvas()->displayDefine().mode, int(OvDisplayDefine::VariableDensity));
         QVERIFY(m_view->picture() != wiggles);
         OvFitDisplayDefine scale;
         scale.traceSpacing = 30.0;
         scale.pixelsPerSecond = 2500.0;
         m_view->setProperty("FitDisplayDefine", QVariant::fromValue(scale));
-        QCOMPARE(canvas->viewState().traceSpacing(), 30.0);
-        QCOMPARE(canvas->viewState().pixelsPerMs(), 2.5);
+        QCOMPARE(canvas()->viewState().traceSpacing(), 30.0);
+        QCOMPARE(canvas()->viewState().pixelsPerMs(), 2.5);
         const QImage channelAxis = m_view->picture();
         OvTraceHeaderDefine header;
         header.axisWord = OvTraceHeaderDefine::Offset;
@@ -264,7 +231,7 @@ private slots:
         m_view->zoomIn();
         const auto stored = qvariant_cast<OvFitDisplayDefine>(m_view->property("FitDisplayDefine"));
         QVERIFY(!stored.fitted);
-        QCOMPARE(stored.traceSpacing, Views::canvasOf(*m_view)->viewState().traceSpacing());
+        QCOMPARE(stored.traceSpacing, canvas()->viewState().traceSpacing());
         QTRY_COMPARE(OvFitDisplayDefineNode().define(), stored);
         m_view->zoomToFit();
         QVERIFY(qvariant_cast<OvFitDisplayDefine>(m_view->property("FitDisplayDefine")).fitted);
@@ -272,11 +239,10 @@ private slots:
 
     void picksAppearGatherByGather()
     {
-        const OvGatherCanvas* canvas = Views::canvasOf(*m_view);
-        const QPoint at = canvas->pointOf(11, 150.0).toPoint();
+        const QPoint at = canvas()->pointOf(11, 150.0).toPoint();
         QSignalSpy populate(m_view.get(), &OvAbstractViewController::populate);
         QVERIFY(m_document->setFirstBreaks(1, Gathers::breaksAt(channels, 150.0F)));
-        QVERIFY(canvas->firstBreaks().isEmpty());
+        QVERIFY(canvas()->firstBreaks().isEmpty());
         QCOMPARE(populate.size(), 1);
         QCOMPARE(m_view->property("FBFile").toString(), m_document->firstBreakPath());
         QVERIFY(m_document->setFirstBreaks(0, Gathers::breaksAt(channels, 150.0F)));
@@ -284,10 +250,10 @@ private slots:
         QCOMPARE(QColor(m_view->picture().pixel(at)), OvPickPainter::color(OvPickState::Automatic));
         m_view->setCurrentGather(2);
         QVERIFY(QTest::qWaitFor([this] { return m_view->isShowingData(); }));
-        QVERIFY(canvas->firstBreaks().isEmpty());
+        QVERIFY(canvas()->firstBreaks().isEmpty());
         m_view->setCurrentGather(1);
         QVERIFY(QTest::qWaitFor([this] { return m_view->isShowingData(); }));
-        QCOMPARE(canvas->firstBreaks().pickedCount(), channels);
+        QCOMPARE(canvas()->firstBreaks().pickedCount(), channels);
     }
 
     void populateSaysThatFilesChanged()
@@ -302,8 +268,7 @@ private slots:
     void readoutReachesStripAndStatusBar()
     {
         QSignalSpy info(m_view.get(), &OvAbstractViewController::outputInfo);
-        const OvGatherCanvas* canvas = Views::canvasOf(*m_view);
-        Views::hover(m_view->canvas(), canvas->pointOf(5, 100.0));
+        Views::hover(m_view->canvas(), canvas()->pointOf(5, 100.0));
         QVERIFY(info.last()[0].toString().contains("Channel 6"));
         QCOMPARE(child<QLabel>("readoutLabel")->text(), info.last()[0].toString());
     }
@@ -366,14 +331,13 @@ private slots:
         QVERIFY(QFile::resize(path(), 30000));
         QSignalSpy info(m_view.get(), &OvAbstractViewController::outputInfo);
         m_view->setCurrentGather(4);
-        const OvGatherCanvas* canvas = Views::canvasOf(*m_view);
-        QTRY_VERIFY(canvas->message().contains("line.sgy"));
-        QVERIFY(!canvas->gather());
+        QTRY_VERIFY(canvas()->message().contains("line.sgy"));
+        QVERIFY(!canvas()->gather());
         QVERIFY(!m_view->delegateJob()->isEnabled());
         QVERIFY(info.last()[0].toString().contains("line.sgy"));
         m_view->setCurrentGather(0);
         QTRY_VERIFY(m_view->isShowingData());
-        QCOMPARE(canvas->message(), QString());
+        QCOMPARE(canvas()->message(), QString());
     }
 
     void aViewOfNothingSaysSo()
@@ -393,7 +357,7 @@ private slots:
     {
         OvTranslator::instance().setSessionLanguage(OvTranslator::Chinese);
         QTRY_COMPARE(child<QLabel>("gatherCountLabel")->text(), QString("共 5 个"));
-        QVERIFY(Views::canvasOf(*m_view)->title().contains("野外文件号"));
+        QVERIFY(canvas()->title().contains("野外文件号"));
         OvTranslator::instance().setSessionLanguage(OvTranslator::English);
         QTRY_COMPARE(child<QLabel>("gatherCountLabel")->text(), QString("of 5"));
     }

@@ -1,11 +1,8 @@
 #include "OvGui/tools/OvPickTool.h"
 
-#include "OvBase/OvBaseUtil.h"
+#include "LineFixture.h"
 #include "OvSeismic/firstbreak/OvFirstBreakFile.h"
-#include "Views.h"
-#include "fixtures/WarningTrap.h"
 
-#include <QTemporaryDir>
 #include <QUndoStack>
 
 #include <cmath>
@@ -13,23 +10,16 @@
 
 namespace {
 
-constexpr int channels = 24;
 constexpr double sampleMs = 2.0;
 
 } // namespace
 
 /// Hand picking on a shown view of a real file, and what is stored of it.
-class tst_OvPickTool : public QObject
+class tst_OvPickTool : public QObject, private LineFixture
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QSharedPointer<OvSegyDocument> m_document;
-    std::unique_ptr<OvGatherViewController> m_view;
-
-    QString path() const { return m_folder->filePath("line.sgy"); }
-    OvGatherCanvas* canvas() const { return Views::canvasOf(*m_view); }
     OvFirstBreaks stored() const { return m_document->firstBreaks(m_view->currentGather()); }
     float timeOf(int row) const { return stored().timesMs[static_cast<std::size_t>(row)]; }
     OvPickState stateOf(int row) const { return stored().states[static_cast<std::size_t>(row)]; }
@@ -67,27 +57,17 @@ private:
     }
 
 private slots:
-    void initTestCase() { QVERIFY(OvBaseUtil::initialize()); }
-    void cleanupTestCase() { OvBaseUtil::finish(); }
-
+    void initTestCase() { QVERIFY(startProgram()); }
+    void cleanupTestCase() { endProgram(); }
     void init()
     {
-        WarningTrap::start();
-        m_folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(Gathers::writeLine(path(), 3, channels));
-        m_document = Views::openComplete(path());
-        m_view = std::make_unique<OvGatherViewController>(m_document);
-        QVERIFY(Views::show(*m_view));
+        begin();
+        QVERIFY(openLine(3) && showView());
         m_view->setEditing(true);
         QVERIFY(m_view->isEditing());
     }
 
-    void cleanup()
-    {
-        m_view.reset();
-        m_document.reset();
-        QCOMPARE(WarningTrap::take(), QStringList());
-    }
+    void cleanup() { QCOMPARE(end(), QStringList()); }
 
     void aClickPicksExactlyWhereItIs()
     {
@@ -209,7 +189,7 @@ private slots:
         const float time = timeOf(5);
         m_view.reset();
         m_document.reset();
-        m_document = Views::openComplete(path());
+        QVERIFY(openFile());
         QCOMPARE(m_document->firstBreaks(0).timesMs[5], time);
     }
 
@@ -325,9 +305,7 @@ private slots:
         QVERIFY(broken.open(QIODevice::WriteOnly));
         broken.write("this is no first-break file, whatever its name says");
         broken.close();
-        m_document = Views::openComplete(path());
-        m_view = std::make_unique<OvGatherViewController>(m_document);
-        QVERIFY(Views::show(*m_view));
+        QVERIFY(openFile() && showView());
         QSignalSpy info(m_view.get(), &OvAbstractViewController::outputInfo);
         m_view->setEditing(true);
         QVERIFY(!m_view->isEditing());

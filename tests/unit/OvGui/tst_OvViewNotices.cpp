@@ -1,39 +1,22 @@
-#include "OvBase/OvBaseUtil.h"
-#include "Views.h"
-#include "fixtures/WarningTrap.h"
+#include "LineFixture.h"
 
 #include <QLabel>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 /// What a view says of its file above the gather, and how it goes on when the file changes.
-class tst_OvViewNotices : public QObject
+class tst_OvViewNotices : public QObject, private LineFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        OvBaseUtil::setLocalPath(m_home.path());
-        QVERIFY(OvBaseUtil::initialize());
-    }
-
-    void init()
-    {
-        WarningTrap::start();
-        m_folder.reset(new QTemporaryDir);
-    }
-
-    void cleanup()
-    {
-        m_view.reset();
-        m_document.reset();
-        QCOMPARE(WarningTrap::take(), QStringList());
-    }
+    void initTestCase() { QVERIFY(startProgram()); }
+    void cleanupTestCase() { endProgram(); }
+    void init() { begin(); }
+    void cleanup() { QCOMPARE(end(), QStringList()); }
 
     void saysNothingOfAGoodFile()
     {
-        openLine();
+        QVERIFY(openLine(3) && showView());
         QVERIFY(!banner()->isVisible());
         m_document->checkFile();
         QTest::qWait(50);
@@ -43,8 +26,8 @@ private slots:
     void tellsOfAFileThatIsCutOff()
     {
         QVERIFY(Gathers::writeLine(path(), 3));
-        QVERIFY(QFile::resize(path(), QFileInfo(path()).size() - 100));
-        openFile();
+        QVERIFY(cutOff());
+        QVERIFY(openFile() && showView());
         QVERIFY(banner()->isVisible());
         QVERIFY2(text().contains(QLatin1String("ends in the middle of a trace")),
                  qPrintable(text()));
@@ -57,8 +40,8 @@ private slots:
     void whatIsPutAwayStaysAway()
     {
         QVERIFY(Gathers::writeLine(path(), 3));
-        QVERIFY(QFile::resize(path(), QFileInfo(path()).size() - 100));
-        openFile();
+        QVERIFY(cutOff());
+        QVERIFY(openFile() && showView());
         button("bannerClose")->click();
         QVERIFY(!banner()->isVisible());
         QEvent change(QEvent::LanguageChange);
@@ -71,14 +54,8 @@ private slots:
 
     void tellsThatThereIsNoGeometry()
     {
-        SegyWriter writer;
-        for (int i = 0; i < 8; ++i) {
-            SegyTrace trace;
-            trace.fieldRecord = 1 + i / 4;
-            writer.add(trace);
-        }
-        QVERIFY(writer.write(path()));
-        openFile();
+        QVERIFY(writeWithoutGeometry());
+        QVERIFY(openFile() && showView());
         QTRY_COMPARE(text(),
                      QStringLiteral("The traces have no offsets and no usable coordinates."));
         QVERIFY(banner()->isVisible());
@@ -86,25 +63,19 @@ private slots:
 
     void countsWhatDoesNotFitIntoOneLine()
     {
-        SegyWriter writer;
-        for (int i = 0; i < 8; ++i) {
-            SegyTrace trace;
-            trace.fieldRecord = 1 + i / 4;
-            writer.add(trace);
-        }
-        QVERIFY(writer.write(path()));
-        QVERIFY(QFile::resize(path(), QFileInfo(path()).size() - 100));
-        openFile();
+        QVERIFY(writeWithoutGeometry());
+        QVERIFY(cutOff());
+        QVERIFY(openFile() && showView());
         QTRY_VERIFY2(text().endsWith(QLatin1String("(further remarks: 1)")), qPrintable(text()));
     }
 
     void aFileThatGrowsCanBeReloaded()
     {
-        openLine();
+        QVERIFY(openLine(3) && showView());
         m_view->setCurrentGather(2);
         QTRY_VERIFY(m_view->isShowingData());
-        QVERIFY(Gathers::writeLine(m_folder->filePath(QStringLiteral("more.sgy")), 6));
-        append(m_folder->filePath(QStringLiteral("more.sgy")));
+        QVERIFY(Gathers::writeLine(path(QStringLiteral("more.sgy")), 6));
+        append(path(QStringLiteral("more.sgy")));
         QTRY_VERIFY(banner()->isVisible());
         QVERIFY2(text().contains(QLatin1String("line.sgy has grown")), qPrintable(text()));
         QCOMPARE(m_view->gatherCount(), 3);
@@ -118,7 +89,7 @@ private slots:
 
     void aReloadKeepsTheOrderOfTheWindow()
     {
-        openLine();
+        QVERIFY(openLine(3) && showView());
         OvGatherOrder order;
         order.key = OvGatherKey::Receiver;
         m_view->setGatherOrder(order);
@@ -130,12 +101,12 @@ private slots:
         QTRY_VERIFY(m_view->gatherIndex()->traceCount() == 96 &&
                     m_view->gatherIndex()->order() == order);
         QTRY_VERIFY(m_view->isShowingData());
-        QCOMPARE(Views::canvasOf(*m_view)->gather()->traceCount(), 4);
+        QCOMPARE(canvas()->gather()->traceCount(), 4);
     }
 
     void aFileThatShrinksIsNoEnd()
     {
-        openLine(40);
+        QVERIFY(openLine(40) && showView());
         QVERIFY(QFile::resize(path(), 3600 + 24 * (240 + 800)));
         QTRY_VERIFY(banner()->isVisible());
         QVERIFY2(text().contains(QLatin1String("shorter")), qPrintable(text()));
@@ -143,7 +114,7 @@ private slots:
         QSignalSpy info(m_view.get(), &OvAbstractViewController::outputInfo);
         m_view->setCurrentGather(39);
         QTRY_VERIFY(!info.isEmpty());
-        QTRY_VERIFY(!Views::canvasOf(*m_view)->gather());
+        QTRY_VERIFY(!canvas()->gather());
         m_view->setCurrentGather(0);
         QTRY_VERIFY(m_view->isShowingData());
         button("bannerReload")->click();
@@ -152,7 +123,7 @@ private slots:
 
     void aFileThatVanishesStaysShown()
     {
-        openLine();
+        QVERIFY(openLine(3) && showView());
         QVERIFY(QFile::rename(path(), path() + QStringLiteral(".away")));
         QTRY_VERIFY(banner()->isVisible());
         QVERIFY2(text().contains(QLatin1String("was deleted or moved")), qPrintable(text()));
@@ -172,12 +143,8 @@ private slots:
 
     void aFileWrittenAgainIsNoticed()
     {
-        openLine();
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(5),
-                                 QFileDevice::FileModificationTime));
-        file.close();
+        QVERIFY(openLine(3) && showView());
+        QVERIFY(writeAgain());
         m_document->checkFile();
         QTRY_VERIFY(banner()->isVisible());
         QVERIFY2(text().contains(QLatin1String("written again")), qPrintable(text()));
@@ -185,13 +152,9 @@ private slots:
 
     void picksStay()
     {
-        openLine();
+        QVERIFY(openLine(3) && showView());
         QVERIFY(m_document->setFirstBreaks(1, Gathers::breaksAt(24, 40.0F)));
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(5),
-                                 QFileDevice::FileModificationTime));
-        file.close();
+        QVERIFY(writeAgain());
         m_document->checkFile();
         QTRY_VERIFY(banner()->isVisible());
         button("bannerReload")->click();
@@ -201,7 +164,7 @@ private slots:
 
     void noReloadUnderAJob()
     {
-        openLine();
+        QVERIFY(openLine(3) && showView());
         m_document->beginJobStorage();
         const OvStatus status = m_document->reload();
         QVERIFY(!status);
@@ -212,18 +175,23 @@ private slots:
     }
 
 private:
-    QString path() const { return m_folder->filePath(QStringLiteral("line.sgy")); }
-    void openLine(int shots = 3)
+    bool writeWithoutGeometry() const
     {
-        QVERIFY(Gathers::writeLine(path(), shots));
-        openFile();
+        SegyWriter writer;
+        for (int i = 0; i < 8; ++i) {
+            SegyTrace trace;
+            trace.fieldRecord = 1 + i / 4;
+            writer.add(trace);
+        }
+        return writer.write(path());
     }
-    void openFile()
+    bool cutOff() const { return QFile::resize(path(), QFileInfo(path()).size() - 100); }
+    bool writeAgain() const
     {
-        m_document = Views::openComplete(path());
-        QVERIFY(m_document);
-        m_view = std::make_unique<OvGatherViewController>(m_document);
-        QVERIFY(Views::show(*m_view));
+        QFile file(path());
+        return file.open(QIODevice::ReadWrite) &&
+               file.setFileTime(QDateTime::currentDateTime().addSecs(5),
+                                QFileDevice::FileModificationTime);
     }
     /// The traces of another file behind those of this one.
     void append(const QString& other)
@@ -238,20 +206,9 @@ private:
             traces[at + 9] = 15;
         QCOMPARE(to.write(traces), qint64(traces.size()));
     }
-    QWidget* banner() const { return m_view->findChild<QWidget*>(QStringLiteral("banner")); }
-    QString text() const
-    {
-        return m_view->findChild<QLabel*>(QStringLiteral("bannerText"))->text();
-    }
-    QToolButton* button(const char* name) const
-    {
-        return m_view->findChild<QToolButton*>(QLatin1String(name));
-    }
-
-    QTemporaryDir m_home;
-    QScopedPointer<QTemporaryDir> m_folder;
-    QSharedPointer<OvSegyDocument> m_document;
-    std::unique_ptr<OvGatherViewController> m_view;
+    QWidget* banner() const { return child<QWidget>("banner"); }
+    QString text() const { return child<QLabel>("bannerText")->text(); }
+    QToolButton* button(const char* name) const { return child<QToolButton>(name); }
 };
 
 QTEST_MAIN(tst_OvViewNotices)
