@@ -177,13 +177,9 @@ private slots:
 private:
     bool writeWithoutGeometry() const
     {
-        SegyWriter writer;
-        for (int i = 0; i < 8; ++i) {
-            SegyTrace trace;
-            trace.fieldRecord = 1 + i / 4;
-            writer.add(trace);
-        }
-        return writer.write(path());
+        return SegyWriter::of(8, 100,
+                              [](int i, SegyTrace* trace) { trace->fieldRecord = 1 + i / 4; })
+            .write(path());
     }
     bool cutOff() const { return QFile::resize(path(), QFileInfo(path()).size() - 100); }
     bool writeAgain() const

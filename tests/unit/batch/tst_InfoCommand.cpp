@@ -92,16 +92,12 @@ void tst_InfoCommand::json()
 
 void tst_InfoCommand::findings()
 {
-    SegyWriter writer;
-    writer.sampleCount = 10;
-    for (int i = 0; i < 2000; ++i) {
-        SegyTrace trace;
-        trace.channel = 1 + i % 1999;
-        trace.offset = 25;
+    const SegyWriter writer = SegyWriter::of(2000, 10, [](int i, SegyTrace* trace) {
+        trace->channel = 1 + i % 1999;
+        trace->offset = 25;
         if (i != 1500)
-            trace.samples = {1.0F, 2.0F};
-        writer.add(trace);
-    }
+            trace->samples = {1.0F, 2.0F};
+    });
     QVERIFY(writer.write(path()));
     const auto find = [this](const char* code) {
         for (const QJsonValue& value : object().value("findings").toArray()) {

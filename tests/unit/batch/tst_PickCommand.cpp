@@ -137,14 +137,11 @@ void tst_PickCommand::writesATable()
 void tst_PickCommand::rowsComeInFileOrder()
 {
     // The traces of two records take turns in the file.
-    SegyWriter writer;
-    for (int i = 0; i < 8; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = 30 + i % 2;
-        trace.channel = 1 + i / 2;
-        trace.samples = {1.0F, -1.0F};
-        writer.add(trace);
-    }
+    const SegyWriter writer = SegyWriter::of(8, 100, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = 30 + i % 2;
+        trace->channel = 1 + i / 2;
+        trace->samples = {1.0F, -1.0F};
+    });
     QVERIFY(writer.write(path("turns.sgy")));
     QCOMPARE(run({"pick", path("turns.sgy"), "--out", path("turns.csv")}), 0);
     const std::vector<Row> rows = table(path("turns.csv"));

@@ -134,19 +134,14 @@ void tst_HeaderMapping::cleanup()
 
 SegyWriter tst_HeaderMapping::twoShots()
 {
-    SegyWriter writer;
-    writer.sampleCount = 10;
-    for (int i = 0; i < 20; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = 100 + i / 10;
-        trace.channel = 1 + i % 10;
-        trace.offset = 25 * (i % 10) + 5;
-        trace.receiverX = trace.offset;
+    return SegyWriter::of(20, 10, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = 100 + i / 10;
+        trace->channel = 1 + i % 10;
+        trace->offset = 25 * (i % 10) + 5;
+        trace->receiverX = trace->offset;
         // Inline and crossline, low halves of the words.
-        trace.words = {{191, static_cast<qint16>(7 + i / 10)}, {195, static_cast<qint16>(50 + i)}};
-        writer.add(trace);
-    }
-    return writer;
+        trace->words = {{191, static_cast<qint16>(7 + i / 10)}, {195, static_cast<qint16>(50 + i)}};
+    });
 }
 
 void tst_HeaderMapping::openDialog(const SegyWriter& writer)
@@ -209,16 +204,12 @@ void tst_HeaderMapping::asksForAFileWhenNoneIsOpen()
 
 void tst_HeaderMapping::showsTheFirstTraces()
 {
-    SegyWriter writer;
-    writer.sampleCount = 2;
-    for (int i = 0; i < 300; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = 1 + i / 10;
-        trace.channel = i;
-        trace.coordinateScalar = -100;
-        trace.sourceX = 123456789;
-        writer.add(trace);
-    }
+    const SegyWriter writer = SegyWriter::of(300, 2, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = 1 + i / 10;
+        trace->channel = i;
+        trace->coordinateScalar = -100;
+        trace->sourceX = 123456789;
+    });
     openDialog(writer);
     QCOMPARE(values()->rowCount(), 200);
     QCOMPARE(values()->columnCount(), int(Mapping::quantityCount));
@@ -366,15 +357,11 @@ void tst_HeaderMapping::clickingARemarkGoesToItsWord()
 
 void tst_HeaderMapping::examinesTheWholeFile()
 {
-    SegyWriter writer;
-    writer.sampleCount = 1;
-    for (int i = 0; i < 30000; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = i / 100;
+    const SegyWriter writer = SegyWriter::of(30000, 1, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = i / 100;
         // Not among those of the spread: groups of 64 lie 96 apart.
-        trace.cdp = i == 80 ? 999 : 1;
-        writer.add(trace);
-    }
+        trace->cdp = i == 80 ? 999 : 1;
+    });
     openDialog(writer);
     QVERIFY2(field<QLabel>("found")->text().endsWith(
                  QLatin1String("of 30,000 traces, spread over the file.")),

@@ -85,19 +85,14 @@ void tst_SegyInformation::cleanup()
 
 SegyWriter tst_SegyInformation::shots(int traces)
 {
-    SegyWriter writer;
-    writer.sampleCount = 4;
-    for (int i = 0; i < traces; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = 1 + i / 10;
-        trace.channel = 1 + i % 10;
-        trace.offset = 10 * (1 + i % 10);
-        trace.sourceX = 100 * trace.fieldRecord;
-        trace.receiverX = trace.sourceX + trace.offset;
-        trace.samples = {1.0F, -2.0F, 3.0F, 1.0F};
-        writer.add(trace);
-    }
-    return writer;
+    return SegyWriter::of(traces, 4, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = 1 + i / 10;
+        trace->channel = 1 + i % 10;
+        trace->offset = 10 * (1 + i % 10);
+        trace->sourceX = 100 * trace->fieldRecord;
+        trace->receiverX = trace->sourceX + trace->offset;
+        trace->samples = {1.0F, -2.0F, 3.0F, 1.0F};
+    });
 }
 
 void tst_SegyInformation::openInformation(const SegyWriter& writer)

@@ -52,15 +52,11 @@ private:
 void tst_OvFirstBreakUpgrade::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    SegyWriter writer;
-    writer.sampleCount = 8;
-    for (int i = 0; i < 800; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = 30 + i % 2;
-        trace.channel = i / 2 + 1;
-        trace.samples = std::vector<float>(8, 1.0F);
-        writer.add(trace);
-    }
+    const SegyWriter writer = SegyWriter::of(800, 8, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = 30 + i % 2;
+        trace->channel = i / 2 + 1;
+        trace->samples = std::vector<float>(8, 1.0F);
+    });
     const QString segy = m_folder->filePath(QStringLiteral("line.sgy"));
     QVERIFY(writer.write(segy));
     m_segy = std::make_unique<OvSegyFile>();

@@ -65,19 +65,14 @@ private:
     template <typename Change>
     bool openChanged(Change change)
     {
-        SegyWriter writer;
-        writer.sampleCount = 4;
-        for (int i = 0; i < 40; ++i) {
-            SegyTrace trace;
-            trace.fieldRecord = 1 + i / 20;
-            trace.channel = 1 + i % 20;
-            trace.offset = 10 * (i % 20) + 5;
-            trace.sourceX = 1000;
-            trace.receiverX = 1000 + trace.offset;
-            change(i, &trace);
-            writer.add(trace);
-        }
-        return open(writer);
+        return open(SegyWriter::of(40, 4, [&change](int i, SegyTrace* trace) {
+            trace->fieldRecord = 1 + i / 20;
+            trace->channel = 1 + i % 20;
+            trace->offset = 10 * (i % 20) + 5;
+            trace->sourceX = 1000;
+            trace->receiverX = 1000 + trace->offset;
+            change(i, trace);
+        }));
     }
 
     QScopedPointer<QTemporaryDir> m_folder;
@@ -112,13 +107,8 @@ void tst_OvHeaderSurvey::remarksNothingOnAGoodFile()
 
 void tst_OvHeaderSurvey::takesASpreadOfALongFile()
 {
-    SegyWriter writer;
-    writer.sampleCount = 1;
-    for (int i = 0; i < 3000; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = i;
-        writer.add(trace);
-    }
+    const SegyWriter writer =
+        SegyWriter::of(3000, 1, [](int i, SegyTrace* trace) { trace->fieldRecord = i; });
     QVERIFY(open(writer));
     QVERIFY(m_survey.run(m_file, {}, 640));
     QCOMPARE(m_survey.traceCount(), qint64(640));
@@ -133,14 +123,10 @@ void tst_OvHeaderSurvey::takesASpreadOfALongFile()
 
 void tst_OvHeaderSurvey::aSpreadSeesEveryChannel()
 {
-    SegyWriter writer;
-    writer.sampleCount = 1;
-    for (int i = 0; i < 6000; ++i) {
-        SegyTrace trace;
-        trace.fieldRecord = i / 60;
-        trace.channel = 1 + i % 60;
-        writer.add(trace);
-    }
+    const SegyWriter writer = SegyWriter::of(6000, 1, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = i / 60;
+        trace->channel = 1 + i % 60;
+    });
     QVERIFY(open(writer));
     QVERIFY(m_survey.run(m_file, {}, 128));
     QCOMPARE(m_survey.word(Mapping::Channel).values.size(), std::size_t(60));
@@ -269,13 +255,8 @@ void tst_OvHeaderSurvey::remarksOnManyTraceCodes()
 
 void tst_OvHeaderSurvey::boundsTheValuesKept()
 {
-    SegyWriter writer;
-    writer.sampleCount = 1;
-    for (int i = 0; i < 70000; ++i) {
-        SegyTrace trace;
-        trace.cdp = i;
-        writer.add(trace);
-    }
+    const SegyWriter writer =
+        SegyWriter::of(70000, 1, [](int i, SegyTrace* trace) { trace->cdp = i; });
     QVERIFY(open(writer));
     QVERIFY(m_survey.run(m_file, {}, all));
     QVERIFY(m_survey.word(Mapping::Cdp).hasMoreValues());

@@ -319,14 +319,10 @@ void tst_OvSegyDoctor::cutOffTail()
 
 void tst_OvSegyDoctor::quickLooksAtAPart()
 {
-    SegyWriter writer;
-    writer.sampleCount = 2;
-    for (int i = 0; i < 3000; ++i) {
-        SegyTrace trace;
-        trace.channel = i + 1;
-        trace.samples = {1.0F, i == 2999 ? std::nanf("") : 2.0F};
-        writer.add(trace);
-    }
+    const SegyWriter writer = SegyWriter::of(3000, 2, [](int i, SegyTrace* trace) {
+        trace->channel = i + 1;
+        trace->samples = {1.0F, i == 2999 ? std::nanf("") : 2.0F};
+    });
     const Findings quick = examine(writer, OvSegyDoctor::Depth::Quick);
     QVERIFY(find(quick, "sampled"));
     QVERIFY(find(quick, "sampled")->count < 1000);
