@@ -57,8 +57,8 @@ void OvArrivalAlignment::cut(const Input& input)
 void OvArrivalAlignment::stack(const Input& input, int row)
 {
     m_pilot.assign(at(m_length), 0.0F);
-    for (int other = std::max(row - neighbours, 0);
-         other <= std::min(row + neighbours, input.rows - 1); ++other) {
+    const OvLinkRange near = input.chain->neighbours(row, neighbours);
+    for (int other = near.first; other < near.last; ++other) {
         if (other == row)
             continue;
         const double away = static_cast<double>(other - row) / (0.6 * neighbours);
@@ -136,7 +136,7 @@ void OvArrivalAlignment::follow(const Input& input)
     std::vector<double> times;
     for (const Match& match : m_matches)
         times.push_back(match.time);
-    const std::vector<double> slopes = OvPickCourse::slopes(times);
+    const std::vector<double> slopes = OvPickCourse::slopes(times, input.chain->cables);
     m_lattice.rows = input.rows;
     m_lattice.points = shifts;
     m_lattice.scores.resize(m_correlations.size());
@@ -156,6 +156,8 @@ void OvArrivalAlignment::follow(const Input& input)
         const double free = std::max(input.chain->steps[at(row)], 1.0);
         m_steps[at(row)].later = static_cast<float>(8.0 / input.period / free);
         m_steps[at(row)].earlier = m_steps[at(row)].later;
+        if (input.chain->beginsCable(row))
+            m_steps[at(row)] = OvShiftPath::anywhere;
     }
     const std::vector<int>& path = m_path.find(m_lattice, m_steps);
     for (int row = 0; row < input.rows; ++row) {
@@ -187,7 +189,7 @@ void OvArrivalAlignment::settle(const Input& input)
     std::vector<double> times;
     for (const Match& match : m_matches)
         times.push_back(match.time);
-    const std::vector<double> strays = OvPickCourse::strays(times, 5);
+    const std::vector<double> strays = OvPickCourse::strays(times, 5, input.chain->cables);
     cut(input);
     for (int row = 0; row < input.rows; ++row) {
         Match& match = m_matches[at(row)];

@@ -2,6 +2,7 @@
 
 #include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
 #include <algorithm>
@@ -45,8 +46,9 @@ void OvArrivalStack::stack(const OvTraceGrid& grid, const std::vector<Member>& m
 {
     m_origin = rounded(reachPeriods * period);
     m_samples.assign(static_cast<std::size_t>(2 * m_origin + 1), 0.0F);
-    const int last = std::min(row + neighbours, static_cast<int>(members.size()) - 1);
-    for (int other = std::max(row - neighbours, 0); other <= last; ++other) {
+    const OvLinkRange near =
+        ovNeighbours(grid.cables(), static_cast<int>(members.size()), row, neighbours);
+    for (int other = near.first; other < near.last; ++other) {
         const Member& member = members[static_cast<std::size_t>(other)];
         const double away = static_cast<double>(other - row) / (0.6 * neighbours);
         const float weight = member.weight * static_cast<float>(std::exp(-away * away));
@@ -90,5 +92,5 @@ std::vector<double> OvArrivalStack::onsets(const OvTraceGrid& grid,
         stack(grid, members, row, period);
         rough.push_back(onset(period, asked));
     }
-    return OvPickCourse::runningMedians(rough, 4);
+    return OvPickCourse::runningMedians(rough, 4, grid.cables());
 }

@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr std::size_t neighbours = 7;     // on either side
-constexpr std::size_t nearNeighbours = 4; // where the arrival bends often
-constexpr std::size_t leastPicks = 3;     // that make a line
+constexpr int neighbours = 7;         // on either side
+constexpr int nearNeighbours = 4;     // where the arrival bends often
+constexpr std::size_t leastPicks = 3; // that make a line
 constexpr double spreadsAllowed = 5.0;
 constexpr double leastTolerancePeriods = 0.5; // what a cycle skip exceeds
 constexpr double waveMs = 100.0;              // enough of an arrival to tell its period
@@ -23,6 +23,7 @@ constexpr double lowConfidence = 0.3;
 struct Pick
 {
     int row;
+    int cable;
     double place; // along the chain
     double timeMs;
 };
@@ -43,7 +44,8 @@ std::vector<Pick> picksAlong(const OvTraceChain& chain, const OvFirstBreaks& bre
         const int row = chain.rows[link];
         const auto i = static_cast<std::size_t>(row);
         if (row < breaks.size() && breaks.hasPick(row) && breaks.states[i] != OvPickState::Rejected)
-            picks.push_back({row, place, static_cast<double>(breaks.timesMs[i])});
+            picks.push_back({row, chain.cables.empty() ? 0 : chain.cables[link], place,
+                             static_cast<double>(breaks.timesMs[i])});
     }
     return picks;
 }
@@ -72,27 +74,30 @@ double distanceFrom(const std::vector<Pick>& others, const Pick& pick)
     return std::abs(pick.timeMs - median(levels));
 }
 
-std::vector<Pick> part(const std::vector<Pick>& picks, std::size_t first, std::size_t end)
+double distanceAt(const std::vector<Pick>& picks, const std::vector<int>& cables, int index)
 {
-    const auto at = [&picks](std::size_t i) {
-        return picks.begin() + static_cast<std::ptrdiff_t>(i);
-    };
-    return {at(first), at(end)};
-}
-
-double distanceAt(const std::vector<Pick>& picks, std::size_t index)
-{
+    const Pick& pick = picks[static_cast<std::size_t>(index)];
     double least = std::numeric_limits<double>::infinity();
-    for (const std::size_t reach : {neighbours, nearNeighbours}) {
-        std::vector<Pick> ahead = part(picks, index > reach ? index - reach : 0, index);
-        const std::vector<Pick> behind =
-            part(picks, index + 1, std::min(picks.size(), index + reach + 1));
-        least = std::min(
-            {least, distanceFrom(ahead, picks[index]), distanceFrom(behind, picks[index])});
+    for (const int reach : {neighbours, nearNeighbours}) {
+        const OvLinkRange near = ovNeighbours(cables, static_cast<int>(picks.size()), index, reach);
+        std::vector<Pick> ahead(picks.begin() + near.first, picks.begin() + index);
+        const std::vector<Pick> behind(picks.begin() + index + 1, picks.begin() + near.last);
+        least = std::min({least, distanceFrom(ahead, pick), distanceFrom(behind, pick)});
         ahead.insert(ahead.end(), behind.begin(), behind.end());
-        least = std::min(least, distanceFrom(ahead, picks[index]));
+        least = std::min(least, distanceFrom(ahead, pick));
     }
     return least;
+}
+
+std::vector<double> distancesOf(const std::vector<Pick>& picks)
+{
+    std::vector<int> cables;
+    for (const Pick& pick : picks)
+        cables.push_back(pick.cable);
+    std::vector<double> distances;
+    for (int i = 0; i < static_cast<int>(picks.size()); ++i)
+        distances.push_back(distanceAt(picks, cables, i));
+    return distances;
 }
 
 double spreadOf(const std::vector<double>& distances)
@@ -118,7 +123,7 @@ double periodMs(const OvGather& gather, const std::vector<Pick>& picks)
 bool isWrong(double distanceMs, double toleranceMs, float confidence)
 {
     const double trust = std::min(1.0, static_cast<double>(confidence) / lowConfidence);
-    return distanceMs > toleranceMs * (0.5 + 0.5 * trust);
+    return std::isfinite(distanceMs) && distanceMs > toleranceMs * (0.5 + 0.5 * trust);
 }
 
 } // namespace
@@ -128,9 +133,7 @@ std::vector<int> OvErrorPicks::find(const OvGather& gather, const OvFirstBreaks&
     const std::vector<Pick> picks = picksAlong(OvTraceChain::of(gather), breaks);
     if (picks.size() <= leastPicks)
         return {};
-    std::vector<double> distances;
-    for (std::size_t i = 0; i < picks.size(); ++i)
-        distances.push_back(distanceAt(picks, i));
+    const std::vector<double> distances = distancesOf(picks);
     const double tolerance = std::max({spreadsAllowed * spreadOf(distances),
                                        leastTolerancePeriods * periodMs(gather, picks),
                                        leastToleranceSamples * gather.intervalMs});

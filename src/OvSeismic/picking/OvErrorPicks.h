@@ -12,7 +12,7 @@ namespace OvErrorPicks {
 
 /// Their rows, ascending.
 ///
-/// A pick is held against straight lines through the picks beside it along the spread
+/// A pick is held against straight lines through the picks beside it along its cable
 /// (OvTraceChain): those ahead of it, those behind it, and both, so that a bend of the arrival or
 /// the shot in the middle is no error. The lines are repeated-median lines (Siegel, A., 1982,
 /// Robust regression using repeated medians, Biometrika 69, 242-244), which up to half of their

@@ -70,8 +70,11 @@ OvTraceChain sampleOf(const OvTraceChain& chain)
     constexpr std::size_t enough = 16;
     OvTraceChain sample;
     const std::size_t every = std::max<std::size_t>(1, chain.rows.size() / enough);
-    for (std::size_t i = 0; i < chain.rows.size(); i += every)
+    for (std::size_t i = 0; i < chain.rows.size(); i += every) {
         sample.rows.push_back(chain.rows[i]);
+        if (!chain.cables.empty())
+            sample.cables.push_back(chain.cables[i]);
+    }
     sample.steps.assign(sample.rows.size(), 1.0);
     sample.away.assign(sample.rows.size(), 0);
     return sample;
@@ -320,7 +323,7 @@ void Run::takeOnsets(const std::vector<double>& stacked)
     std::vector<double> ratios;
     for (const OvOnsetSearch::Arrival& arrival : m_own)
         ratios.push_back(arrival.ratio);
-    const std::vector<double> around = OvPickCourse::runningMedians(ratios, 4);
+    const std::vector<double> around = OvPickCourse::runningMedians(ratios, 4, m_chain.cables);
     for (int row = 0; row < rows(); ++row) {
         const OvOnsetSearch::Arrival& arrival = m_own[at(row)];
         const double own = m_work.grid.pointAt(row, arrival.timeMs);
@@ -378,7 +381,7 @@ void Run::deliver(OvPickResult* result)
         onsets[at(row)].point = m_points[at(row)];
     const std::vector<double> points =
         OvPhaseSearch::find(*m_clean, onsets, m_swing, m_settings.phase);
-    const std::vector<double> strays = OvPickCourse::strays(m_points, 5);
+    const std::vector<double> strays = OvPickCourse::strays(m_points, 5, m_chain.cables);
     std::vector<double> strengths;
     for (const OvArrivalAlignment::Match& match : m_work.alignment.matches())
         strengths.push_back(static_cast<double>(match.strength));
@@ -393,6 +396,8 @@ void Run::deliver(OvPickResult* result)
         evidence.likeness = static_cast<double>(match.likeness);
         evidence.stray = std::abs(strays[at(row)]) / period;
         evidence.gap = m_gaps[at(row)];
+        if (m_chain.isAlone(row))
+            evidence.standAlone();
         const double confidence = evidence.confidence();
         const int source = m_chain.rows[at(row)];
         if (confidence < m_settings.minimumConfidence ||

@@ -397,7 +397,7 @@ void OvOnsetGuide::follow(const OvTraceChain& chain, bool atCourse)
 {
     std::vector<double> slopes;
     if (atCourse)
-        slopes = OvPickCourse::slopes(m_times);
+        slopes = OvPickCourse::slopes(m_times, chain.cables);
     m_steps.resize(chain.rows.size());
     for (std::size_t i = 0; i < m_steps.size(); ++i) {
         m_steps[i].expected = atCourse ? rounded(slopes[i] / m_block) : 0;
@@ -406,6 +406,8 @@ void OvOnsetGuide::follow(const OvTraceChain& chain, bool atCourse)
         const float back = atCourse ? penalty : 3.0F * penalty;
         m_steps[i].later = chain.away[i] < 0 ? back : penalty;
         m_steps[i].earlier = chain.away[i] > 0 ? back : penalty;
+        if (chain.beginsCable(static_cast<int>(i)))
+            m_steps[i] = OvShiftPath::anywhere;
     }
     const std::vector<int>& path = m_path.find(m_lattice, m_steps);
     m_times.resize(path.size());

@@ -3,6 +3,7 @@
 #include "OvSeismic/dsp/OvTraceSums.h"
 #include "OvSeismic/picking/OvPickParameters.h"
 #include "OvSeismic/picking/OvPickPlan.h"
+#include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
 #include <algorithm>
@@ -183,13 +184,14 @@ Sign signOf(Probe* probe, std::size_t links, OvPickParameters::Polarity polarity
 }
 
 // Median of the distances of the traces around a link, its own left out; 0 without any.
-double pointedAt(const std::vector<double>& distances, std::size_t link)
+double pointedAt(const OvTraceGrid& grid, const std::vector<double>& distances, std::size_t link)
 {
-    constexpr std::size_t reach = 4;
-    const std::size_t first = link < reach ? 0 : link - reach;
-    const std::size_t last = std::min(link + reach + 1, distances.size());
+    constexpr int reach = 4;
+    const OvLinkRange near = ovNeighbours(grid.cables(), static_cast<int>(distances.size()),
+                                          static_cast<int>(link), reach);
     std::vector<double> around;
-    for (std::size_t i = first; i < last; ++i) {
+    for (auto i = static_cast<std::size_t>(near.first); i < static_cast<std::size_t>(near.last);
+         ++i) {
         if (i != link && std::isfinite(distances[i]))
             around.push_back(distances[i]);
     }
@@ -238,14 +240,14 @@ std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid,
         for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
             probe.load(link);
             distances[link] =
-                reconsidered(probe, candidates[link], pointedAt(last, link), allowed, sign);
+                reconsidered(probe, candidates[link], pointedAt(grid, last, link), allowed, sign);
         }
     }
     std::vector<Arrival> arrivals;
     for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
         probe.load(link);
         arrivals.push_back(probe.measured(distances[link]));
-        arrivals.back().strayMs = std::abs(distances[link] - pointedAt(distances, link));
+        arrivals.back().strayMs = std::abs(distances[link] - pointedAt(grid, distances, link));
     }
     return isSet(cancel) ? std::vector<Arrival>() : arrivals;
 }

@@ -56,6 +56,18 @@ public:
         }
     }
 
+    // From the best point of the row before to every point.
+    void jump(int row)
+    {
+        const auto best = std::max_element(m_sums.begin(), m_sums.end());
+        const float sum = *best;
+        std::fill_n(m_origins.begin() + static_cast<std::ptrdiff_t>(row) * m_lattice.points,
+                    m_points, static_cast<std::uint16_t>(best - m_sums.begin()));
+        const float* scores = m_lattice.row(row);
+        std::transform(scores, scores + m_points, m_sums.begin(),
+                       [sum](float score) { return sum + score; });
+    }
+
     std::vector<int> path() const
     {
         std::vector<int> path(static_cast<std::size_t>(m_lattice.rows));
@@ -118,7 +130,11 @@ std::vector<int> ovBestPath(const OvScoreLattice& lattice, const std::vector<OvP
     for (int row = 1; row < lattice.rows; ++row) {
         if (cancel && cancel->load())
             return {};
-        search.advance(row, steps[static_cast<std::size_t>(row)], gains);
+        const OvPathStep& step = steps[static_cast<std::size_t>(row)];
+        if (step.anywhere)
+            search.jump(row);
+        else
+            search.advance(row, step, gains);
     }
     return search.path();
 }

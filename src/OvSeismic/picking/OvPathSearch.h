@@ -31,6 +31,7 @@ struct OvPathStep
     float penalty = 0.0F;     ///< cost of each point of that distance
     int away = 0;             ///< sign that moves should have, 0 either
     float backPenalty = 0.0F; ///< cost of each point of a move of the other sign
+    bool anywhere = false;    ///< every move is free and gains nothing
 };
 
 /// Fills gains, (2 * reach + 1) * points values, with what each move to a row is worth: at

@@ -121,7 +121,7 @@ std::vector<double> OvPhaseSearch::find(const OvTraceGrid& grid,
         last = std::isfinite(found) ? found : last;
         distances.push_back(last);
     }
-    distances = OvPickCourse::runningMedians(distances, 4);
+    distances = OvPickCourse::runningMedians(distances, 4, grid.cables());
     for (int row = 0; row < static_cast<int>(members.size()); ++row) {
         const auto at = static_cast<std::size_t>(row);
         points[at] = onTrace(grid, row, members[at].sign, points[at] + distances[at],

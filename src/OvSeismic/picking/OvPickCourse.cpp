@@ -1,21 +1,26 @@
 #include "OvSeismic/picking/OvPickCourse.h"
 
 #include "OvSeismic/dsp/OvDominantPeriod.h"
+#include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
 #include <algorithm>
 #include <array>
 
-std::vector<double> OvPickCourse::slopes(const std::vector<double>& times)
+std::vector<double> OvPickCourse::slopes(const std::vector<double>& times,
+                                         const std::vector<int>& cables)
 {
     constexpr int mostReach = 4;
     const int count = static_cast<int>(times.size());
     std::vector<double> slopes(times.size(), 0.0);
     for (int i = 1; i < count; ++i) {
+        const OvLinkRange cable = ovNeighbours(cables, count, i, mostReach);
+        if (cable.first == i)
+            continue;
         std::array<double, mostReach> around{};
         for (int reach = 1; reach <= mostReach; ++reach) {
-            const auto left = static_cast<std::size_t>(std::max(i - reach, 0));
-            const auto right = static_cast<std::size_t>(std::min(i + reach - 1, count - 1));
+            const auto left = static_cast<std::size_t>(std::max(i - reach, cable.first));
+            const auto right = static_cast<std::size_t>(std::min(i + reach, cable.last) - 1);
             around[static_cast<std::size_t>(reach - 1)] =
                 (times[right] - times[left]) / static_cast<double>(right - left);
         }
@@ -25,9 +30,10 @@ std::vector<double> OvPickCourse::slopes(const std::vector<double>& times)
     return slopes;
 }
 
-std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int reach)
+std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int reach,
+                                         const std::vector<int>& cables)
 {
-    const std::vector<double> slope = slopes(times);
+    const std::vector<double> slope = slopes(times, cables);
     std::vector<double> course(times.size(), 0.0); // what the slopes alone add up to
     for (std::size_t i = 1; i < times.size(); ++i)
         course[i] = course[i - 1] + slope[i];
@@ -36,7 +42,8 @@ std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int r
     const int count = static_cast<int>(times.size());
     for (int i = 0; i < count; ++i) {
         around.clear();
-        for (int k = std::max(i - reach, 0); k < std::min(i + reach + 1, count); ++k) {
+        const OvLinkRange near = ovNeighbours(cables, count, i, reach);
+        for (int k = near.first; k < near.last; ++k) {
             if (k != i)
                 around.push_back(times[static_cast<std::size_t>(k)] -
                                  course[static_cast<std::size_t>(k)]);
@@ -49,14 +56,16 @@ std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int r
     return strays;
 }
 
-std::vector<double> OvPickCourse::runningMedians(const std::vector<double>& values, int reach)
+std::vector<double> OvPickCourse::runningMedians(const std::vector<double>& values, int reach,
+                                                 const std::vector<int>& cables)
 {
     std::vector<double> medians;
     medians.reserve(values.size());
     const int count = static_cast<int>(values.size());
-    for (int i = 0; i < count; ++i)
-        medians.push_back(median({values.begin() + std::max(i - reach, 0),
-                                  values.begin() + std::min(i + reach + 1, count)}));
+    for (int i = 0; i < count; ++i) {
+        const OvLinkRange near = ovNeighbours(cables, count, i, reach);
+        medians.push_back(median({values.begin() + near.first, values.begin() + near.last}));
+    }
     return medians;
 }
 

@@ -3,6 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+void OvPickEvidence::standAlone()
+{
+    const double loud = std::max(ratio, 1.0);
+    strength = loud;
+    company = std::sqrt(loud);
+    likeness = 1.0 - 1.0 / loud;
+}
+
 double OvPickEvidence::confidence() const
 {
     const double loud = std::log(std::clamp(ratio, 0.5, 20.0));

@@ -12,6 +12,9 @@ struct OVSEISMIC_EXPORT OvPickEvidence
     double stray = 0.0;    ///< distance from where the neighbours point, in periods
     double gap = 0.0;      ///< distance of the trace's own onset from the stack's, in periods
 
+    /// Fills in what neighbours would say where a trace has none: no more than its loudness lets
+    /// expect.
+    void standAlone();
     /// How likely the pick lies within a sixth of a period or so of the first break: 0 to 1. A
     /// logistic regression on generated gathers of six kinds of noise and on gathers of noise alone
     /// (docs/picking.md).

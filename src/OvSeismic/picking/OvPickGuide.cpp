@@ -6,6 +6,7 @@
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvTraceChain.h"
+#include "OvSeismic/picking/OvTraceGrid.h"
 #include "OvSeismic/picking/OvWaveforms.h"
 #include "OvSeismic/segy/OvGather.h"
 
@@ -57,7 +58,7 @@ public:
     void load(int row)
     {
         m_row = row;
-        m_trace.assign(m_gather.trace(row), m_gather.sampleCount);
+        m_trace.assign(m_gather.trace(row), OvTraceGrid::lengthOf(m_gather, row));
     }
 
     // guess is where the arrival is thought to be, or -1.
@@ -127,7 +128,7 @@ private:
 std::vector<OvPathStep> pathSteps(const OvTraceChain& chain, const OvPickPlan& plan,
                                   const std::vector<double>& previous)
 {
-    const std::vector<double> expected = OvPickCourse::slopes(previous);
+    const std::vector<double> expected = OvPickCourse::slopes(previous, chain.cables);
     const double period = plan.periodMs / plan.stepMs;
     const double reach = (previous.empty() ? 1.0 : 0.4) * period;
     const double penalty = (previous.empty() ? 1.0 : 2.0) / period;
@@ -138,6 +139,7 @@ std::vector<OvPathStep> pathSteps(const OvTraceChain& chain, const OvPickPlan& p
         steps[i].penalty = static_cast<float>(penalty / std::max(chain.steps[i], 1.0));
         steps[i].away = chain.away[i];
         steps[i].backPenalty = static_cast<float>(0.5 / period);
+        steps[i].anywhere = chain.beginsCable(static_cast<int>(i));
     }
     return steps;
 }
@@ -181,7 +183,7 @@ std::vector<double> OvPickGuide::find(const OvGather& gather, const OvTraceChain
     }
     OvMoveGains gains;
     if (!guesses.empty()) {
-        waves.turnReversed(guesses, rounded(0.1 * period));
+        waves.turnReversed(guesses, rounded(0.1 * period), chain.cables);
         gains = [&waves](int row, const OvPathStep& step, std::vector<float>* out) {
             waves.gains(row, step, likenessWeight, out);
         };

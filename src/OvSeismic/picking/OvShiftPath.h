@@ -21,6 +21,8 @@ public:
         float later = 1.0F;   ///< cost of each point by which a move exceeds it
         float earlier = 1.0F; ///< cost of each point by which a move falls short of it
     };
+    /// Every move costs nothing.
+    static constexpr Step anywhere{0, 0.0F, 0.0F};
 
     /// steps holds one entry a row; the first is not used. One point a row, valid until the next
     /// search; empty for an empty lattice.

@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvTraceChain.h"
 
+#include "OvSeismic/picking/OvCableFinder.h"
 #include "OvSeismic/segy/OvGather.h"
 
 #include <algorithm>
@@ -43,27 +44,50 @@ bool usesSigns(const OvGather& gather, const std::vector<int>& rows)
                        [&](int row) { return header(gather, row).offset < 0.0F; });
 }
 
-// Where each receiver lies along the line from the first receiver to the one farthest from it, as
-// seen from the shot.
-std::vector<double> sidesByCoordinates(const OvGather& gather, const std::vector<int>& rows)
+struct Vector
+{
+    double x;
+    double y;
+};
+
+// From one trace's receiver to another's, and the same of the sources.
+Vector betweenReceivers(const OvTraceHeader& from, const OvTraceHeader& to)
+{
+    return {to.receiverX - from.receiverX, to.receiverY - from.receiverY};
+}
+
+Vector betweenSources(const OvTraceHeader& from, const OvTraceHeader& to)
+{
+    return {to.sourceX - from.sourceX, to.sourceY - from.sourceY};
+}
+
+// From the first trace's end to the one farthest from it; the sources where there is one receiver.
+Vector alongTheLine(const OvGather& gather, const std::vector<int>& rows)
 {
     const OvTraceHeader& origin = header(gather, rows.front());
-    double alongX = 0.0;
-    double alongY = 0.0;
-    for (const int row : rows) {
-        const double x = header(gather, row).receiverX - origin.receiverX;
-        const double y = header(gather, row).receiverY - origin.receiverY;
-        if (std::hypot(x, y) > std::hypot(alongX, alongY)) {
-            alongX = x;
-            alongY = y;
+    for (const auto between : {betweenReceivers, betweenSources}) {
+        Vector along{0.0, 0.0};
+        for (const int row : rows) {
+            const Vector way = between(origin, header(gather, row));
+            if (std::hypot(way.x, way.y) > std::hypot(along.x, along.y))
+                along = way;
         }
+        if (std::hypot(along.x, along.y) > 0.0)
+            return along;
     }
+    return {0.0, 0.0};
+}
+
+// Where each receiver lies along the line as seen from its shot.
+std::vector<double> sidesByCoordinates(const OvGather& gather, const std::vector<int>& rows)
+{
+    const Vector along = alongTheLine(gather, rows);
     std::vector<double> sides;
     sides.reserve(rows.size());
     for (const int row : rows) {
         const OvTraceHeader& trace = header(gather, row);
-        sides.push_back((trace.receiverX - trace.sourceX) * alongX +
-                        (trace.receiverY - trace.sourceY) * alongY);
+        sides.push_back((trace.receiverX - trace.sourceX) * along.x +
+                        (trace.receiverY - trace.sourceY) * along.y);
     }
     return sides;
 }
@@ -88,13 +112,14 @@ std::vector<double> sidesByOrder(const OvGather& gather, const std::vector<int>&
     return sides;
 }
 
-std::vector<double> signedOffsets(const OvGather& gather, const std::vector<int>& rows)
+std::vector<double> signedOffsets(const OvGather& gather, const std::vector<int>& rows,
+                                  bool areSigned)
 {
     std::vector<double> offsets;
     offsets.reserve(rows.size());
     for (const int row : rows)
         offsets.push_back(static_cast<double>(header(gather, row).offset));
-    if (usesSigns(gather, rows))
+    if (areSigned)
         return offsets;
     std::vector<double> sides = sidesByCoordinates(gather, rows);
     if (!hasBothSigns(sides))
@@ -104,22 +129,52 @@ std::vector<double> signedOffsets(const OvGather& gather, const std::vector<int>
     return offsets;
 }
 
-// Distances to the link before in units of their median, held between 1/4 and 8.
-std::vector<double> relativeSteps(const std::vector<double>& positions)
+std::vector<double> channelsOf(const OvGather& gather, const std::vector<int>& rows)
 {
-    std::vector<double> steps(positions.size(), 1.0);
-    std::vector<double> sorted;
-    for (std::size_t i = 1; i < positions.size(); ++i) {
-        steps[i] = std::abs(positions[i] - positions[i - 1]);
-        sorted.push_back(steps[i]);
-    }
-    if (sorted.empty())
-        return steps;
+    std::vector<double> channels;
+    for (const int row : rows)
+        channels.push_back(static_cast<double>(header(gather, row).channel));
+    return channels;
+}
+
+// Median distance to the link before; 0 without any.
+double usualStep(const std::vector<double>& steps)
+{
+    if (steps.size() < 2)
+        return 0.0;
+    std::vector<double> sorted(steps.begin() + 1, steps.end());
     std::sort(sorted.begin(), sorted.end());
-    const double median = sorted[sorted.size() / 2];
+    return sorted[sorted.size() / 2];
+}
+
+// Distances to the link before in units of the usual one, held between 1/4 and 8.
+std::vector<double> relativeSteps(std::vector<double> steps, double usual)
+{
     for (double& step : steps)
-        step = median > 0.0 ? std::clamp(step / median, 0.25, 8.0) : 1.0;
+        step = usual > 0.0 ? std::clamp(step / usual, 0.25, 8.0) : 1.0;
     steps.front() = 1.0;
+    return steps;
+}
+
+std::vector<double> differences(const std::vector<double>& positions)
+{
+    std::vector<double> steps(positions.size(), 0.0);
+    for (std::size_t i = 1; i < positions.size(); ++i)
+        steps[i] = std::abs(positions[i] - positions[i - 1]);
+    return steps;
+}
+
+// How far the ends of the traces lie from those of the trace before; all 0 without coordinates.
+std::vector<double> distancesBetween(const OvGather& gather, const std::vector<int>& rows)
+{
+    std::vector<double> steps(rows.size(), 0.0);
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        const OvTraceHeader& from = header(gather, rows[i - 1]);
+        const OvTraceHeader& to = header(gather, rows[i]);
+        const Vector receivers = betweenReceivers(from, to);
+        const Vector sources = betweenSources(from, to);
+        steps[i] = std::hypot(receivers.x, receivers.y) + std::hypot(sources.x, sources.y);
+    }
     return steps;
 }
 
@@ -133,50 +188,132 @@ std::vector<int> directions(const std::vector<double>& offsets)
     return away;
 }
 
-void sortBy(const std::vector<double>& keys, OvTraceChain* chain, std::vector<double>* sorted)
+template <typename Value>
+std::vector<Value> reordered(const std::vector<Value>& values,
+                             const std::vector<std::size_t>& order)
+{
+    std::vector<Value> result;
+    result.reserve(values.size());
+    for (const std::size_t i : order)
+        result.push_back(values[i]);
+    return result;
+}
+
+std::vector<std::size_t> ascending(const std::vector<double>& keys)
 {
     std::vector<std::size_t> order(keys.size());
     std::iota(order.begin(), order.end(), std::size_t(0));
     std::stable_sort(order.begin(), order.end(),
                      [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
+    return order;
+}
+
+bool haveOffsets(const OvGather& gather, const std::vector<int>& rows)
+{
+    const auto offsetOf = [&](int row) { return header(gather, row).offset; };
+    const auto [least, most] = std::minmax_element(
+        rows.begin(), rows.end(), [&](int a, int b) { return offsetOf(a) < offsetOf(b); });
+    return std::all_of(rows.begin(), rows.end(),
+                       [&](int row) { return std::isfinite(offsetOf(row)); }) &&
+           offsetOf(*least) < offsetOf(*most);
+}
+
+// Usual distance in the whole record, for where most of its traces are dead; `unknown` where the
+// headers of the dead ones say nothing.
+double layoutStep(const OvGather& gather, bool areSigned, double unknown)
+{
     std::vector<int> rows;
-    for (const std::size_t i : order) {
-        rows.push_back(chain->rows[i]);
-        sorted->push_back(keys[i]);
+    for (int row = 0; row < gather.traceCount(); ++row) {
+        const OvTraceHeader& trace = header(gather, row);
+        if (std::isfinite(trace.offset) && (trace.isDead() || !isAuxiliary(trace)))
+            rows.push_back(row);
     }
-    chain->rows = rows;
+    std::vector<double> offsets = signedOffsets(gather, rows, areSigned);
+    std::sort(offsets.begin(), offsets.end());
+    const double step = usualStep(differences(offsets));
+    return step > 0.0 ? step : unknown;
+}
+
+// Puts the traces of one cable behind those that the chain has.
+void addCable(const OvGather& gather, const std::vector<int>& rows, bool areSigned, bool isOnly,
+              OvTraceChain* chain)
+{
+    std::vector<double> positions =
+        chain->hasOffsets ? signedOffsets(gather, rows, areSigned) : channelsOf(gather, rows);
+    const std::vector<std::size_t> order = ascending(positions);
+    const std::vector<int> sorted = reordered(rows, order);
+    positions = reordered(positions, order);
+    std::vector<double> steps = distancesBetween(gather, sorted);
+    // Beside the shot the offsets of a cable that passes it say little about distances.
+    if (isOnly || *std::max_element(steps.begin(), steps.end()) <= 0.0)
+        steps = differences(positions);
+    double usual = usualStep(steps);
+    if (isOnly && chain->hasOffsets)
+        usual = std::min(usual, layoutStep(gather, areSigned, usual));
+    steps = relativeSteps(std::move(steps), usual);
+    const std::vector<int> away =
+        chain->hasOffsets ? directions(positions) : std::vector<int>(rows.size(), 0);
+    chain->rows.insert(chain->rows.end(), sorted.begin(), sorted.end());
+    chain->steps.insert(chain->steps.end(), steps.begin(), steps.end());
+    chain->away.insert(chain->away.end(), away.begin(), away.end());
+}
+
+std::vector<int> liveRows(const OvGather& gather)
+{
+    std::vector<int> rows;
+    for (int row = 0; row < gather.traceCount(); ++row) {
+        if (isLive(gather, row))
+            rows.push_back(row);
+    }
+    return rows;
 }
 
 } // namespace
 
+OvLinkRange ovNeighbours(const std::vector<int>& cables, int count, int link, int reach)
+{
+    OvLinkRange range{std::max(link - reach, 0), std::min(link + reach + 1, count)};
+    if (cables.empty())
+        return range;
+    const auto isOther = [&](int other) {
+        return cables[static_cast<std::size_t>(other)] != cables[static_cast<std::size_t>(link)];
+    };
+    while (isOther(range.first))
+        ++range.first;
+    while (isOther(range.last - 1))
+        --range.last;
+    return range;
+}
+
+bool OvTraceChain::beginsCable(int link) const
+{
+    return neighbours(link, 1).first == link;
+}
+
+bool OvTraceChain::isAlone(int link) const
+{
+    const OvLinkRange near = neighbours(link, 1);
+    return near.last - near.first == 1;
+}
+
 OvTraceChain OvTraceChain::of(const OvGather& gather)
 {
     OvTraceChain chain;
-    for (int row = 0; row < gather.traceCount(); ++row) {
-        if (isLive(gather, row))
-            chain.rows.push_back(row);
-    }
-    if (chain.rows.empty())
+    const std::vector<int> live = liveRows(gather);
+    if (live.empty())
         return chain;
-    const auto offsetOf = [&](int row) { return header(gather, row).offset; };
-    const auto known = [&](int row) { return std::isfinite(offsetOf(row)); };
-    const auto [least, most] =
-        std::minmax_element(chain.rows.begin(), chain.rows.end(),
-                            [&](int a, int b) { return offsetOf(a) < offsetOf(b); });
-    chain.hasOffsets = std::all_of(chain.rows.begin(), chain.rows.end(), known) &&
-                       offsetOf(*least) < offsetOf(*most);
-    std::vector<double> positions;
-    if (chain.hasOffsets) {
-        sortBy(signedOffsets(gather, chain.rows), &chain, &positions);
-        chain.steps = relativeSteps(positions);
-        chain.away = directions(positions);
-        return chain;
+    chain.hasOffsets = haveOffsets(gather, live);
+    const std::vector<int> cables = OvCableFinder::find(gather, live);
+    const int last = *std::max_element(cables.begin(), cables.end());
+    for (int cable = 0; cable <= last; ++cable) {
+        std::vector<int> rows;
+        for (std::size_t i = 0; i < live.size(); ++i) {
+            if (cables[i] == cable)
+                rows.push_back(live[i]);
+        }
+        addCable(gather, rows, usesSigns(gather, live), last == 0, &chain);
+        if (last > 0)
+            chain.cables.resize(chain.rows.size(), cable);
     }
-    std::vector<double> channels;
-    for (const int row : chain.rows)
-        channels.push_back(static_cast<double>(header(gather, row).channel));
-    sortBy(channels, &chain, &positions);
-    chain.steps = relativeSteps(positions);
-    chain.away.assign(chain.rows.size(), 0);
     return chain;
 }

@@ -8,6 +8,15 @@
 #include <cmath>
 #include <limits>
 
+int OvTraceGrid::lengthOf(const OvGather& gather, int row)
+{
+    const float* samples = gather.trace(row);
+    int length = gather.sampleCount;
+    while (length > 0 && samples[length - 1] == 0.0F)
+        --length;
+    return length;
+}
+
 void OvTraceGrid::take(const float* samples, int count, int every, Span* span, float* out) const
 {
     const int taken = std::min(count / every, m_points - span->first);
@@ -35,6 +44,7 @@ void OvTraceGrid::load(const OvGather& gather, const OvTraceChain& chain, int ev
                        double lengthMs)
 {
     m_rows = chain.size();
+    m_cables = chain.cables;
     m_stepMs = gather.intervalMs * every;
     double startMs = std::numeric_limits<double>::infinity();
     double latestMs = -startMs;
@@ -55,7 +65,7 @@ void OvTraceGrid::load(const OvGather& gather, const OvTraceChain& chain, int ev
         span.first =
             std::min(static_cast<int>(std::lround((ownMs - startMs) / m_stepMs)), m_points);
         span.startMs = ownMs - span.first * m_stepMs;
-        take(gather.trace(source), gather.sampleCount, every, &span, row(i));
+        take(gather.trace(source), lengthOf(gather, source), every, &span, row(i));
     }
 }
 
@@ -64,6 +74,7 @@ void OvTraceGrid::takeFiltered(const OvTraceGrid& from, const std::vector<float>
     m_rows = from.m_rows;
     m_points = from.m_points;
     m_stepMs = from.m_stepMs;
+    m_cables = from.m_cables;
     m_spans = from.m_spans;
     m_values.assign(from.m_values.size(), 0.0F);
     for (int i = 0; i < m_rows; ++i) {

@@ -14,15 +14,21 @@ class OVSEISMIC_EXPORT OvTraceGrid
 public:
     /// Takes over the traces of a chain. `every` samples are averaged into one point; lengthMs is
     /// the time after the first sample that is taken, 0 all of it. Points where a trace has no
-    /// samples are 0. Keeps its memory from gather to gather.
+    /// samples (lengthOf()) are 0. Keeps its memory from gather to gather.
     void load(const OvGather& gather, const OvTraceChain& chain, int every, double lengthMs);
 
     /// The same rows after a filter that looks back only.
     void takeFiltered(const OvTraceGrid& from, const std::vector<float>& taps);
 
+    /// Samples of a trace of a gather up to the last one that is not 0: what ends in zeros, as
+    /// traces do that have fewer samples than the others, ended there.
+    static int lengthOf(const OvGather& gather, int row);
+
     int rows() const { return m_rows; }
     int points() const { return m_points; }
     double stepMs() const { return m_stepMs; }
+    /// Of the rows, as in OvTraceChain.
+    const std::vector<int>& cables() const { return m_cables; }
     float* row(int index) { return m_values.data() + offset(index); }
     const float* row(int index) const { return m_values.data() + offset(index); }
     /// First point of a row with samples, and one behind the last.
@@ -57,6 +63,7 @@ private:
     int m_rows = 0;
     int m_points = 0;
     double m_stepMs = 0.0;
+    std::vector<int> m_cables;
     std::vector<Span> m_spans;
     std::vector<float> m_values;
 };

@@ -1,5 +1,7 @@
 #include "OvSeismic/picking/OvWaveforms.h"
 
+#include "OvSeismic/picking/OvTraceChain.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -81,7 +83,6 @@ void OvWaveforms::gains(int index, const OvPathStep& step, float weight,
 bool OvWaveforms::isReversed(int index, const std::vector<int>& path, int slack) const
 {
     constexpr float clearly = 0.6F;
-    const auto here = static_cast<std::size_t>(index);
     // Row `later` and the one before it, whichever of the two is the row in question.
     const auto opposed = [&](int later) {
         const int point = path[static_cast<std::size_t>(later)];
@@ -95,14 +96,17 @@ bool OvWaveforms::isReversed(int index, const std::vector<int>& path, int slack)
         }
         return -least > most + clearly;
     };
-    return here > 0 && here + 1 < path.size() && opposed(index) && opposed(index + 1);
+    return opposed(index) && opposed(index + 1);
 }
 
-void OvWaveforms::turnReversed(const std::vector<int>& path, int slack)
+void OvWaveforms::turnReversed(const std::vector<int>& path, int slack,
+                               const std::vector<int>& cables)
 {
     std::vector<int> reversed;
-    for (int index = 0; index < static_cast<int>(path.size()); ++index) {
-        if (isReversed(index, path, slack))
+    const int count = static_cast<int>(path.size());
+    for (int index = 0; index < count; ++index) {
+        const OvLinkRange near = ovNeighbours(cables, count, index, 1);
+        if (near.last - near.first == 3 && isReversed(index, path, slack))
             reversed.push_back(index);
     }
     for (const int index : reversed)

@@ -25,8 +25,8 @@ public:
     void gains(int index, const OvPathStep& step, float weight, std::vector<float>* gains) const;
     /// Turns over the rows that, near a path, are like neither neighbour unless turned over:
     /// channels of reversed polarity. slack is how far from the path, in points, neighbours may
-    /// match.
-    void turnReversed(const std::vector<int>& path, int slack);
+    /// match; neighbours are those on the same cable (as in OvTraceChain).
+    void turnReversed(const std::vector<int>& path, int slack, const std::vector<int>& cables);
 
 private:
     std::size_t offset(int index) const

@@ -251,12 +251,12 @@ void tst_OvArrivalAlignment::straysOfACourse()
     for (int i = 0; i < 30; ++i)
         times.push_back(10.0 + 3.0 * i);
     times[14] += 7.0;
-    const std::vector<double> strays = OvPickCourse::strays(times, 5);
+    const std::vector<double> strays = OvPickCourse::strays(times, 5, {});
     for (std::size_t i = 0; i < strays.size(); ++i)
         QVERIFY(std::abs(strays[i] - (i == 14 ? 7.0 : 0.0)) < 1.5);
-    QVERIFY(OvPickCourse::strays({}, 5).empty());
-    QCOMPARE(OvPickCourse::strays({4.0}, 5), std::vector<double>{0.0});
-    QCOMPARE(OvPickCourse::runningMedians({1.0, 9.0, 2.0, 3.0}, 1),
+    QVERIFY(OvPickCourse::strays({}, 5, {}).empty());
+    QCOMPARE(OvPickCourse::strays({4.0}, 5, {}), std::vector<double>{0.0});
+    QCOMPARE(OvPickCourse::runningMedians({1.0, 9.0, 2.0, 3.0}, 1, {}),
              (std::vector<double>{9.0, 2.0, 3.0, 3.0}));
 }
 

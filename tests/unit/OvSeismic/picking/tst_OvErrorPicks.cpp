@@ -48,6 +48,30 @@ private slots:
         QCOMPARE(OvErrorPicks::find(line.gather, breaks), wrong);
     }
 
+    // Two cables whose statics differ by more than two periods.
+    void eachCableHasACourseOfItsOwn()
+    {
+        SyntheticGather line(40);
+        for (int row = 0; row < 40; ++row) {
+            const auto i = static_cast<std::size_t>(row);
+            OvTraceHeader& header = line.gather.headers[i];
+            header.receiverX = 10.0 * (row % 20 + 1);
+            header.receiverY = row < 20 ? 5.0 : 105.0;
+            header.offset = static_cast<float>(std::hypot(header.receiverX, header.receiverY));
+            line.silence(row);
+            line.onsetsMs[i] = 30.0 + 0.5 * static_cast<double>(header.offset) + 100.0 * (row / 20);
+            line.add(row, line.onsetsMs[i], 1.0, 25.0);
+        }
+        OvFirstBreaks breaks = goodPicks(line);
+        QCOMPARE(OvErrorPicks::find(line.gather, breaks), std::vector<int>());
+        breaks.timesMs[8] += 100.0F; // as on the other cable
+        breaks.timesMs[33] -= 45.0F;
+        QCOMPARE(OvErrorPicks::find(line.gather, breaks), (std::vector<int>{8, 33}));
+        for (const int row : {20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36})
+            breaks.states[static_cast<std::size_t>(row)] = OvPickState::Rejected;
+        QCOMPARE(OvErrorPicks::find(line.gather, breaks), std::vector<int>{8});
+    }
+
     void theShotInTheMiddleAndABendAreNoErrors()
     {
         SyntheticGather line(48);

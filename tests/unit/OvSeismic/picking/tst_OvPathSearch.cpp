@@ -17,6 +17,7 @@ private slots:
     void gainsDecide();
     void avoidsMovesTowardsTheShot();
     void worksOnOneRow();
+    void movesAnywhereForNothing();
     void isEmptyForAnEmptyLattice();
     void stopsWhenCancelled();
 };
@@ -183,6 +184,33 @@ void tst_OvPathSearch::worksOnOneRow()
     OvScoreLattice lattice = flat(1, 6);
     lattice.row(0)[4] = 2.0F;
     QVERIFY((ovBestPath(lattice, steps(1, {}), {}, nullptr) == std::vector<int>{4}));
+}
+
+void tst_OvPathSearch::movesAnywhereForNothing()
+{
+    Problem problem = randomProblem(4, 6, 9);
+    problem.steps[3].anywhere = true;
+    const auto gains = [&problem](int row, const OvPathStep&, std::vector<float>* out) {
+        *out = problem.gains[static_cast<std::size_t>(row)];
+    };
+    // The same as two searches, one for the rows ahead of the move and one for the others.
+    const auto part = [&](int first, int last) {
+        OvScoreLattice lattice{last - first, problem.lattice.points, {}};
+        lattice.scores.assign(problem.lattice.row(first),
+                              problem.lattice.row(first) + lattice.rows * lattice.points);
+        const std::vector<OvPathStep> steps(problem.steps.begin() + first,
+                                            problem.steps.begin() + last);
+        return ovBestPath(
+            lattice, steps,
+            [&](int row, const OvPathStep& step, std::vector<float>* out) {
+                gains(first + row, step, out);
+            },
+            nullptr);
+    };
+    std::vector<int> expected = part(0, 3);
+    const std::vector<int> behind = part(3, 6);
+    expected.insert(expected.end(), behind.begin(), behind.end());
+    QCOMPARE(ovBestPath(problem.lattice, problem.steps, gains, nullptr), expected);
 }
 
 void tst_OvPathSearch::isEmptyForAnEmptyLattice()

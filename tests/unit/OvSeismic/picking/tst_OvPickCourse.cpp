@@ -14,6 +14,7 @@ private slots:
     void slopesOfShortCourses();
     void strayOfASinglePick();
     void runningMedians();
+    void neighboursAreOfTheSameCable();
 };
 
 void tst_OvPickCourse::slopeOfALine()
@@ -21,7 +22,7 @@ void tst_OvPickCourse::slopeOfALine()
     std::vector<double> times;
     for (int i = 0; i < 12; ++i)
         times.push_back(3.0 * i + 7.0);
-    const std::vector<double> slopes = OvPickCourse::slopes(times);
+    const std::vector<double> slopes = OvPickCourse::slopes(times, {});
     QCOMPARE(slopes.front(), 0.0);
     for (std::size_t i = 1; i < slopes.size(); ++i)
         QVERIFY(std::abs(slopes[i] - 3.0) < 1e-9);
@@ -31,15 +32,15 @@ void tst_OvPickCourse::slopeIgnoresASingleJump()
 {
     std::vector<double> times(21, 50.0);
     times[10] = 80.0;
-    for (const double slope : OvPickCourse::slopes(times))
+    for (const double slope : OvPickCourse::slopes(times, {}))
         QVERIFY2(std::abs(slope) <= 6.0, qPrintable(QString::number(slope)));
 }
 
 void tst_OvPickCourse::slopesOfShortCourses()
 {
-    QVERIFY(OvPickCourse::slopes({}).empty());
-    QVERIFY((OvPickCourse::slopes({4.0}) == std::vector<double>{0.0}));
-    QVERIFY((OvPickCourse::slopes({4.0, 6.0}) == std::vector<double>{0.0, 2.0}));
+    QVERIFY(OvPickCourse::slopes({}, {}).empty());
+    QVERIFY((OvPickCourse::slopes({4.0}, {}) == std::vector<double>{0.0}));
+    QVERIFY((OvPickCourse::slopes({4.0, 6.0}, {}) == std::vector<double>{0.0, 2.0}));
 }
 
 void tst_OvPickCourse::strayOfASinglePick()
@@ -48,7 +49,7 @@ void tst_OvPickCourse::strayOfASinglePick()
     for (int i = 0; i < 21; ++i)
         times.push_back(2.0 * i);
     times[10] += 30.0;
-    const std::vector<double> strays = OvPickCourse::strays(times, 4);
+    const std::vector<double> strays = OvPickCourse::strays(times, 4, {});
     QVERIFY2(std::abs(strays[10] - 30.0) < 10.0, qPrintable(QString::number(strays[10])));
     QVERIFY2(std::abs(strays[3]) < 1.0, qPrintable(QString::number(strays[3])));
     QVERIFY(std::abs(strays[10]) > 5.0 * std::abs(strays[17]));
@@ -56,9 +57,32 @@ void tst_OvPickCourse::strayOfASinglePick()
 
 void tst_OvPickCourse::runningMedians()
 {
-    const std::vector<double> medians = OvPickCourse::runningMedians({1.0, 9.0, 2.0, 3.0, 4.0}, 1);
+    const std::vector<double> medians =
+        OvPickCourse::runningMedians({1.0, 9.0, 2.0, 3.0, 4.0}, 1, {});
     // Of two in the middle, at the ends, the upper one.
     QVERIFY((medians == std::vector<double>{9.0, 2.0, 3.0, 3.0, 4.0}));
+}
+
+// Two cables with courses of their own, 1000 apart.
+void tst_OvPickCourse::neighboursAreOfTheSameCable()
+{
+    std::vector<double> times;
+    std::vector<int> cables;
+    for (int i = 0; i < 16; ++i) {
+        cables.push_back(i / 8);
+        times.push_back(i < 8 ? 3.0 * i : 1000.0 - 5.0 * i);
+    }
+    const std::vector<double> slopes = OvPickCourse::slopes(times, cables);
+    const std::vector<double> strays = OvPickCourse::strays(times, 5, cables);
+    for (int i = 0; i < 16; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        QCOMPARE(slopes[at], i % 8 == 0 ? 0.0 : i < 8 ? 3.0 : -5.0);
+        // The first of a cable has no slope, its neighbours point past it by one step at most.
+        QVERIFY2(std::abs(strays[at]) <= 5.0, qPrintable(QString::number(strays[at])));
+    }
+    const std::vector<double> medians = OvPickCourse::runningMedians(times, 3, cables);
+    QVERIFY(*std::max_element(medians.begin(), medians.begin() + 8) <= 21.0);
+    QVERIFY(*std::min_element(medians.begin() + 8, medians.end()) >= 925.0);
 }
 
 QTEST_GUILESS_MAIN(tst_OvPickCourse)

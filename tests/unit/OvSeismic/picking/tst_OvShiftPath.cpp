@@ -15,6 +15,7 @@ private slots:
     void sameAsTryingAllPaths_data();
     void sameAsTryingAllPaths();
     void followsASlope();
+    void movesAnywhereForNothing();
     void emptyLattices();
     void keepsNothingFromTheLastSearch();
 };
@@ -107,6 +108,19 @@ void tst_OvShiftPath::followsASlope()
     const std::vector<int>& path = search.find(lattice, steps);
     for (int row = 0; row < 30; ++row)
         QCOMPARE(path[static_cast<std::size_t>(row)], 10 + 2 * row);
+}
+
+void tst_OvShiftPath::movesAnywhereForNothing()
+{
+    std::mt19937 engine(11);
+    const OvScoreLattice lattice = randomLattice(2, 40, &engine);
+    const auto best = [&lattice](int row) {
+        return static_cast<int>(std::max_element(lattice.row(row), lattice.row(row) + 40) -
+                                lattice.row(row));
+    };
+    OvShiftPath search;
+    QCOMPARE(search.find(lattice, {{}, OvShiftPath::anywhere}),
+             (std::vector<int>{best(0), best(1)}));
 }
 
 void tst_OvShiftPath::emptyLattices()

@@ -1,11 +1,12 @@
 #include "OvSeismic/picking/OvTraceChain.h"
 
-#include "OvSeismic/segy/OvGather.h"
+#include "CableGather.h"
 
 #include <QtTest>
 
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 class tst_OvTraceChain : public QObject
 {
@@ -20,8 +21,13 @@ private slots:
     void runsByChannelWithoutOffsets();
     void runsByChannelWhenAllOffsetsAreOne();
     void measuresGaps();
+    void measuresGapsThatDeadTracesLeave();
     void knowsTheWayFromTheShot();
     void hasNoLinksWithoutTraces();
+    void runsThroughOneCableAfterTheOther();
+    void measuresGapsAlongACableThatPassesTheShot();
+    void looksForNeighboursOnTheCable();
+    void takesSidesFromTheSourcesOfOneReceiver();
 };
 
 namespace {
@@ -117,6 +123,14 @@ void tst_OvTraceChain::measuresGaps()
     QVERIFY((chain.steps == std::vector<double>{1.0, 1.0, 1.0, 3.0, 1.0, 8.0}));
 }
 
+void tst_OvTraceChain::measuresGapsThatDeadTracesLeave()
+{
+    OvGather gather = gatherOf({10, 20, 30, 40, 50, 60, 70});
+    for (const int row : {0, 2, 3, 4, 5})
+        std::fill_n(gather.trace(row), 4, 0.0F);
+    QVERIFY((OvTraceChain::of(gather).steps == std::vector<double>{1.0, 5.0}));
+}
+
 void tst_OvTraceChain::knowsTheWayFromTheShot()
 {
     const OvTraceChain chain = OvTraceChain::of(gatherOf({-30, -10, 10, 20}));
@@ -127,6 +141,85 @@ void tst_OvTraceChain::hasNoLinksWithoutTraces()
 {
     QCOMPARE(OvTraceChain::of(OvGather()).size(), 0);
     QCOMPARE(OvTraceChain::of(gatherOf({5})).size(), 1);
+}
+
+namespace {
+
+// Three receiver lines of ten stations 20 m apart, recorded from the far end of the second; the
+// shot lies 30 m beside that one, between two of its stations.
+CableGather threeLines()
+{
+    CableGather made;
+    for (int i = 0; i < 30; ++i) {
+        const int station = i / 10 == 1 ? 9 - i % 10 : i % 10;
+        made.addTrace(20.0 * station, 100.0 * (i / 10));
+    }
+    made.placeShot(70.0, 130.0);
+    return made;
+}
+
+} // namespace
+
+void tst_OvTraceChain::runsThroughOneCableAfterTheOther()
+{
+    const OvTraceChain chain = OvTraceChain::of(threeLines().gather);
+    std::vector<int> rows(30);
+    std::iota(rows.begin(), rows.end(), 0);
+    QCOMPARE(chain.rows, rows);
+    for (int i = 0; i < 30; ++i) {
+        QCOMPARE(chain.cables[static_cast<std::size_t>(i)], i / 10);
+        QCOMPARE(chain.beginsCable(i), i % 10 == 0);
+    }
+    const std::vector<int> up = {0, -1, -1, -1, 0, 1, 1, 1, 1, 1};
+    const std::vector<int> down = {0, -1, -1, -1, -1, -1, 0, 1, 1, 1};
+    std::vector<int> away = up;
+    away.insert(away.end(), down.begin(), down.end());
+    away.insert(away.end(), up.begin(), up.end());
+    QCOMPARE(chain.away, away);
+}
+
+void tst_OvTraceChain::measuresGapsAlongACableThatPassesTheShot()
+{
+    CableGather made = threeLines();
+    // Beside the shot the signed offsets jump from -33 m to 33 m between stations 20 m apart.
+    const OvTraceChain whole = OvTraceChain::of(made.gather);
+    QCOMPARE(whole.steps, std::vector<double>(30, 1.0));
+    std::fill_n(made.gather.trace(4), 4, 0.0F);
+    std::fill_n(made.gather.trace(5), 4, 0.0F);
+    const OvTraceChain chain = OvTraceChain::of(made.gather);
+    QCOMPARE(chain.size(), 28);
+    for (int i = 0; i < 28; ++i)
+        QCOMPARE(chain.steps[static_cast<std::size_t>(i)], i == 4 ? 3.0 : 1.0);
+}
+
+void tst_OvTraceChain::looksForNeighboursOnTheCable()
+{
+    OvTraceChain chain;
+    chain.rows = {0, 1, 2, 3, 4, 5, 6};
+    const auto near = [&chain](int link, int reach) {
+        const OvLinkRange range = chain.neighbours(link, reach);
+        return std::pair<int, int>(range.first, range.last);
+    };
+    QCOMPARE(near(3, 2), (std::pair<int, int>(1, 6)));
+    QVERIFY(chain.beginsCable(0) && !chain.beginsCable(4));
+    chain.cables = {0, 0, 0, 0, 1, 1, 2};
+    QCOMPARE(near(3, 2), (std::pair<int, int>(1, 4)));
+    QCOMPARE(near(4, 9), (std::pair<int, int>(4, 6)));
+    QCOMPARE(near(6, 9), (std::pair<int, int>(6, 7)));
+    QCOMPARE(near(0, 1), (std::pair<int, int>(0, 2)));
+    QVERIFY(chain.beginsCable(0) && chain.beginsCable(4) && chain.beginsCable(6));
+}
+
+void tst_OvTraceChain::takesSidesFromTheSourcesOfOneReceiver()
+{
+    // Offsets without signs: the receiver lies between the second source and the third.
+    OvGather gather = gatherOf({15, 5, 5, 15});
+    for (std::size_t i = 0; i < 4; ++i) {
+        gather.headers[i].receiverX = 815.0;
+        gather.headers[i].sourceX = 800.0 + 10.0 * static_cast<double>(i);
+    }
+    // Sources up the line have their receiver on the other side.
+    QVERIFY((rowsOf(gather) == std::vector<int>{3, 2, 1, 0}));
 }
 
 QTEST_GUILESS_MAIN(tst_OvTraceChain)

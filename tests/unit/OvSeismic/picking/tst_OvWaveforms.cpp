@@ -13,6 +13,7 @@ private slots:
     void gainsAreCorrelations();
     void silenceIsLikeNothing();
     void turnsASingleReversedRow();
+    void comparesOnOneCable();
     void leavesNoiseAlone();
 };
 
@@ -86,17 +87,25 @@ void tst_OvWaveforms::silenceIsLikeNothing()
 void tst_OvWaveforms::turnsASingleReversedRow()
 {
     OvWaveforms waves = wavesOf({20, 21, 22, 23, 24}, {1.0F, 1.0F, -1.0F, 1.0F, 1.0F});
-    waves.turnReversed({20, 21, 22, 23, 24}, 1);
+    waves.turnReversed({20, 21, 22, 23, 24}, 1, {});
     for (int row = 1; row < 5; ++row)
         QVERIFY(waves.correlation(row, 20 + row, 19 + row) > 0.99F);
     QVERIFY(waves.row(0)[20] > 0.0F);
+}
+
+void tst_OvWaveforms::comparesOnOneCable()
+{
+    OvWaveforms waves = wavesOf({20, 21, 22, 23, 24}, {1.0F, 1.0F, -1.0F, 1.0F, 1.0F});
+    const float before = waves.row(2)[22];
+    waves.turnReversed({20, 21, 22, 23, 24}, 1, {0, 0, 1, 1, 1});
+    QCOMPARE(waves.row(2)[22], before);
 }
 
 void tst_OvWaveforms::leavesNoiseAlone()
 {
     OvWaveforms waves = wavesOf({20, 21, 40, 23, 24}, {1.0F, 1.0F, 1.0F, 1.0F, 1.0F});
     const float before = waves.row(2)[40];
-    waves.turnReversed({20, 21, 22, 23, 24}, 1);
+    waves.turnReversed({20, 21, 22, 23, 24}, 1, {});
     QCOMPARE(waves.row(2)[40], before);
 }
 

@@ -1,0 +1,98 @@
+#include "OvSeismic/picking/OvTraceGrid.h"
+
+#include "OvSeismic/picking/OvTraceChain.h"
+
+#include "SyntheticGather.h"
+
+#include <QtTest>
+
+class tst_OvTraceGrid : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void oneClockForDelaysThatDiffer();
+    void averagesAboutTheMean();
+    void samplesThatAreMissingAreNoPartOfARow();
+    void rowsKeepTheirCables();
+};
+
+namespace {
+
+OvTraceChain chainOf(int rows)
+{
+    OvTraceChain chain;
+    for (int row = 0; row < rows; ++row)
+        chain.rows.push_back(row);
+    chain.steps.assign(chain.rows.size(), 1.0);
+    return chain;
+}
+
+} // namespace
+
+void tst_OvTraceGrid::oneClockForDelaysThatDiffer()
+{
+    SyntheticGather made(2, 50);
+    made.gather.headers[0].delayMs = -20.0F;
+    made.gather.headers[1].delayMs = -11.0F;
+    OvTraceGrid grid;
+    grid.load(made.gather, chainOf(2), 1, 0.0);
+    QCOMPARE(grid.points(), 54);
+    QCOMPARE(grid.first(0), 0);
+    QCOMPARE(grid.first(1), 5); // 9 ms are four and a half samples
+    QCOMPARE(grid.timeMs(1, grid.first(1)), -11.0);
+    QCOMPARE(grid.pointAt(0, 0.0), 10.0);
+    QCOMPARE(grid.pointAt(1, -11.0 + 2.0 * 7), 12.0);
+}
+
+void tst_OvTraceGrid::averagesAboutTheMean()
+{
+    SyntheticGather made(1, 8);
+    const float samples[] = {1, 3, 5, 7, 1, 3, 5, 7};
+    std::copy(samples, samples + 8, made.gather.trace(0));
+    OvTraceGrid grid;
+    grid.load(made.gather, chainOf(1), 2, 0.0);
+    QCOMPARE(grid.points(), 4);
+    QCOMPARE(grid.row(0)[0], -2.0F);
+    QCOMPARE(grid.row(0)[3], 2.0F);
+    QCOMPARE(grid.largest(0), 2.0F);
+    // Between the two samples that it averages.
+    QCOMPARE(grid.timeMs(0, 0.0), 1.0);
+}
+
+void tst_OvTraceGrid::samplesThatAreMissingAreNoPartOfARow()
+{
+    SyntheticGather made(2, 40);
+    std::fill_n(made.gather.trace(0), 40, 6.0F);
+    std::fill_n(made.gather.trace(1), 40, 6.0F);
+    made.gather.trace(1)[3] = 0.0F; // a sample like any other
+    std::fill(made.gather.trace(1) + 25, made.gather.trace(1) + 40, 0.0F);
+    QCOMPARE(OvTraceGrid::lengthOf(made.gather, 0), 40);
+    QCOMPARE(OvTraceGrid::lengthOf(made.gather, 1), 25);
+    OvTraceGrid grid;
+    grid.load(made.gather, chainOf(2), 1, 0.0);
+    QCOMPARE(grid.last(0), 40);
+    QCOMPARE(grid.last(1), 25);
+    QVERIFY(std::abs(grid.row(1)[24] - 0.24F) < 1e-6F);
+    QCOMPARE(grid.row(1)[25], 0.0F);
+    made.silence(1);
+    QCOMPARE(OvTraceGrid::lengthOf(made.gather, 1), 0);
+}
+
+void tst_OvTraceGrid::rowsKeepTheirCables()
+{
+    const SyntheticGather made(4, 50);
+    OvTraceChain chain = chainOf(4);
+    chain.cables = {0, 0, 1, 1};
+    OvTraceGrid grid;
+    grid.load(made.gather, chain, 1, 0.0);
+    QCOMPARE(grid.cables(), chain.cables);
+    OvTraceGrid filtered;
+    filtered.takeFiltered(grid, {1.0F, -0.5F});
+    QCOMPARE(filtered.cables(), chain.cables);
+    grid.load(made.gather, chainOf(4), 1, 0.0);
+    QVERIFY(grid.cables().empty());
+}
+
+QTEST_GUILESS_MAIN(tst_OvTraceGrid)
+#include "tst_OvTraceGrid.moc"
