@@ -1,11 +1,8 @@
+#include "BenchProgram.h"
 #include "Figure.h"
 
-#include "OvBase/OvBaseUtil.h"
 #include "OvTarnpick/utility/OvConsole.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <atomic>
@@ -23,11 +20,6 @@ constexpr int threads = 8;
 constexpr int loadLines = 200000;
 constexpr double silenceGoalMs = 250.0;
 
-double ms(const QElapsedTimer& clock)
-{
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
-}
-
 QString lineOf(int number)
 {
     return QStringLiteral("Gather %1 of the line has been picked").arg(number);
@@ -39,26 +31,16 @@ void present(QWidget* widget)
     QCoreApplication::processEvents();
 }
 
-double timeConsole(CustomTextEdit* area)
+/// Milliseconds that write(line) takes for all lines, until they are shown.
+template <typename Write>
+double linesTime(QTextEdit* area, const Write& write)
 {
     area->clear();
-    QElapsedTimer clock;
-    clock.start();
-    for (int i = 0; i < lines; ++i)
-        qInfo("%s", lineOf(i).toLatin1().constData());
-    QCoreApplication::processEvents();
-    return ms(clock);
-}
-
-double timeBare(QTextEdit* area)
-{
-    area->clear();
-    QElapsedTimer clock;
-    clock.start();
-    for (int i = 0; i < lines; ++i)
-        area->append(lineOf(i));
-    QCoreApplication::processEvents();
-    return ms(clock);
+    return Figure::timed([&] {
+        for (int i = 0; i < lines; ++i)
+            write(lineOf(i));
+        QCoreApplication::processEvents();
+    });
 }
 
 void benchLines(CustomTextEdit* area)
@@ -68,17 +50,13 @@ void benchLines(CustomTextEdit* area)
     bare.setReadOnly(true);
     bare.resize(area->size());
     present(&bare);
-    std::vector<double> ours;
-    std::vector<double> theirs;
-    for (int round = -1; round < rounds; ++round) {
-        const double console = timeConsole(area);
-        const double plain = timeBare(&bare);
-        if (round < 0)
-            continue;
-        ours.push_back(console);
-        theirs.push_back(plain);
-    }
-    Figure::report("console_lines", Figure::median(ours), Figure::median(theirs), goal);
+    const auto console = [&] {
+        return linesTime(area, [](const QString& line) { qInfo("%s", qUtf8Printable(line)); });
+    };
+    const auto plain = [&] {
+        return linesTime(&bare, [&bare](const QString& line) { bare.append(line); });
+    };
+    Figure::race("console_lines", rounds, goal, console, plain);
 }
 
 /// The longest time between two turns of the event loop while eight threads log.
@@ -89,7 +67,7 @@ double longestSilence(const CustomTextEdit* area)
     std::atomic<int> running{threads};
     QTimer pulse;
     QObject::connect(&pulse, &QTimer::timeout, [&] {
-        longest = std::max(longest, ms(clock));
+        longest = std::max(longest, Figure::milliseconds(clock));
         clock.start();
     });
     pulse.start(0);
@@ -113,14 +91,9 @@ double longestSilence(const CustomTextEdit* area)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const QTemporaryDir folder;
-    OvBaseUtil::setLocalPath(folder.path());
-    if (!OvBaseUtil::initialize().ok()) {
-        QTextStream(stderr) << "bench_console: no folder for the data\n";
-        return 1;
-    }
+    const BenchProgram program(argc, argv);
+    if (!OvBaseUtil::initialize())
+        return BenchProgram::fail("no folder for the data");
     OvConsole& console = OvConsole::instance();
     auto* area = dynamic_cast<CustomTextEdit*>(console.widget());
     present(&console);
@@ -128,6 +101,5 @@ int main(int argc, char** argv)
     area->clear();
     Figure::report("console_silence", longestSilence(area), silenceGoalMs, 1.0);
     delete &console;
-    OvBaseUtil::finish();
     return 0;
 }

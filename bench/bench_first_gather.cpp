@@ -1,16 +1,11 @@
+#include "BenchProgram.h"
 #include "BenchSegy.h"
 #include "Figure.h"
 
-#include "OvBase/OvBaseUtil.h"
 #include "OvGui/OvGatherViewController.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
 #include <QEventLoop>
-#include <QTemporaryDir>
 #include <QTimer>
-
-#include <memory>
 
 // From the choice of a file to its first gather on the screen: a million traces against a thousand,
 // the same gather in both. No index is cached: each measurement has a folder of its own.
@@ -47,7 +42,7 @@ double firstGather(const QString& path)
     QEventLoop loop;
     double elapsed = std::nan("");
     QObject::connect(&view, &OvGatherViewController::gatherShown, &loop, [&] {
-        elapsed = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+        elapsed = Figure::milliseconds(clock);
         loop.quit();
     });
     QTimer::singleShot(60000, &loop, &QEventLoop::quit);
@@ -61,23 +56,13 @@ double firstGather(const QString& path)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const QTemporaryDir folder;
-    const QString small = folder.filePath("small.sgy");
-    const QString large = folder.filePath("large.sgy");
-    if (!write(small, smallFile) || !write(large, largeFile) || !OvBaseUtil::initialize()) {
-        QTextStream(stderr) << "bench_first_gather: cannot write the files\n";
-        return 1;
-    }
-    firstGather(small); // fonts and libraries are loaded now
-    std::vector<double> ours;
-    std::vector<double> theirs;
-    for (int round = 0; round < rounds; ++round) {
-        theirs.push_back(firstGather(small));
-        ours.push_back(firstGather(large));
-    }
-    Figure::report("first_gather", Figure::median(ours), Figure::median(theirs), goal);
-    OvBaseUtil::finish();
+    const BenchProgram program(argc, argv);
+    const QString small = program.path("small.sgy");
+    const QString large = program.path("large.sgy");
+    if (!write(small, smallFile) || !write(large, largeFile) || !OvBaseUtil::initialize())
+        return BenchProgram::fail("cannot write the files");
+    Figure::race(
+        "first_gather", rounds, goal, [&] { return firstGather(large); },
+        [&] { return firstGather(small); });
     return 0;
 }

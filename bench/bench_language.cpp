@@ -1,20 +1,17 @@
+#include "BenchProgram.h"
+#include "BenchSegy.h"
 #include "Figure.h"
 
-#include "OvBase/OvBaseUtil.h"
 #include "OvBase/OvProjectDefineNode.h"
 #include "OvBase/OvProjectManager.h"
 #include "OvBase/OvTranslator.h"
 #include "OvBase/OvUserDefineNode.h"
 #include "OvGui/OvGatherViewController.h"
 #include "OvTarnpick/OvTarnpick.h"
-#include "fixtures/SegyWriter.h"
 
-#include <QApplication>
 #include <QDockWidget>
-#include <QElapsedTimer>
 #include <QEvent>
 #include <QEventLoop>
-#include <QTemporaryDir>
 #include <QTimer>
 
 // A change of the language with twenty open workspaces and all docks shown, against the same
@@ -46,12 +43,11 @@ public:
 
 double changeTime(OvTranslator::LanguageType language)
 {
-    QElapsedTimer clock;
-    clock.start();
-    OvTranslator::instance().setSessionLanguage(language);
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    return Figure::timed([language] {
+        OvTranslator::instance().setSessionLanguage(language);
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    });
 }
 
 /// Both ways, so that either kind of round leaves English behind.
@@ -80,16 +76,17 @@ bool openViews(const QString& path)
 
 bool prepare(const QString& folder)
 {
-    SegyWriter writer;
-    writer.sampleCount = 500;
-    for (int shot = 0; shot < 3; ++shot)
-        writer.addShot(100 + shot, shot * 20.0, 24, 10.0);
+    BenchSegy line;
+    line.tracesPerGather = 24;
+    line.traces = 3 * line.tracesPerGather;
+    line.samples = 500;
+    line.format = 5;
     OvProjectDefine define;
     define.name = QStringLiteral("Line");
     define.dataPath = folder;
     define.userId = OvUserDefineNode::instance().userID();
     define.id = OvProjectDefineNode().insertProject(define);
-    return writer.write(folder + QStringLiteral("/line.sgy")) &&
+    return line.write(folder + QStringLiteral("/line.sgy")) &&
            OvProjectManager::instance().openProject(define) &&
            openViews(folder + QStringLiteral("/line.sgy"));
 }
@@ -97,46 +94,33 @@ bool prepare(const QString& folder)
 void benchChange()
 {
     BareChange bare;
-    std::vector<double> ours;
-    std::vector<double> theirs;
-    for (int round = -1; round < rounds; ++round) {
-        const double whole = thereAndBack();
+    const auto without = [&bare] {
         qApp->installEventFilter(&bare);
-        const double without = thereAndBack();
+        const double time = thereAndBack();
         qApp->removeEventFilter(&bare);
-        if (round < 0)
-            continue;
-        ours.push_back(whole);
-        theirs.push_back(without);
-    }
-    Figure::report("language", Figure::median(ours), Figure::median(theirs), goal);
+        return time;
+    };
+    Figure::race("language", rounds, goal, thereAndBack, without);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const QTemporaryDir folder;
-    OvBaseUtil::setLocalPath(folder.path());
+    const BenchProgram program(argc, argv);
     qputenv("TARNPICK_PLUGIN_PATH",
             QFile::encodeName(QCoreApplication::applicationDirPath() + "/../bin/plugins"));
-    if (!OvBaseUtil::initialize().ok() ||
-        !OvUserDefineNode::instance().login(folder.filePath(QStringLiteral("Tarnpick.db")))) {
-        QTextStream(stderr) << "bench_language: no login\n";
-        return 1;
-    }
+    if (!OvBaseUtil::initialize() ||
+        !OvUserDefineNode::instance().login(program.path(QStringLiteral("Tarnpick.db"))))
+        return BenchProgram::fail("no login");
     OvTarnpick window;
     window.resize(1280, 800);
     window.show();
     const auto docks = window.findChildren<QDockWidget*>();
     for (QDockWidget* dock : docks)
         dock->show();
-    if (!prepare(folder.path())) {
-        QTextStream(stderr) << "bench_language: the views cannot be opened\n";
-        return 1;
-    }
+    if (!prepare(program.folder()))
+        return BenchProgram::fail("the views cannot be opened");
     benchChange();
     window.close();
     return 0;

@@ -1,22 +1,18 @@
+#include "BenchProgram.h"
 #include "Figure.h"
 
-#include "OvBase/OvBaseUtil.h"
 #include "OvBase/OvProjectDefineNode.h"
 #include "OvBase/OvProjectManager.h"
 #include "OvBase/OvUserDefineNode.h"
 #include "OvTarnpick/OvTarnpick.h"
 #include "OvTarnpick/controller/OvProjectManageDlg.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
 #include <QListView>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QStringListModel>
-#include <QTemporaryDir>
 
 #include <functional>
-#include <memory>
 
 // Ten thousand projects: showing them against a bare list of the same strings, painting a screen of
 // them against painting ten, and going from one project to another against one bare read of all.
@@ -27,14 +23,6 @@ constexpr int many = 10000;
 constexpr int few = 10;
 constexpr int rounds = 15;
 constexpr int paints = 40;
-
-double timed(const std::function<void()>& work)
-{
-    QElapsedTimer clock;
-    clock.start();
-    work();
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
-}
 
 QString nameOf(int number)
 {
@@ -104,39 +92,39 @@ void present(QWidget* widget)
     QCoreApplication::processEvents();
 }
 
+double dialogTime()
+{
+    touchTable();
+    return Figure::timed([] {
+        OvProjectManageDlg manage(OvProjectManageDlg::ManageProjects);
+        present(&manage);
+    });
+}
+
+double bareListTime(const QStringList& names)
+{
+    return Figure::timed([&names] {
+        QStringListModel model(names);
+        QListView list;
+        list.setModel(&model);
+        list.resize(260, 300);
+        present(&list);
+    });
+}
+
 void benchDialog()
 {
-    std::vector<double> ours;
-    std::vector<double> theirs;
     QStringList names;
     for (int i = 0; i < many; ++i)
         names.append(nameOf(i));
-    for (int round = -1; round < rounds; ++round) {
-        touchTable();
-        const double dialog = timed([] {
-            OvProjectManageDlg manage(OvProjectManageDlg::ManageProjects);
-            present(&manage);
-        });
-        const double bare = timed([&] {
-            QStringListModel model(names);
-            QListView list;
-            list.setModel(&model);
-            list.resize(260, 300);
-            present(&list);
-        });
-        if (round < 0)
-            continue;
-        ours.push_back(dialog);
-        theirs.push_back(bare);
-    }
-    Figure::report("project_dialog", Figure::median(ours), Figure::median(theirs), 3.0);
+    Figure::race("project_dialog", rounds, 3.0, dialogTime, [&] { return bareListTime(names); });
 }
 
 /// One screen of rows of the projects in the database at path.
 double paintTime(const QString& path)
 {
     if (!OvUserDefineNode::instance().login(path))
-        return -1.0;
+        return std::nan("");
     OvProjectManageDlg manage(OvProjectManageDlg::ManageProjects);
     auto* list = manage.findChild<QListView*>(QStringLiteral("projectList"));
     present(&manage);
@@ -145,19 +133,15 @@ double paintTime(const QString& path)
     list->scrollTo(list->model()->index(list->model()->rowCount() / 2, 0));
     std::vector<double> times;
     for (int i = 0; i < paints; ++i)
-        times.push_back(timed([list] { list->viewport()->repaint(); }));
+        times.push_back(Figure::timed([list] { list->viewport()->repaint(); }));
     return Figure::median(times);
 }
 
 void benchPaint(const QString& manyPath, const QString& fewPath)
 {
-    std::vector<double> ours;
-    std::vector<double> theirs;
-    for (int round = 0; round < rounds; ++round) {
-        ours.push_back(paintTime(manyPath));
-        theirs.push_back(paintTime(fewPath));
-    }
-    Figure::report("project_rows", Figure::median(ours), Figure::median(theirs), 1.5);
+    Figure::race(
+        "project_rows", rounds, 1.5, [&] { return paintTime(manyPath); },
+        [&] { return paintTime(fewPath); });
 }
 
 /// Every field of every record, by the database driver alone.
@@ -183,19 +167,18 @@ void benchSwitch(const QString& path)
     const OvProjectDefine projects[] = {OvProjectDefineNode().projectByName(nameOf(17)),
                                         OvProjectDefineNode().projectByName(nameOf(9500))};
     manager.openProject(projects[1]);
-    std::vector<double> ours;
-    std::vector<double> theirs;
+    int turn = 0;
+    const auto change = [&] {
+        return Figure::timed([&] { manager.openProject(projects[turn++ % 2]); });
+    };
     onBareConnection(path, [&](const QSqlDatabase& bare) {
-        for (int round = 0; round < rounds; ++round) {
-            ours.push_back(timed([&] { manager.openProject(projects[round % 2]); }));
-            theirs.push_back(timed([&] {
-                if (!readBare(bare))
-                    qFatal("bench_projects: the records cannot be read");
-            }));
-        }
-        return true;
+        const auto read = [&bare] {
+            bool complete = false;
+            const double time = Figure::timed([&] { complete = readBare(bare); });
+            return complete ? time : std::nan("");
+        };
+        return Figure::race("project_switch", rounds, 4.0, change, read);
     });
-    Figure::report("project_switch", Figure::median(ours), Figure::median(theirs), 4.0);
     manager.closeProject();
 }
 
@@ -203,20 +186,14 @@ void benchSwitch(const QString& path)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    const QTemporaryDir folder;
-    OvBaseUtil::setLocalPath(folder.path());
-    const QString fewPath = makeDatabase(folder.path(), few);
-    const QString manyPath = makeDatabase(folder.path(), many);
-    if (fewPath.isEmpty() || manyPath.isEmpty()) {
-        QTextStream(stderr) << "bench_projects: the databases cannot be made\n";
-        return 1;
-    }
+    const BenchProgram program(argc, argv);
+    const QString fewPath = makeDatabase(program.folder(), few);
+    const QString manyPath = makeDatabase(program.folder(), many);
+    if (fewPath.isEmpty() || manyPath.isEmpty())
+        return BenchProgram::fail("the databases cannot be made");
     benchDialog();
     benchPaint(manyPath, fewPath);
     OvUserDefineNode::instance().login(manyPath);
     benchSwitch(manyPath);
-    OvBaseUtil::finish();
     return 0;
 }

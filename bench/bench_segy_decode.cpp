@@ -7,7 +7,6 @@
 #include "OvSeismic/segy/OvSegyIndex.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <segyio/segy.h>
@@ -31,12 +30,11 @@ constexpr double againstIbm = 0.2;  // five times its rate
 template <typename Work>
 double timed(const Work& work)
 {
-    QElapsedTimer clock;
-    clock.start();
-    std::thread other([&] { work(1); });
-    work(0);
-    other.join();
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    return Figure::timed([&] {
+        std::thread other([&] { work(1); });
+        work(0);
+        other.join();
+    });
 }
 
 using Headers = std::vector<std::vector<OvTraceHeader>>;

@@ -30,11 +30,6 @@ constexpr double bytesBuilt = 32.0;
 constexpr std::array<int, 16> words = {9,  13, 21, 29, 37, 41, 45,  69,
                                        71, 73, 77, 81, 85, 89, 109, 215};
 
-double milliseconds(const QElapsedTimer& clock)
-{
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
-}
-
 double indexTime(const QString& path, OvSegyIndex* index)
 {
     QElapsedTimer clock;
@@ -44,7 +39,7 @@ double indexTime(const QString& path, OvSegyIndex* index)
     if (status)
         status = index->build(file);
     if (status)
-        return milliseconds(clock);
+        return Figure::milliseconds(clock);
     QTextStream(stderr) << status.message() << '\n';
     return std::nan("");
 }
@@ -64,7 +59,7 @@ double bareLoopTime(const QString& path, const BenchSegy& segy, std::vector<qint
     }
     munmap(map, size);
     close(handle);
-    return milliseconds(clock);
+    return Figure::milliseconds(clock);
 }
 
 double segyioTime(const QString& path, const BenchSegy& segy, std::vector<qint32>* out)
@@ -78,7 +73,7 @@ double segyioTime(const QString& path, const BenchSegy& segy, std::vector<qint32
         segy_field_forall(file, words[i], 0, static_cast<int>(segy.traces), 1,
                           out->data() + i * traces, 3600, segy.samples * segy.sampleBytes());
     segy_close(file);
-    return milliseconds(clock);
+    return Figure::milliseconds(clock);
 }
 
 void warmIndex(const QString& path, const BenchSegy& segy)
@@ -112,19 +107,16 @@ void memory(const QString& path, const BenchSegy& segy)
 
 void coldIndex(const QString& path)
 {
-    std::vector<double> ours;
-    std::vector<double> theirs;
-    for (int round = 0; round < coldRounds; ++round) {
+    const auto index = [&path] {
         Process::forget(path);
-        QElapsedTimer clock;
-        clock.start();
-        Process::warm(path);
-        theirs.push_back(milliseconds(clock));
+        OvSegyIndex cold;
+        return indexTime(path, &cold);
+    };
+    const auto read = [&path] {
         Process::forget(path);
-        OvSegyIndex index;
-        ours.push_back(indexTime(path, &index));
-    }
-    Figure::report("index_cold", Figure::median(ours), Figure::median(theirs), againstColdRead);
+        return Figure::timed([&path] { Process::warm(path); });
+    };
+    Figure::race("index_cold", coldRounds, againstColdRead, index, read);
 }
 
 } // namespace

@@ -1,16 +1,13 @@
+#include "BenchProgram.h"
 #include "BenchSegy.h"
 #include "Figure.h"
 #include "Process.h"
 
-#include "OvBase/OvBaseUtil.h"
 #include "OvGui/document/OvSegyDocument.h"
 #include "OvSeismic/segy/OvSegyIndexCache.h"
 #include "OvTarnpick/OvTarnpickUtil.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
 #include <QEventLoop>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
 
@@ -24,11 +21,6 @@ constexpr double againstIndexing = 0.05;
 constexpr double againstSmallFile = 1.5;
 constexpr double mostMebibytes = 300.0;
 constexpr double mebibyte = 1024.0 * 1024.0;
-
-double milliseconds(const QElapsedTimer& clock)
-{
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
-}
 
 bool write(const BenchSegy& segy, const QString& path)
 {
@@ -47,7 +39,7 @@ double obtainTime(const QString& path, const OvSegyIndexCache& cache, OvSegyInde
     OvStatus status = file.open(path);
     if (status)
         status = cache.obtain(file, {}, {}, index);
-    return status ? milliseconds(clock) : std::nan("");
+    return status ? Figure::milliseconds(clock) : std::nan("");
 }
 
 void reopening(const QString& folder)
@@ -68,7 +60,7 @@ void reopening(const QString& folder)
     QElapsedTimer clock;
     clock.start();
     const bool built = file.open(path).ok() && index.build(file).ok();
-    const double first = built ? milliseconds(clock) : std::nan("");
+    const double first = built ? Figure::milliseconds(clock) : std::nan("");
     if (!cache.save(file, index))
         return;
     std::vector<double> again;
@@ -135,7 +127,7 @@ double summaryTime(const QString& path)
     });
     close.start(0);
     OvTarnpickUtil::displaySegyInfo(path, nullptr);
-    return shown ? milliseconds(clock) : std::nan("");
+    return shown ? Figure::milliseconds(clock) : std::nan("");
 }
 
 void summary(const QString& folder)
@@ -149,31 +141,20 @@ void summary(const QString& folder)
     if (!write(segy, small) || !write(segy, huge) ||
         !QFile::resize(huge, 3600 + segy.traceBytes() * (500000000000LL / segy.traceBytes())))
         return;
-    std::vector<double> ours;
-    std::vector<double> theirs;
-    summaryTime(small);
-    for (int round = 0; round < 3 * rounds; ++round) {
-        theirs.push_back(summaryTime(small));
-        ours.push_back(summaryTime(huge));
-    }
-    Figure::report("summary_500_gb", Figure::median(ours), Figure::median(theirs),
-                   againstSmallFile);
+    Figure::race(
+        "summary_500_gb", 3 * rounds, againstSmallFile, [&] { return summaryTime(huge); },
+        [&] { return summaryTime(small); });
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const QTemporaryDir folder(QCoreApplication::applicationDirPath() + "/segy-XXXXXX");
-    OvBaseUtil::setLocalPath(folder.path());
-    qputenv("XDG_CACHE_HOME", folder.path().toLocal8Bit());
+    const BenchProgram program(argc, argv);
     if (!OvBaseUtil::initialize())
-        return 1;
-    reopening(folder.path());
-    paging(folder.path());
-    summary(folder.path());
-    OvBaseUtil::finish();
+        return BenchProgram::fail("no folder for the data");
+    reopening(program.folder());
+    paging(program.folder());
+    summary(program.folder());
     return 0;
 }

@@ -1,7 +1,6 @@
 #include "Figure.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -23,17 +22,20 @@ QProcessEnvironment environment(const QString& home)
     return result;
 }
 
-/// Milliseconds from start to end; negative when the program failed.
-double timed(const QString& program, const QStringList& arguments, const QString& home)
+/// Milliseconds from start to end; NaN when the program failed.
+double startTime(const QString& program, const QStringList& arguments, const QString& home)
 {
     QProcess process;
     process.setProcessEnvironment(environment(home));
-    QElapsedTimer clock;
-    clock.start();
-    process.start(program, arguments);
-    if (!process.waitForFinished(60000) || process.exitCode() != 0)
-        return -1.0;
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    bool ended = false;
+    const double time = Figure::timed([&] {
+        process.start(program, arguments);
+        ended = process.waitForFinished(60000);
+    });
+    if (ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+        return time;
+    QTextStream(stderr) << "bench_start: " << program << " did not come up\n";
+    return std::nan("");
 }
 
 } // namespace
@@ -43,20 +45,9 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const QTemporaryDir home;
     const QString folder = QCoreApplication::applicationDirPath();
-    std::vector<double> ours;
-    std::vector<double> theirs;
-    for (int round = -1; round < rounds; ++round) {
-        const double program = timed(folder + "/../bin/tarnpick", {"--login"}, home.path());
-        const double bare = timed(folder + "/bare_window", {}, home.path());
-        if (program < 0.0 || bare < 0.0) {
-            QTextStream(stderr) << "bench_start: a program did not come up\n";
-            return 1;
-        }
-        if (round < 0) // both are in the page cache now
-            continue;
-        ours.push_back(program);
-        theirs.push_back(bare);
-    }
-    Figure::report("start", Figure::median(ours), Figure::median(theirs), goal);
+    Figure::race(
+        "start", rounds, goal,
+        [&] { return startTime(folder + "/../bin/tarnpick", {"--login"}, home.path()); },
+        [&] { return startTime(folder + "/bare_window", {}, home.path()); });
     return 0;
 }
