@@ -3,13 +3,12 @@
 #include "OvExportJob.h"
 #include "OvFirstBreakBar.h"
 #include "OvFirstBreakMenu.h"
-#include "OvGatherPicker.h"
 #include "OvPickDlg.h"
 #include "OvPickJob.h"
+#include "OvPreviewPicker.h"
 
 #include "OvBase/OvProjectManager.h"
 #include "OvGui/OvGatherViewController.h"
-#include "OvGui/document/OvPickHistory.h"
 #include "OvPlugins/OvPluginUtil.h"
 
 #include <QDir>
@@ -179,6 +178,13 @@ void OvFirstBreakPlugin::followView(OvGatherViewController* view)
                 &OvFirstBreakPlugin::setEditing);
 }
 
+// Whether a job neither hinders others nor is hindered by them.
+bool OvFirstBreakPlugin::isAside(const OvDocumentJob* job)
+{
+    const auto* picking = qobject_cast<const OvPickJob*>(job);
+    return picking && picking->isOfOneGather() && picking->isRunning();
+}
+
 // Tells the user when a job of the kind runs on the document already; forgets those that have
 // ended.
 template <typename Job>
@@ -186,7 +192,7 @@ bool OvFirstBreakPlugin::makeRoomFor(const QSharedPointer<OvSegyDocument>& docum
 {
     const QList<Job*> jobs = findChildren<Job*>();
     for (Job* job : jobs) {
-        if (job->document() != document)
+        if (job->document() != document || isAside(job))
             continue;
         if (job->isRunning()) {
             OvPluginUtil::showWarning(
@@ -200,48 +206,53 @@ bool OvFirstBreakPlugin::makeRoomFor(const QSharedPointer<OvSegyDocument>& docum
     return true;
 }
 
-QString OvFirstBreakPlugin::needsRecords()
-{
-    return tr("One gather is picked where gathers are field records in file order. Choose them in "
-              "the menu Data, Gathers By.");
-}
-
 void OvFirstBreakPlugin::askForPicking()
 {
     OvGatherViewController* view = activeView();
     if (!view)
         return;
-    auto* dialog = new OvPickDlg(OvProjectManager::instance().define().id, view->documentGather(),
+    const OvPickJob::Options shown = gatherShown(*view);
+    auto* dialog = new OvPickDlg(OvProjectManager::instance().define().id, shown.gather,
                                  OvPluginUtil::mainWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this,
-            [this, dialog, document = view->document()] { pick(dialog, document); });
+            [this, dialog, gathers = shown.gathers, document = view->document()] {
+                OvPickJob::Options options = dialog->options();
+                options.gathers = gathers;
+                pick(options, document);
+            });
     dialog->setUnfinishedRun(view->document()->unfinishedRun(),
                              OvPickWork::gatheringText(*view->document()->index()));
-    connectPreview(dialog, view);
+    connectPreview(dialog, view, shown);
     dialog->open();
     moveAside(dialog);
 }
 
-void OvFirstBreakPlugin::connectPreview(OvPickDlg* dialog, OvGatherViewController* view)
+// What is known of the gather on the screen, whatever the order of gathers is there.
+OvPickJob::Options OvFirstBreakPlugin::gatherShown(const OvGatherViewController& view)
 {
-    auto* picker = new OvGatherPicker(view->document(), dialog);
-    const int gather = view->documentGather();
-    connect(dialog, &OvPickDlg::previewRequested, picker,
-            [picker, gather](const OvPickDefine& define) {
-                if (gather >= 0)
-                    picker->pick(gather, define);
-                else
-                    OvPluginUtil::showStatus(needsRecords());
-            });
-    connect(picker, &OvGatherPicker::picked, view, &OvGatherViewController::setPreviewPicks);
-    connect(picker, &OvGatherPicker::failed, view, [view](const QString& message) {
-        view->setPreviewPicks(-1, {});
+    OvPickJob::Options options;
+    options.gathers = view.gatherIndex();
+    if (view.currentGather() < options.gathers->gatherCount())
+        options.gather = view.currentGather();
+    return options;
+}
+
+void OvFirstBreakPlugin::connectPreview(OvPickDlg* dialog, OvGatherViewController* view,
+                                        const OvPickJob::Options& shown)
+{
+    if (shown.gather < 0)
+        return;
+    auto* picker = new OvPreviewPicker(view->document(), shown.gathers, shown.gather, dialog);
+    connect(dialog, &OvPickDlg::previewRequested, picker, &OvPreviewPicker::pick);
+    connect(picker, &OvPreviewPicker::picked, view, &OvGatherViewController::setPreviewPicks);
+    connect(picker, &OvPreviewPicker::failed, view, [view](const QString& message) {
+        view->setPreviewPicks({}, {});
         OvPluginUtil::showStatus(message);
     });
     connect(dialog, &OvPickDlg::previewEnded, view, [view, picker] {
         picker->cancel();
-        view->setPreviewPicks(-1, {});
+        view->setPreviewPicks({}, {});
     });
 }
 
@@ -250,50 +261,30 @@ void OvFirstBreakPlugin::pickGather()
     const OvGatherViewController* view = activeView();
     if (!view || !view->editObstacle().isEmpty())
         return;
-    if (view->documentGather() < 0) {
-        OvPluginUtil::showStatus(needsRecords());
-        return;
-    }
-    // A request that has not been answered yet makes room for this one.
-    delete m_gatherPicker;
-    m_gatherPicker = new OvGatherPicker(view->document(), this);
-    connect(m_gatherPicker, &OvGatherPicker::picked, this,
-            [this, document = view->document()](int gather, const OvFirstBreaks& breaks) {
-                takeGather(document, gather, breaks);
-            });
-    connect(m_gatherPicker, &OvGatherPicker::failed, this,
-            [](const QString& message) { OvPluginUtil::showWarning(message); });
-    m_gatherPicker->pick(view->documentGather(),
-                         OvPickDlg::savedDefine(OvProjectManager::instance().define().id));
+    OvPickJob::Options options = gatherShown(*view);
+    options.define = OvPickDlg::savedDefine(OvProjectManager::instance().define().id);
+    if (options.gather >= 0)
+        pick(options, view->document());
 }
 
-void OvFirstBreakPlugin::takeGather(const QSharedPointer<OvSegyDocument>& document, int gather,
-                                    const OvFirstBreaks& breaks)
-{
-    const OvFirstBreaks present = document->firstBreaks(gather);
-    QVector<OvTracePick> picks;
-    for (int row = 0; row < breaks.size(); ++row) {
-        const bool byHand = row < present.size() &&
-                            present.states[static_cast<std::size_t>(row)] == OvPickState::Manual;
-        if (!byHand)
-            picks.append(OvTracePick::of(breaks, row));
-    }
-    const OvStatus status = document->pickHistory()->edit(gather, picks, tr("Pick This Gather"));
-    if (status)
-        OvPluginUtil::showStatus(tr("Picked traces of the gather: %1 of %2.")
-                                     .arg(document->firstBreaks(gather).pickedCount())
-                                     .arg(breaks.size()));
-    else
-        OvPluginUtil::showWarning(status.message());
-    if (m_gatherPicker)
-        m_gatherPicker->deleteLater();
-}
-
-void OvFirstBreakPlugin::pick(const OvPickDlg* dialog,
+void OvFirstBreakPlugin::pick(const OvPickJob::Options& options,
                               const QSharedPointer<OvSegyDocument>& document)
 {
-    if (makeRoomFor<OvPickJob>(document))
-        launch(new OvPickJob(document, dialog->options(), this));
+    if (options.gather >= 0)
+        retireGatherJobs(document);
+    else if (!makeRoomFor<OvPickJob>(document))
+        return;
+    launch(new OvPickJob(document, options, this));
+}
+
+// A single gather that has not been picked yet makes room for the one asked for now.
+void OvFirstBreakPlugin::retireGatherJobs(const QSharedPointer<OvSegyDocument>& document)
+{
+    const QList<OvPickJob*> jobs = findChildren<OvPickJob*>();
+    for (OvPickJob* job : jobs) {
+        if (job->document() == document && job->isOfOneGather())
+            retire(job);
+    }
 }
 
 void OvFirstBreakPlugin::askForExport()
@@ -325,17 +316,20 @@ void OvFirstBreakPlugin::report(OvDocumentJob* job)
 
 void OvFirstBreakPlugin::closeJobs()
 {
-    delete m_gatherPicker;
     const QList<OvDocumentJob*> jobs = findChildren<OvDocumentJob*>();
-    for (OvDocumentJob* job : jobs) {
-        job->requestCancel();
-        if (!job->isRunning()) {
-            job->deleteLater();
-            continue;
-        }
-        connect(job, &OvAbstractJob::stateChanged, job, [job] {
-            if (!job->isRunning())
-                job->deleteLater();
-        });
+    for (OvDocumentJob* job : jobs)
+        retire(job);
+}
+
+void OvFirstBreakPlugin::retire(OvDocumentJob* job)
+{
+    job->requestCancel();
+    if (!job->isRunning()) {
+        job->deleteLater();
+        return;
     }
+    connect(job, &OvAbstractJob::stateChanged, job, [job] {
+        if (!job->isRunning())
+            job->deleteLater();
+    });
 }

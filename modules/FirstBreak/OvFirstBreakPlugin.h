@@ -1,5 +1,7 @@
 #pragma once
 
+#include "OvPickJob.h"
+
 #include "OvPlugins/OvModulePlugin.h"
 
 #include <QObject>
@@ -7,14 +9,10 @@
 #include <QSharedPointer>
 #include <QUndoGroup>
 
-class OvDocumentJob;
 class OvFirstBreakBar;
 class OvFirstBreakMenu;
-class OvGatherPicker;
 class OvGatherViewController;
 class OvPickDlg;
-class OvSegyDocument;
-struct OvFirstBreaks;
 
 /// The module that picks first breaks and exports them. Its jobs belong to it: they stay in the
 /// task list, with their outcome, until a like job on the same file starts or the project is
@@ -41,14 +39,15 @@ private:
     void followView(OvGatherViewController* view);
     void setEditing(bool editing);
     void setSnapWindow(int windowMs);
-    /// Why the gather shown cannot be picked alone.
-    static QString needsRecords();
     void askForPicking();
-    void pick(const OvPickDlg* dialog, const QSharedPointer<OvSegyDocument>& document);
-    void connectPreview(OvPickDlg* dialog, OvGatherViewController* view);
+    static OvPickJob::Options gatherShown(const OvGatherViewController& view);
+    void connectPreview(OvPickDlg* dialog, OvGatherViewController* view,
+                        const OvPickJob::Options& shown);
     void pickGather();
-    void takeGather(const QSharedPointer<OvSegyDocument>& document, int gather,
-                    const OvFirstBreaks& breaks);
+    void pick(const OvPickJob::Options& options, const QSharedPointer<OvSegyDocument>& document);
+    void retireGatherJobs(const QSharedPointer<OvSegyDocument>& document);
+    static bool isAside(const OvDocumentJob* job);
+    static void retire(OvDocumentJob* job);
     void askForExport();
     void launch(OvDocumentJob* job);
     void report(OvDocumentJob* job);
@@ -62,6 +61,5 @@ private:
     // Plain on purpose: a view that is being destroyed is no gather view any more.
     QPointer<QObject> m_followed;
     QUndoGroup m_undo; // of the active view
-    QPointer<OvGatherPicker> m_gatherPicker;
     bool m_editing = false;
 };

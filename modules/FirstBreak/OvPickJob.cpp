@@ -1,5 +1,7 @@
 #include "OvPickJob.h"
 
+#include "OvGui/document/OvPickHistory.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -12,9 +14,10 @@ constexpr std::size_t gathersShownAtOnce = 32;
 
 } // namespace
 
-void OvPickJob::Queue::add(std::vector<OvFirstBreakUpdate>&& stored)
+void OvPickJob::Queue::add(std::vector<OvFirstBreakUpdate>&& stored, const OvFirstBreaks& replaced)
 {
     const std::lock_guard<std::mutex> lock(mutex);
+    before = replaced;
     std::move(stored.begin(), stored.end(), std::back_inserter(updates));
 }
 
@@ -54,7 +57,22 @@ void OvPickJob::stopFollowing()
 
 QString OvPickJob::title() const
 {
-    return tr("Picking %1").arg(QFileInfo(document()->segyPath()).fileName());
+    const QString file = QFileInfo(document()->segyPath()).fileName();
+    return isOfOneGather() ? tr("Picking a gather of %1").arg(file) : tr("Picking %1").arg(file);
+}
+
+// A gather from before all headers were read may be a part of what it is now.
+void OvPickJob::placeGather(OvPickWork::Order* order) const
+{
+    order->gather = m_options.gather;
+    if (!m_options.gathers || !isOfOneGather())
+        return;
+    order->gathers = m_options.gathers;
+    const std::vector<qint64> traces = order->gathers->gatherTraces(order->gather);
+    if (traces.empty() || !order->gathers->order().isDefault())
+        return;
+    order->gathers = order->index;
+    order->gather = order->index->gatherOfTrace(traces.front());
 }
 
 OvDocumentJob::Work OvPickJob::makeWork()
@@ -66,13 +84,14 @@ OvDocumentJob::Work OvPickJob::makeWork()
     order.index = document()->index();
     order.firstBreakPath = document()->firstBreakPath();
     order.define = m_options.define;
-    order.gather = m_options.gather;
+    placeGather(&order);
     order.keepManualPicks = m_options.keepManualPicks;
     order.resume = m_options.resume;
     return [order, shared = shared(), queue = m_queue] {
-        OvPickWork work(order, [queue](std::vector<OvFirstBreakUpdate>&& stored) {
-            queue->add(std::move(stored));
-        });
+        OvPickWork work(
+            order, [queue](std::vector<OvFirstBreakUpdate>&& stored, const OvFirstBreaks& before) {
+                queue->add(std::move(stored), before);
+            });
         const auto progress = [&shared](int done, int total) {
             shared->total = total;
             shared->done = done;
@@ -92,10 +111,20 @@ bool OvPickJob::takeResults()
     }
     if (!stored.empty())
         document()->takeStored(stored);
+    if (isOfOneGather() && !stored.empty())
+        noteStep(stored.front());
     return more;
+}
+
+void OvPickJob::noteStep(const OvFirstBreakUpdate& update)
+{
+    document()->pickHistory()->note(update.traces, m_queue->before, update.breaks,
+                                    tr("Pick This Gather"));
 }
 
 QString OvPickJob::summary() const
 {
+    if (isOfOneGather())
+        return tr("Picked traces of the gather: %1 of %2.").arg(m_picks).arg(m_traces);
     return tr("Picked traces: %1 of %2. Gathers: %3.").arg(m_picks).arg(m_traces).arg(m_gathers);
 }

@@ -7,6 +7,7 @@
 
 /// Picks the first breaks of a document automatically. Picks are stored as gathers finish, by the
 /// worker; a cancelled or failed run keeps what was stored, and an equal one can go on from there.
+/// What is done to a single gather is one step of the document's history.
 class OvPickJob : public OvDocumentJob
 {
     Q_OBJECT
@@ -16,6 +17,8 @@ public:
     {
         OvPickDefine define;
         int gather = -1; ///< the only gather to pick; -1 for those of the parameters
+        /// Which gather is one of, in any order; null for the document's own gathers.
+        std::shared_ptr<const OvSegyIndex> gathers;
         bool keepManualPicks = true;
         bool resume = false; ///< go on where an equal run stopped
     };
@@ -23,6 +26,8 @@ public:
     OvPickJob(const QSharedPointer<OvSegyDocument>& document, const Options& options,
               QObject* parent);
     ~OvPickJob() override;
+
+    bool isOfOneGather() const { return m_options.gather >= 0; }
 
 protected:
     Work makeWork() override;
@@ -35,12 +40,15 @@ private:
     {
         std::mutex mutex;
         std::vector<OvFirstBreakUpdate> updates;
+        OvFirstBreaks before; // of the only gather
 
-        void add(std::vector<OvFirstBreakUpdate>&& stored);
+        void add(std::vector<OvFirstBreakUpdate>&& stored, const OvFirstBreaks& replaced);
         /// The oldest entries, at most limit; *more tells whether others are left.
         std::vector<OvFirstBreakUpdate> take(std::size_t limit, bool* more);
     };
 
+    void placeGather(OvPickWork::Order* order) const;
+    void noteStep(const OvFirstBreakUpdate& update);
     void stopFollowing();
 
     Options m_options;

@@ -55,7 +55,7 @@ OvStatus OvPickWork::learn(const Order& order, const OvFirstBreakFile& file,
                            std::shared_ptr<const OvPickPrior>* prior)
 {
     using Guide = OvPickDefine::Guide;
-    OvPickTeacher teacher(*order.segy, *order.index);
+    OvPickTeacher teacher(*order.segy, order.grouping());
     OvStatus status;
     if (order.define.guide == Guide::Picks && file.isOpen())
         status = teacher.learn(file, order.gather, cancel);
@@ -86,7 +86,7 @@ OvStatus OvPickWork::open()
     if (status)
         status = m_file.noteMapping(m_order.index->mapping().toText());
     // A run that the machine takes down with it goes on from its last gather that was stored.
-    return status ? m_file.relaxDurability() : status;
+    return status && m_order.gather < 0 ? m_file.relaxDurability() : status;
 }
 
 OvStatus OvPickWork::startRun(std::vector<int>* done)
@@ -145,20 +145,22 @@ OvStatus OvPickWork::pickAll(const OvPickRun::Progress& progress, const std::ato
 OvStatus OvPickWork::pickOne(const std::atomic<bool>* cancel)
 {
     OvGather gather;
-    OvStatus status = m_order.index->readGather(*m_order.segy, m_order.gather, &gather);
+    OvStatus status = m_order.grouping().readGather(*m_order.segy, m_order.gather, &gather);
     if (!status || isSet(cancel))
         return status;
     const OvPickResult result = OvPicker::create()->pick(gather, m_settings, cancel);
     if (isSet(cancel))
         return status;
-    status = take(gather, result);
+    status = m_file.read(m_order.grouping().gatherTraces(m_order.gather), &m_before);
+    if (status)
+        status = take(gather, result);
     return status ? flush() : status;
 }
 
 OvStatus OvPickWork::take(const OvGather& gather, const OvPickResult& result)
 {
     OvFirstBreakUpdate update;
-    update.traces = m_order.index->gatherTraces(gather.ordinal);
+    update.traces = m_order.grouping().gatherTraces(gather.ordinal);
     update.breaks = breaksOf(result);
     update.keepManual = m_order.keepManualPicks;
     update.doneGather = m_order.gather < 0 ? gather.ordinal : -1;
@@ -174,7 +176,7 @@ OvStatus OvPickWork::flush()
         return OvStatus::success();
     OvStatus status = m_file.write(&m_waiting);
     if (status)
-        m_stored(std::move(m_waiting));
+        m_stored(std::move(m_waiting), m_before);
     m_waiting.clear();
     return status;
 }

@@ -16,16 +16,21 @@ class OvPickWork
 public:
     struct Order
     {
-        const OvSegyFile* segy = nullptr; ///< not owned
-        std::shared_ptr<const OvSegyIndex> index;
+        const OvSegyFile* segy = nullptr;         ///< not owned
+        std::shared_ptr<const OvSegyIndex> index; ///< all traces, by field record
+        /// In which gather is one, in any order; null where that is index.
+        std::shared_ptr<const OvSegyIndex> gathers;
         QString firstBreakPath;
         OvPickDefine define;
         int gather = -1; ///< the only one to pick; -1 for those of the parameters
         bool keepManualPicks = true;
         bool resume = false; ///< go on where an equal run stopped
+
+        const OvSegyIndex& grouping() const { return gathers ? *gathers : *index; }
     };
-    /// Takes what has been stored.
-    using Stored = std::function<void(std::vector<OvFirstBreakUpdate>&& updates)>;
+    /// Takes what has been stored; before is what the only gather to pick had, else empty.
+    using Stored =
+        std::function<void(std::vector<OvFirstBreakUpdate>&& updates, const OvFirstBreaks& before)>;
 
     /// A result as automatic picks.
     static OvFirstBreaks breaksOf(const OvPickResult& result);
@@ -56,5 +61,6 @@ private:
     OvFirstBreakFile m_file;
     OvPickSettings m_settings;
     std::vector<OvFirstBreakUpdate> m_waiting;
+    OvFirstBreaks m_before; // of the only gather
     QElapsedTimer m_sinceFlush;
 };

@@ -325,12 +325,6 @@ OvTraceHeaderDefine OvGatherViewController::traceLabels() const
     return define;
 }
 
-int OvGatherViewController::documentGather() const
-{
-    const OvGatherSource* source = d->pane->source();
-    return source ? source->documentGather(currentGather()) : -1;
-}
-
 void OvGatherViewController::setCurrentGather(int gather)
 {
     d->pane->setCurrentGather(gather);
@@ -473,9 +467,10 @@ void OvGatherViewController::setEditing(bool editing)
     d->desk->setEditing(editing);
 }
 
-void OvGatherViewController::setPreviewPicks(int gather, const OvFirstBreaks& breaks)
+void OvGatherViewController::setPreviewPicks(const std::vector<qint64>& traces,
+                                             const OvFirstBreaks& breaks)
 {
-    d->pane->setPreviewPicks(gather, breaks);
+    d->pane->setPreviewPicks(traces, breaks);
 }
 
 void OvGatherViewController::setSnapWindow(int windowMs)

@@ -42,8 +42,6 @@ public:
     /// The gathers of this view; of the order from before while another one is worked out. Never
     /// null.
     std::shared_ptr<const OvSegyIndex> gatherIndex() const;
-    /// The current gather as one of document()->index(); -1 when this view has another order.
-    int documentGather() const;
     /// "TraceHeaderDefine" with the word that labels the traces here: the one they are sorted by
     /// where there is a label for it.
     OvTraceHeaderDefine traceLabels() const;
@@ -54,8 +52,9 @@ public:
     QString editObstacle() const;
     /// Whether the mouse and the keys edit picks, see OvPickTool.
     bool isEditing() const;
-    /// Shows picks of a gather that are only proposed; empty ones end it. Nothing is stored.
-    void setPreviewPicks(int gather, const OvFirstBreaks& breaks);
+    /// Shows picks of some traces (positions in the file) that are only proposed; empty ones end
+    /// it. Nothing is stored.
+    void setPreviewPicks(const std::vector<qint64>& traces, const OvFirstBreaks& breaks);
     /// The edits by hand, for actions that follow them; null without a document.
     QUndoStack* undoStack() const;
 

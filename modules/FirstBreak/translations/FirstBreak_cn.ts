@@ -127,25 +127,6 @@
         <source>Comma-separated text (*.csv);;Text (*.txt);;All files (*)</source>
         <translation>逗号分隔文本 (*.csv);;文本 (*.txt);;所有文件 (*)</translation>
     </message>
-    <message>
-        <source>Pick This Gather</source>
-        <translation>拾取当前道集</translation>
-    </message>
-    <message>
-        <source>Picked traces of the gather: %1 of %2.</source>
-        <translation>该道集 %2 道中有 %1 道已拾取。</translation>
-    </message>
-    <message>
-        <source>One gather is picked where gathers are field records in file order. Choose them in the menu Data, Gathers By.</source>
-        <translation>单个道集的拾取仅适用于按野外文件号、文件顺序组成的道集。请在“数据”菜单的“道集方式”中选择。</translation>
-    </message>
-</context>
-<context>
-    <name>OvGatherPicker</name>
-    <message>
-        <source>The gather cannot be picked: %1</source>
-        <translation>无法拾取该道集：%1</translation>
-    </message>
 </context>
 <context>
     <name>OvPickDlg</name>
@@ -295,12 +276,31 @@
         <source>Picked traces: %1 of %2. Gathers: %3.</source>
         <translation>%3 个道集的 %2 道中有 %1 道已拾取初至。</translation>
     </message>
+    <message>
+        <source>Picking a gather of %1</source>
+        <translation>正在拾取 %1 的一个道集</translation>
+    </message>
+    <message>
+        <source>Pick This Gather</source>
+        <translation>拾取当前道集</translation>
+    </message>
+    <message>
+        <source>Picked traces of the gather: %1 of %2.</source>
+        <translation>该道集 %2 道中有 %1 道已拾取。</translation>
+    </message>
 </context>
 <context>
     <name>OvPickWork</name>
     <message>
         <source>There are too few picks to be guided by. Pick some traces by hand, or choose another guide.</source>
         <translation>可作引导的拾取太少。请先手工拾取一些道，或选择其他引导方式。</translation>
+    </message>
+</context>
+<context>
+    <name>OvPreviewPicker</name>
+    <message>
+        <source>The gather cannot be picked: %1</source>
+        <translation>无法拾取该道集：%1</translation>
     </message>
 </context>
 </TS>

@@ -117,8 +117,3 @@ bool OvGatherSource::holdsAny(int gather, const std::vector<qint64>& traces) con
     return std::any_of(traces.begin(), traces.end(),
                        [&](qint64 trace) { return grouping->gatherOfTrace(trace) == gather; });
 }
-
-int OvGatherSource::documentGather(int gather) const
-{
-    return isOwn() ? -1 : gather;
-}

@@ -40,8 +40,6 @@ public:
     OvFirstBreaks firstBreaks(int gather) const;
     /// Whether one of these traces of the file is in the gather.
     bool holdsAny(int gather, const std::vector<qint64>& traces) const;
-    /// The gather of index() as one of the document's own; -1 when the orders differ.
-    int documentGather(int gather) const;
 
 signals:
     void gatherLoaded(int gather, std::shared_ptr<const OvGather> data, const QString& message);

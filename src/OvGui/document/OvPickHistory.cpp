@@ -19,6 +19,9 @@ public:
     {
     }
 
+    // When it is pushed there is nothing left to do.
+    void setStored() { m_isStored = true; }
+
     void add(qint64 trace, const OvTracePick& before, const OvTracePick& after)
     {
         m_traces.push_back(trace);
@@ -28,7 +31,12 @@ public:
     bool isEmpty() const { return m_traces.empty(); }
 
     void undo() override { store(m_before); }
-    void redo() override { store(m_after); }
+    void redo() override
+    {
+        if (!m_isStored)
+            store(m_after);
+        m_isStored = false;
+    }
 
 private:
     void store(const QVector<OvTracePick>& picks)
@@ -40,6 +48,7 @@ private:
     }
 
     OvPickHistory* m_history;
+    bool m_isStored = false;
     std::vector<qint64> m_traces;
     QVector<OvTracePick> m_before;
     QVector<OvTracePick> m_after;
@@ -76,20 +85,38 @@ OvStatus OvPickHistory::edit(const std::vector<qint64>& traces, const QVector<Ov
     const OvStatus writable = m_document->firstBreakStatus();
     if (!writable)
         return writable;
-    OvFirstBreaks breaks = m_document->firstBreaksOf(traces);
-    breaks.resize(picks.size());
-    auto step = std::make_unique<Step>(this, text);
+    OvFirstBreaks after;
+    after.resize(picks.size());
     for (int i = 0; i < picks.size(); ++i) {
-        OvTracePick after = picks.at(i);
-        after.row = i;
-        const OvTracePick before = OvTracePick::of(breaks, i);
-        if (!after.isSame(before))
-            step->add(traces[static_cast<std::size_t>(i)], before, after);
+        OvTracePick pick = picks.at(i);
+        pick.row = i;
+        pick.putInto(&after);
     }
-    if (step->isEmpty())
-        return OvStatus::success();
-    m_stack.push(step.release());
+    m_outcome = OvStatus::success();
+    push(traces, m_document->firstBreaksOf(traces), after, std::make_unique<Step>(this, text));
     return m_outcome;
+}
+
+void OvPickHistory::note(const std::vector<qint64>& traces, const OvFirstBreaks& before,
+                         const OvFirstBreaks& after, const QString& text)
+{
+    auto step = std::make_unique<Step>(this, text);
+    step->setStored();
+    push(traces, before, after, std::move(step));
+}
+
+void OvPickHistory::push(const std::vector<qint64>& traces, OvFirstBreaks before,
+                         const OvFirstBreaks& after, std::unique_ptr<Step> step)
+{
+    before.resize(after.size());
+    for (int i = 0; i < after.size(); ++i) {
+        const OvTracePick from = OvTracePick::of(before, i);
+        const OvTracePick to = OvTracePick::of(after, i);
+        if (!to.isSame(from))
+            step->add(traces[static_cast<std::size_t>(i)], from, to);
+    }
+    if (!step->isEmpty())
+        m_stack.push(step.release());
 }
 
 template <typename Move>

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QUndoStack>
 
+#include <memory>
+
 class OvSegyDocument;
 
 /// The edits by hand of one document's first breaks, to be undone and redone. Every step is stored
@@ -29,6 +31,10 @@ public:
     /// mean nothing.
     OvStatus edit(const std::vector<qint64>& traces, const QVector<OvTracePick>& picks,
                   const QString& text);
+    /// Takes up as a step what somebody else has stored: what the traces had before (may be empty)
+    /// and have now.
+    void note(const std::vector<qint64>& traces, const OvFirstBreaks& before,
+              const OvFirstBreaks& after, const QString& text);
     /// *trace receives the first trace that was changed, -1 when there was nothing to undo. After a
     /// failure the picks are as they were.
     OvStatus undo(qint64* trace);
@@ -38,6 +44,8 @@ public:
 
 private:
     class Step;
+    void push(const std::vector<qint64>& traces, OvFirstBreaks before, const OvFirstBreaks& after,
+              std::unique_ptr<Step> step);
     template <typename Move>
     OvStatus move(bool possible, Move how, qint64* trace);
 

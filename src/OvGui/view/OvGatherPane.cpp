@@ -1,6 +1,7 @@
 #include "OvGui/view/OvGatherPane.h"
 
 #include "OvGui/canvas/OvGatherCanvas.h"
+#include "OvGui/document/OvTracePick.h"
 
 #include <QFileInfo>
 
@@ -215,14 +216,32 @@ void OvGatherPane::updateBreaks()
 {
     if (m_onCanvas >= 0)
         m_canvas->setFirstBreaks(m_source->firstBreaks(m_onCanvas));
-    const bool previews = m_source && m_source->documentGather(m_onCanvas) == m_previewGather;
-    m_canvas->setPreviewPicks(previews ? m_preview : OvFirstBreaks());
+    m_canvas->setPreviewPicks(previewPicks());
 }
 
-void OvGatherPane::setPreviewPicks(int gather, const OvFirstBreaks& breaks)
+OvFirstBreaks OvGatherPane::previewPicks() const
 {
-    m_previewGather = breaks.isEmpty() ? -1 : gather;
+    const auto gather = m_canvas->gather();
+    OvFirstBreaks picks;
+    for (int row = 0; gather && !m_preview.isEmpty() && row < gather->traceCount(); ++row) {
+        const auto known =
+            m_previewRows.find(gather->headers[static_cast<std::size_t>(row)].traceIndex);
+        if (known == m_previewRows.end())
+            continue;
+        picks.resize(gather->traceCount());
+        OvTracePick pick = OvTracePick::of(m_preview, known->second);
+        pick.row = row;
+        pick.putInto(&picks);
+    }
+    return picks;
+}
+
+void OvGatherPane::setPreviewPicks(const std::vector<qint64>& traces, const OvFirstBreaks& breaks)
+{
     m_preview = breaks;
+    m_previewRows.clear();
+    for (int row = 0; row < breaks.size(); ++row)
+        m_previewRows.emplace(traces[static_cast<std::size_t>(row)], row);
     updateBreaks();
 }
 

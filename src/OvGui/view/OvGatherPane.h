@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <unordered_map>
+
 class OvGatherCanvas;
 
 /// Keeps a canvas showing one gather of a document: loads, prefetches the neighbours, follows the
@@ -31,8 +33,8 @@ public:
     void setOrder(const OvGatherOrder& order);
     /// Bounded to the gathers there are.
     void setCurrentGather(int gather);
-    /// Shows proposed picks whenever that gather is on the canvas; empty ones end it.
-    void setPreviewPicks(int gather, const OvFirstBreaks& breaks);
+    /// Shows proposed picks whenever one of their traces is on the canvas; empty ones end it.
+    void setPreviewPicks(const std::vector<qint64>& traces, const OvFirstBreaks& breaks);
     /// Whether the canvas has the current gather, painted or not.
     bool isOnCanvas() const;
     /// Whether the current gather stands on the screen.
@@ -61,6 +63,7 @@ private:
     /// Says once that the first breaks cannot be used, if so.
     void reportFirstBreaks();
     void updateBreaks();
+    OvFirstBreaks previewPicks() const;
     void updateTitle();
     void updateMessage();
     QString message() const;
@@ -76,8 +79,8 @@ private:
     std::shared_ptr<const OvSegyFile> m_shownFile;
     int m_requested = -1;
     qint64 m_anchor = -1; // the trace to go to once its gather is known
-    int m_previewGather = -1;
     OvFirstBreaks m_preview;
+    std::unordered_map<qint64, int> m_previewRows; // of each trace in m_preview
     bool m_painted = false;
     bool m_firstBreaksReported = false;
     QString m_error;   // why the current gather cannot be shown

@@ -234,25 +234,82 @@ double layoutStep(const OvGather& gather, bool areSigned, double unknown)
     return step > 0.0 ? step : unknown;
 }
 
+// Where each midpoint lies along the line through them.
+std::vector<double> midpointsAlong(const OvGather& gather, const std::vector<int>& rows)
+{
+    const Vector along = alongTheLine(gather, rows);
+    const double length = std::max(std::hypot(along.x, along.y), 1e-30);
+    std::vector<double> places;
+    for (const int row : rows) {
+        const OvTraceHeader& trace = header(gather, row);
+        places.push_back(0.5 *
+                         ((trace.receiverX + trace.sourceX) * along.x +
+                          (trace.receiverY + trace.sourceY) * along.y) /
+                         length);
+    }
+    return places;
+}
+
+double rangeOf(const std::vector<double>& values)
+{
+    const auto [least, most] = std::minmax_element(values.begin(), values.end());
+    return *most - *least;
+}
+
+// Traces of about one offset from all along a line.
+bool isCommonOffset(const OvGather& gather, const std::vector<int>& rows)
+{
+    constexpr double little = 0.25;
+    const OvTraceHeader& first = header(gather, rows.front());
+    const auto moves = [&](auto between) {
+        return std::any_of(rows.begin(), rows.end(), [&](int row) {
+            const Vector way = between(first, header(gather, row));
+            return std::hypot(way.x, way.y) > 0.0;
+        });
+    };
+    if (!moves(betweenReceivers) || !moves(betweenSources))
+        return false;
+    std::vector<double> offsets = signedOffsets(gather, rows, true);
+    std::transform(offsets.begin(), offsets.end(), offsets.begin(),
+                   [](double offset) { return std::abs(offset); });
+    return rangeOf(offsets) < little * rangeOf(midpointsAlong(gather, rows));
+}
+
+// How the traces of a cable are put in order.
+struct Layout
+{
+    std::vector<double> positions; // of each row
+    bool bySignedOffset = false;
+
+    static Layout of(const OvGather& gather, const std::vector<int>& rows, bool hasOffsets,
+                     bool areSigned)
+    {
+        if (!hasOffsets)
+            return {channelsOf(gather, rows), false};
+        if (isCommonOffset(gather, rows))
+            return {midpointsAlong(gather, rows), false};
+        return {signedOffsets(gather, rows, areSigned), true};
+    }
+};
+
 // Puts the traces of one cable behind those that the chain has.
 void addCable(const OvGather& gather, const std::vector<int>& rows, bool areSigned, bool isOnly,
               OvTraceChain* chain)
 {
-    std::vector<double> positions =
-        chain->hasOffsets ? signedOffsets(gather, rows, areSigned) : channelsOf(gather, rows);
-    const std::vector<std::size_t> order = ascending(positions);
+    Layout layout = Layout::of(gather, rows, chain->hasOffsets, areSigned);
+    const std::vector<std::size_t> order = ascending(layout.positions);
     const std::vector<int> sorted = reordered(rows, order);
-    positions = reordered(positions, order);
+    layout.positions = reordered(layout.positions, order);
     std::vector<double> steps = distancesBetween(gather, sorted);
     // Beside the shot the offsets of a cable that passes it say little about distances.
     if (isOnly || *std::max_element(steps.begin(), steps.end()) <= 0.0)
-        steps = differences(positions);
+        steps = differences(layout.positions);
     double usual = usualStep(steps);
-    if (isOnly && chain->hasOffsets)
+    if (isOnly && layout.bySignedOffset)
         usual = std::min(usual, layoutStep(gather, areSigned, usual));
     steps = relativeSteps(std::move(steps), usual);
     const std::vector<int> away =
-        chain->hasOffsets ? directions(positions) : std::vector<int>(rows.size(), 0);
+        layout.bySignedOffset ? directions(layout.positions) : std::vector<int>(rows.size(), 0);
     chain->rows.insert(chain->rows.end(), sorted.begin(), sorted.end());
     chain->steps.insert(chain->steps.end(), steps.begin(), steps.end());
     chain->away.insert(chain->away.end(), away.begin(), away.end());

@@ -44,7 +44,8 @@ struct OVSEISMIC_EXPORT OvTraceChain
     /// They run by signed offset, so that the two sides of a split spread meet at the shot. The
     /// sign is the file's own where it has negative ones; else the side of the shot on which the
     /// receiver lies by its coordinates; else, for offsets that fall and rise again along the file,
-    /// the side of the smallest. Without offsets they run by channel. Where the traces lie on
+    /// the side of the smallest. Without offsets they run by channel, and traces of about one
+    /// offset from all along a line by their midpoints. Where the traces lie on
     /// several cables (OvCableFinder) they run so through one cable after the other, in the order
     /// of the cables' first traces.
     static OvTraceChain of(const OvGather& gather);

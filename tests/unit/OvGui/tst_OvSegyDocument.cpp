@@ -422,6 +422,37 @@ private slots:
         QCOMPARE(document->firstBreaks(1).timesMs[6], 10.0F);
     }
 
+    void whatAJobStoredCanBeUndone()
+    {
+        const auto document = openComplete();
+        QVERIFY(document->setFirstBreaks(3, Gathers::breaksAt(24, 10.0F)));
+        const std::vector<qint64> traces{72, 73, 74};
+        std::vector<OvFirstBreakUpdate> updates(1);
+        updates[0].traces = traces;
+        updates[0].breaks = Gathers::breaksAt(3, 33.0F);
+        updates[0].breaks.timesMs[1] = 10.0F; // as before
+        const OvFirstBreaks before = document->firstBreaksOf(traces);
+        document->beginJobStorage();
+        OvFirstBreakFile job;
+        QVERIFY(job.open(document->firstBreakPath(), document->file().info()));
+        QVERIFY(job.write(&updates));
+        document->takeStored(updates);
+        document->endJobStorage();
+        QUndoStack* stack = document->pickHistory()->stack();
+        document->pickHistory()->note(traces, before, before, "nothing new");
+        QCOMPARE(stack->count(), 0);
+        QSignalSpy changed(document.data(), &OvSegyDocument::tracePicksChanged);
+        document->pickHistory()->note(traces, before, updates[0].breaks, "job");
+        QCOMPARE(stack->undoText(), QStringLiteral("job"));
+        QCOMPARE(changed.size(), 0); // nothing is stored twice
+        qint64 trace = -1;
+        QVERIFY(document->pickHistory()->undo(&trace));
+        QCOMPARE(trace, qint64(72));
+        QCOMPARE(document->firstBreaks(3).timesMs, Gathers::breaksAt(24, 10.0F).timesMs);
+        QVERIFY(document->pickHistory()->redo(&trace));
+        QCOMPARE(document->firstBreaksOf(traces).timesMs, updates[0].breaks.timesMs);
+    }
+
     void whatAJobStoredIsShownAtOnce()
     {
         const auto document = openComplete();

@@ -52,6 +52,13 @@ private slots:
     void namesTheGuideThatHasNothingToLearnFrom();
     void previewStoresNothing();
     void picksTheGatherShownInOneStep();
+    void thisGatherInTheDialogIsOneStep();
+    void picksAndPreviewsInEveryOrder_data();
+    void picksAndPreviewsInEveryOrder();
+    void aCancelledGatherIsNotPicked();
+    void picksAGatherWhileARunIsAtWork();
+    void picksAWalkawayAcrossItsRecords();
+    void picksARecordedWalkaway();
     void closingTheProjectEndsTheRun();
     void deletingTheViewLeavesTheRunAlone();
     void namesTheParameterThatDoesNotFit();
@@ -71,6 +78,7 @@ private slots:
 
 private:
     bool openLine(int shots, int channels = 24, int samples = 500);
+    bool openFile(); // line.sgy
     bool showView();
     void clickOn(int row, double timeMs);
     QDialog* pickDialog() const
@@ -82,6 +90,11 @@ private:
     OvAbstractJob* startPicking();
     QSharedPointer<OvSegyDocument> document() const { return m_session->lastView()->document(); }
     OvFirstBreaks storedBreaks(int gather) const;
+    OvGatherCanvas* canvas() const
+    {
+        return qobject_cast<OvGatherCanvas*>(m_session->lastView()->canvas());
+    }
+    int nearTruth(const OvFirstBreaks& breaks) const;
     OvAbstractJob* exportTo(const QString& path);
 
     QScopedPointer<PluginSession> m_session;
@@ -119,11 +132,15 @@ void tst_FirstBreak::cleanup()
 
 bool tst_FirstBreak::openLine(int shots, int channels, int samples)
 {
-    const QString name = QStringLiteral("line.sgy");
-    if (!m_session->writeLine(name, shots, channels, samples) || !m_session->openProject())
+    return m_session->writeLine(QStringLiteral("line.sgy"), shots, channels, samples) && openFile();
+}
+
+bool tst_FirstBreak::openFile()
+{
+    if (!m_session->openProject())
         return false;
     OvStatus status;
-    const auto opened = OvSegyDocument::open(m_session->path(name), &status);
+    const auto opened = OvSegyDocument::open(m_session->path(QStringLiteral("line.sgy")), &status);
     if (opened)
         OvProjectManager::instance().addWorkspace(new OvGatherViewController(opened));
     return status.ok();
@@ -158,6 +175,18 @@ OvFirstBreaks tst_FirstBreak::storedBreaks(int gather) const
         !file.read(document()->index()->gatherTraces(gather), &breaks))
         return {};
     return breaks;
+}
+
+// How many of the picks of the gather on the screen are where the line has its first breaks.
+int tst_FirstBreak::nearTruth(const OvFirstBreaks& breaks) const
+{
+    int near = 0;
+    for (int row = 0; row < breaks.size(); ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        const float offset = std::abs(canvas()->gather()->headers[at].offset);
+        near += std::abs(breaks.timesMs[at] - SegyWriter::firstBreakMs(offset)) < 12.0 ? 1 : 0;
+    }
+    return near;
 }
 
 void tst_FirstBreak::takesInTheWindowsExportActions()
@@ -482,12 +511,175 @@ void tst_FirstBreak::picksTheGatherShownInOneStep()
     QTRY_VERIFY(storedBreaks(1).pickedCount() > 12);
     QCOMPARE(storedBreaks(1).timesMs[7], 333.0F);
     QVERIFY(storedBreaks(0).isEmpty());
-    QVERIFY(PluginSession::actionJobs().isEmpty());
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QVERIFY(PluginSession::actionJobs().last()->message().startsWith(
+        QLatin1String("Picked traces of the gather: ")));
+    QCOMPARE(document()->pickHistory()->stack()->undoText(), QStringLiteral("Pick This Gather"));
     m_session->lastView()->undoPickEdit();
     QCOMPARE(storedBreaks(1).pickedCount(), 1);
     QCOMPARE(storedBreaks(1).timesMs[7], 333.0F);
     m_session->lastView()->redoPickEdit();
     QVERIFY(storedBreaks(1).pickedCount() > 12);
+}
+
+void tst_FirstBreak::thisGatherInTheDialogIsOneStep()
+{
+    QVERIFY(openLine(2));
+    QVERIFY(showView());
+    QVERIFY(document()->pickHistory()->edit(0, {OvTracePick::manual(7, 333.0)}, "pick"));
+    QDialog* dialog = openPickDialog();
+    dialog->findChild<QRadioButton*>(QStringLiteral("thisGather"))->setChecked(true);
+    dialog->findChild<QCheckBox*>(QStringLiteral("keepManualPicks"))->setChecked(false);
+    accept(dialog);
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QCOMPARE(document()->firstBreaks(0).states[7], OvPickState::Automatic);
+    QCOMPARE(document()->pickHistory()->stack()->count(), 2);
+    m_session->lastView()->undoPickEdit();
+    QCOMPARE(storedBreaks(0).pickedCount(), 1);
+    QCOMPARE(storedBreaks(0).states[7], OvPickState::Manual);
+    QCOMPARE(storedBreaks(0).timesMs[7], 333.0F);
+    QCOMPARE(document()->firstBreaks(0).pickedCount(), 1);
+}
+
+void tst_FirstBreak::picksAndPreviewsInEveryOrder_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("gather");
+    QTest::newRow("source") << static_cast<int>(OvGatherKey::Source) << 3;
+    QTest::newRow("receiver") << static_cast<int>(OvGatherKey::Receiver) << 12;
+    QTest::newRow("offset") << static_cast<int>(OvGatherKey::OffsetBin) << 2;
+    QTest::newRow("record, sorted") << static_cast<int>(OvGatherKey::FieldRecord) << 5;
+}
+
+void tst_FirstBreak::picksAndPreviewsInEveryOrder()
+{
+    QFETCH(int, key);
+    QFETCH(int, gather);
+    QVERIFY(openLine(30));
+    QVERIFY(showView());
+    OvGatherViewController* view = m_session->lastView();
+    OvGatherOrder order;
+    order.key = static_cast<OvGatherKey>(key);
+    order.sort = OvGatherSort::AbsoluteOffset;
+    order.descending = true;
+    view->setGatherOrder(order);
+    QTRY_VERIFY(view->gatherIndex()->order() == order && view->isShowingData());
+    view->setCurrentGather(gather);
+    QTRY_VERIFY(view->isShowingData());
+    const std::vector<qint64> traces = view->gatherIndex()->gatherTraces(gather);
+    const auto count = static_cast<int>(traces.size());
+    QVERIFY(count >= 12);
+
+    QDialog* dialog = openPickDialog();
+    dialog->findChild<QCheckBox*>(QStringLiteral("preview"))->setChecked(true);
+    QTRY_VERIFY(!canvas()->previewPicks().isEmpty());
+    QVERIFY2(nearTruth(canvas()->previewPicks()) >= 8 * count / 10,
+             qPrintable(QString::number(nearTruth(canvas()->previewPicks()))));
+    dialog->reject();
+    QVERIFY(canvas()->previewPicks().isEmpty());
+
+    QVERIFY(document()->pickHistory()->edit(std::vector<qint64>{traces[4]},
+                                            {OvTracePick::manual(0, 333.0)}, "pick"));
+    PluginSession::action(m_menu, "actionPick_Gather")->trigger();
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    const OvFirstBreaks picked = document()->firstBreaksOf(traces);
+    QVERIFY2(nearTruth(picked) >= 8 * count / 10 - 1,
+             qPrintable(QString::number(nearTruth(picked))));
+    QCOMPARE(picked.timesMs[4], 333.0F);
+    int all = 0;
+    for (int record = 0; record < 30; ++record)
+        all += storedBreaks(record).pickedCount();
+    QCOMPARE(all, picked.pickedCount());
+    QCOMPARE(canvas()->firstBreaks().pickedCount(), all);
+    view->undoPickEdit();
+    QCOMPARE(document()->firstBreaksOf(traces).pickedCount(), 1);
+}
+
+void tst_FirstBreak::aCancelledGatherIsNotPicked()
+{
+    QVERIFY(openLine(1, 2000, 2000));
+    QVERIFY(showView());
+    PluginSession::action(m_menu, "actionPick_Gather")->trigger();
+    const QPointer<OvAbstractJob> first = PluginSession::actionJobs().last();
+    QVERIFY(first->isRunning());
+    // Asking again takes the place of what is not done yet.
+    PluginSession::action(m_menu, "actionPick_Gather")->trigger();
+    QTRY_VERIFY(!first);
+    OvAbstractJob* second = PluginSession::actionJobs().last();
+    QVERIFY(second->isRunning());
+    second->requestCancel();
+    QElapsedTimer sinceCancel;
+    sinceCancel.start();
+    QTRY_COMPARE(second->state(), OvAbstractJob::Cancelled);
+    QVERIFY2(sinceCancel.elapsed() < 3000, qPrintable(QString::number(sinceCancel.elapsed())));
+    QVERIFY(storedBreaks(0).isEmpty());
+    QCOMPARE(document()->pickHistory()->stack()->count(), 0);
+}
+
+void tst_FirstBreak::picksAGatherWhileARunIsAtWork()
+{
+    QVERIFY(openLine(200, 48, 500));
+    QVERIFY(showView());
+    OvAbstractJob* run = startPicking();
+    m_session->lastView()->setCurrentGather(12);
+    PluginSession::action(m_menu, "actionPick_Gather")->trigger();
+    QCOMPARE(PluginSession::actionJobs().size(), 2);
+    OvAbstractJob* one = PluginSession::actionJobs().last();
+    QTRY_COMPARE_WITH_TIMEOUT(one->state(), OvAbstractJob::Finished, 20000);
+    QVERIFY(document()->firstBreaks(12).pickedCount() > 24);
+    QCOMPARE(document()->pickHistory()->stack()->count(), 1);
+    QVERIFY(run->isRunning());
+    run->requestCancel();
+    QTRY_VERIFY(!run->isRunning());
+}
+
+// Field records of one trace each: the shot walks away from one receiver.
+void tst_FirstBreak::picksAWalkawayAcrossItsRecords()
+{
+    SegyWriter writer;
+    writer.sampleCount = 500;
+    for (int record = 0; record < 40; ++record)
+        writer.addShot(500 + (record * 17) % 40, -10.0 * record, 1, 10.0);
+    QVERIFY(writer.write(m_session->path(QStringLiteral("line.sgy"))));
+    QVERIFY(openFile());
+    QVERIFY(showView());
+    OvGatherViewController* view = m_session->lastView();
+    QTRY_COMPARE(view->gatherCount(), 1);
+    QTRY_VERIFY(canvas()->gather() && canvas()->gather()->traceCount() == 40);
+    QDialog* dialog = openPickDialog();
+    dialog->findChild<QCheckBox*>(QStringLiteral("preview"))->setChecked(true);
+    QTRY_VERIFY(nearTruth(canvas()->previewPicks()) >= 36);
+    dialog->reject();
+    PluginSession::action(m_menu, "actionPick_Gather")->trigger();
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    QVERIFY(nearTruth(storedBreaks(0)) >= 36);
+    view->undoPickEdit();
+    QCOMPARE(storedBreaks(0).pickedCount(), 0);
+    OvAbstractJob* job = startPicking();
+    QTRY_COMPARE(job->state(), OvAbstractJob::Finished);
+    QVERIFY(nearTruth(storedBreaks(0)) >= 36);
+}
+
+void tst_FirstBreak::picksARecordedWalkaway()
+{
+    const QDir data(QString::fromLocal8Bit(qgetenv("TARNPICK_TEST_DATA")));
+    const QString source = data.filePath(QStringLiteral("gathers/walkaway_9B.sgy"));
+    if (!qEnvironmentVariableIsSet("TARNPICK_TEST_DATA") || !QFileInfo::exists(source))
+        QSKIP("Without TARNPICK_TEST_DATA there are no recordings.");
+    QVERIFY(QFile::copy(source, m_session->path(QStringLiteral("line.sgy"))));
+    QVERIFY(openFile());
+    QVERIFY(showView());
+    PluginSession::action(m_menu, "actionPick_Gather")->trigger();
+    QTRY_COMPARE(PluginSession::actionJobs().last()->state(), OvAbstractJob::Finished);
+    const OvFirstBreaks breaks = storedBreaks(0);
+    QCOMPARE(breaks.size(), 29);
+    QVERIFY2(breaks.pickedCount() >= 15, qPrintable(QString::number(breaks.pickedCount())));
+    // At the near offsets the arrival can be seen on each trace: it comes at 6 to 10 ms, later with
+    // every step.
+    for (std::size_t row = 1; row < 7; ++row) {
+        QVERIFY(breaks.timesMs[row] > breaks.timesMs[row - 1]);
+        QVERIFY(breaks.timesMs[row] > 6.0F && breaks.timesMs[row] < 10.0F);
+    }
 }
 
 void tst_FirstBreak::closingTheProjectEndsTheRun()

@@ -28,6 +28,7 @@ private slots:
     void measuresGapsAlongACableThatPassesTheShot();
     void looksForNeighboursOnTheCable();
     void takesSidesFromTheSourcesOfOneReceiver();
+    void runsAlongTheLineInACommonOffset();
 };
 
 namespace {
@@ -220,6 +221,26 @@ void tst_OvTraceChain::takesSidesFromTheSourcesOfOneReceiver()
     }
     // Sources up the line have their receiver on the other side.
     QVERIFY((rowsOf(gather) == std::vector<int>{3, 2, 1, 0}));
+}
+
+void tst_OvTraceChain::runsAlongTheLineInACommonOffset()
+{
+    // Offsets of 25 m to 50 m of both signs, 40 m from trace to trace, from the far end on.
+    OvGather gather = gatherOf({25, -40, 50, -30, 35, 45});
+    for (std::size_t i = 0; i < 6; ++i) {
+        const double middle = 700.0 - 40.0 * static_cast<double>(i);
+        const double offset = static_cast<double>(gather.headers[i].offset);
+        gather.headers[i].sourceX = middle - 0.5 * offset;
+        gather.headers[i].receiverX = middle + 0.5 * offset;
+    }
+    OvTraceChain chain = OvTraceChain::of(gather);
+    // Along the way from the first receiver to the farthest.
+    QVERIFY((chain.rows == std::vector<int>{0, 1, 2, 3, 4, 5}));
+    QVERIFY(chain.hasOffsets);
+    QCOMPARE(chain.away, std::vector<int>(6, 0));
+    // With a wide range of offsets it is no common offset: by offset.
+    gather.headers[3].offset = -330.0F;
+    QCOMPARE(OvTraceChain::of(gather).rows.front(), 3);
 }
 
 QTEST_GUILESS_MAIN(tst_OvTraceChain)
