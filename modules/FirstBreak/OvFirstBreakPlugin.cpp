@@ -232,17 +232,16 @@ void OvFirstBreakPlugin::askForPicking()
 OvPickJob::Options OvFirstBreakPlugin::gatherShown(const OvGatherViewController& view)
 {
     OvPickJob::Options options;
-    options.gathers = view.gatherIndex();
-    if (view.currentGather() < options.gathers->gatherCount())
-        options.gather = view.currentGather();
+    options.gather = view.currentGather();
+    // Before anything is known of the file it is the first one of the document's.
+    if (options.gather < view.gatherIndex()->gatherCount())
+        options.gathers = view.gatherIndex();
     return options;
 }
 
 void OvFirstBreakPlugin::connectPreview(OvPickDlg* dialog, OvGatherViewController* view,
                                         const OvPickJob::Options& shown)
 {
-    if (shown.gather < 0)
-        return;
     auto* picker = new OvPreviewPicker(view->document(), shown.gathers, shown.gather, dialog);
     connect(dialog, &OvPickDlg::previewRequested, picker, &OvPreviewPicker::pick);
     connect(picker, &OvPreviewPicker::picked, view, &OvGatherViewController::setPreviewPicks);
@@ -263,8 +262,7 @@ void OvFirstBreakPlugin::pickGather()
         return;
     OvPickJob::Options options = gatherShown(*view);
     options.define = OvPickDlg::savedDefine(OvProjectManager::instance().define().id);
-    if (options.gather >= 0)
-        pick(options, view->document());
+    pick(options, view->document());
 }
 
 void OvFirstBreakPlugin::pick(const OvPickJob::Options& options,

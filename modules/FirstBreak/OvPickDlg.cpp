@@ -1,6 +1,6 @@
 #include "OvPickDlg.h"
 
-#include "OvPickGuideWidget.h"
+#include "OvPickGuideFields.h"
 #include "OvPickPanel.h"
 
 #include "OvBase/OvBaseUtil.h"
@@ -57,7 +57,7 @@ OvPickDefine OvPickDlg::savedDefine(int projectId)
 void OvPickDlg::makeFields()
 {
     m_panel = new OvPickFBDefineWidget(this);
-    m_guide = new OvPickGuideWidget(this);
+    m_guide = new OvPickGuideFields(m_panel->grid(), this);
     m_all = named(new QRadioButton(this), "allGathers");
     m_all->setChecked(true);
     m_one = named(new QRadioButton(this), "thisGather");
@@ -83,7 +83,6 @@ void OvPickDlg::layOut()
     scope->addWidget(m_preview);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_panel);
-    layout->addWidget(m_guide);
     layout->addLayout(scope);
     layout->addWidget(m_buttons);
 }
@@ -135,6 +134,7 @@ void OvPickDlg::changeEvent(QEvent* event)
 
 void OvPickDlg::retranslate()
 {
+    m_guide->retranslate();
     setWindowTitle(tr("Automatic Picking"));
     m_all->setText(tr("&All gathers"));
     m_one->setText(tr("&This gather"));

@@ -7,7 +7,7 @@
 #include <QTimer>
 
 class OvPickFBDefineWidget;
-class OvPickGuideWidget;
+class OvPickGuideFields;
 class QAbstractButton;
 class QCheckBox;
 class QDialogButtonBox;
@@ -69,7 +69,7 @@ private:
     QString m_gatheringText;
     bool m_resume = false;
     OvPickFBDefineWidget* m_panel = nullptr;
-    OvPickGuideWidget* m_guide = nullptr;
+    OvPickGuideFields* m_guide = nullptr;
     QRadioButton* m_all = nullptr;
     QRadioButton* m_one = nullptr;
     QCheckBox* m_keepManual = nullptr;

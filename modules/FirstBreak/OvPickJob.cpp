@@ -71,8 +71,11 @@ void OvPickJob::placeGather(OvPickWork::Order* order) const
     const std::vector<qint64> traces = order->gathers->gatherTraces(order->gather);
     if (traces.empty() || !order->gathers->order().isDefault())
         return;
+    const int gather = order->index->gatherOfTrace(traces.front());
+    if (gather < 0)
+        return;
     order->gathers = order->index;
-    order->gather = order->index->gatherOfTrace(traces.front());
+    order->gather = gather;
 }
 
 OvDocumentJob::Work OvPickJob::makeWork()

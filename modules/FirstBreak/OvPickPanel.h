@@ -8,7 +8,7 @@ namespace OvPickPanel {
 
 OvPickParameters parametersOf(const OvPickFBDefine& define);
 OvPickFBDefine defineOf(const OvPickParameters& parameters);
-/// Object name of the panel's field for a parameter, by the name in text input.
+/// Object name of the panel's field for a parameter, by the name in text input; empty for others.
 QString fieldOf(const QString& parameter);
 
 } // namespace OvPickPanel

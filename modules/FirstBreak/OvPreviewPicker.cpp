@@ -94,6 +94,7 @@ void OvPreviewPicker::pick(const OvPickDefine& define)
     m_cancel = cancelled;
     OvPickWork::Order order;
     order.segy = &m_document->file();
+    order.index = m_document->index();
     order.gathers = m_gathers;
     order.firstBreakPath = m_document->firstBreakPath();
     order.define = define;

@@ -17,7 +17,7 @@ class OvPreviewPicker : public QObject
     Q_OBJECT
 
 public:
-    /// gather is one of gathers, which may be in any order.
+    /// gather is one of gathers, which may be in any order; of the document's own without any.
     OvPreviewPicker(const QSharedPointer<OvSegyDocument>& document,
                     std::shared_ptr<const OvSegyIndex> gathers, int gather,
                     QObject* parent = nullptr);

@@ -180,7 +180,7 @@
     </message>
 </context>
 <context>
-    <name>OvPickGuideWidget</name>
+    <name>OvPickGuideFields</name>
     <message>
         <source>P&amp;hase</source>
         <translation>相位(&amp;H)</translation>

@@ -50,3 +50,8 @@ QAbstractButton* OvPickFBDefineWidget::saveButton() const
 {
     return ui->btnSave;
 }
+
+QGridLayout* OvPickFBDefineWidget::grid() const
+{
+    return ui->gridLayout;
+}

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class QAbstractButton;
+class QGridLayout;
 
 namespace Ui {
 class OvPickFBDefineWidget;
@@ -42,6 +43,9 @@ public:
 
     QAbstractButton* defaultButton() const;
     QAbstractButton* saveButton() const;
+    /// For rows of other fields below its own: on the left labels, fields and units stand in the
+    /// columns 0, 1 and 2, on the right in 4 and 5, 6 and 7, 8 and 9.
+    QGridLayout* grid() const;
 
 private:
     QScopedPointer<Ui::OvPickFBDefineWidget> ui;

@@ -63,6 +63,9 @@ private slots:
     void deletingTheViewLeavesTheRunAlone();
     void namesTheParameterThatDoesNotFit();
     void savesTheParametersWithTheProject();
+    void everyFieldOfThePanelIsAParameter();
+    void fieldsStandInTheColumnsOfThePanel_data();
+    void fieldsStandInTheColumnsOfThePanel();
     void exportsText();
     void exportsEmptyCellsWithoutPicks();
     void reportsAnExportThatFails();
@@ -121,6 +124,8 @@ void tst_FirstBreak::init()
 
 void tst_FirstBreak::cleanup()
 {
+    OvTranslator::instance().setSessionLanguage(OvTranslator::English);
+    m_module->changeLanguage();
     m_session.reset();
     const auto noJobs = [] { return PluginSession::actionJobs().isEmpty(); };
     const bool ended = QTest::qWaitFor(noJobs);
@@ -272,6 +277,10 @@ void tst_FirstBreak::readsHeadersThatWereGivenUp()
     QSignalSpy failed(document().data(), &OvSegyDocument::indexFailed);
     QVERIFY(failed.wait());
     QVERIFY(!document()->isIndexComplete());
+    // The gather on the screen can be chosen before it is known.
+    QDialog* dialog = openPickDialog();
+    QVERIFY(dialog->findChild<QRadioButton*>(QStringLiteral("thisGather"))->isEnabled());
+    dialog->reject();
     const QPointer<OvAbstractJob> job(startPicking());
     QVERIFY(job);
     QTRY_VERIFY_WITH_TIMEOUT(document()->isIndexComplete() && (!job || !job->isRunning()), 30000);
@@ -754,6 +763,99 @@ void tst_FirstBreak::savesTheParametersWithTheProject()
     m_session->activate(m_session->lastView());
     dialog = openPickDialog();
     QCOMPARE(dialog->findChild<QSpinBox*>(QStringLiteral("sbMaxOff"))->value(), 0);
+    dialog->reject();
+    QTRY_VERIFY(!dialog);
+}
+
+// Each field of the panel alone changes the parameter of its name, there and back.
+void tst_FirstBreak::everyFieldOfThePanelIsAParameter()
+{
+    QVERIFY(openLine(1));
+    const QMap<QString, QString> fields = {
+        {"processing_length_ms", "sbProl"}, {"quick_window_ms", "sbQwin"},
+        {"tuning_window_ms", "sbBwin"},     {"min_offset_m", "sbMinOff"},
+        {"max_offset_m", "sbMaxOff"},       {"amplitude_threshold", "dbFBAmp"},
+        {"snr_threshold", "dbSNR"},         {"total_shots", "sbShots"},
+        {"shot_increment", "sbShotStep"},
+    };
+    const int project = OvProjectManager::instance().define().id;
+    QPointer<QDialog> dialog = openPickDialog();
+    int value = 900; // the processing length first, which the windows may not exceed
+    for (const char* name : {"processing_length_ms", "quick_window_ms", "tuning_window_ms",
+                             "min_offset_m", "max_offset_m", "total_shots", "shot_increment"})
+        dialog->findChild<QSpinBox*>(fields.value(QLatin1String(name)))
+            ->setValue(QLatin1String(name) == QLatin1String("max_offset_m") ? 5000 : value--);
+    for (const char* name : {"amplitude_threshold", "snr_threshold"})
+        dialog->findChild<QDoubleSpinBox*>(fields.value(QLatin1String(name)))
+            ->setValue(0.01 * value--);
+    dialog->findChild<QComboBox*>(QStringLiteral("polarity_2"))->setCurrentIndex(0);
+    dialog->findChild<QPushButton*>(QStringLiteral("btnSave"))->click();
+    const QVariantMap stored = OvBaseUtil::projectValue(project, "pickParameters").toMap();
+    QCOMPARE(stored.value(QStringLiteral("polarity")).toString(), QStringLiteral("negative"));
+    dialog->reject();
+    QTRY_VERIFY(!dialog);
+    dialog = openPickDialog();
+    for (auto field = fields.begin(); field != fields.end(); ++field) {
+        const double saved = stored.value(field.key()).toDouble();
+        QVERIFY2(saved > 1.0, qPrintable(field.key()));
+        const auto* box = dialog->findChild<QWidget*>(field.value());
+        QCOMPARE(box->property("value").toDouble(), saved);
+    }
+    QCOMPARE(dialog->findChild<QComboBox*>(QStringLiteral("polarity_2"))->currentIndex(), 0);
+    dialog->reject();
+    QTRY_VERIFY(!dialog);
+}
+
+void tst_FirstBreak::fieldsStandInTheColumnsOfThePanel_data()
+{
+    QTest::addColumn<bool>("chinese");
+    QTest::addColumn<double>("fontScale");
+    QTest::newRow("English") << false << 1.0;
+    QTest::newRow("English, 150 %") << false << 1.5;
+    QTest::newRow("Chinese") << true << 1.0;
+    QTest::newRow("Chinese, 150 %") << true << 1.5;
+}
+
+void tst_FirstBreak::fieldsStandInTheColumnsOfThePanel()
+{
+    QFETCH(bool, chinese);
+    QFETCH(double, fontScale);
+    QVERIFY(openLine(1));
+    QVERIFY(showView());
+    OvTranslator::instance().setSessionLanguage(chinese ? OvTranslator::Chinese
+                                                        : OvTranslator::English);
+    m_module->changeLanguage();
+    QPointer<QDialog> dialog = openPickDialog();
+    QVERIFY(dialog->findChild<QWidget*>(QStringLiteral("thisGather"))->isEnabled());
+    QFont font = dialog->font();
+    font.setPointSizeF(font.pointSizeF() * fontScale);
+    dialog->setFont(font);
+    dialog->adjustSize();
+    QTRY_VERIFY(dialog->isVisible());
+    const auto leftOf = [&](const char* name) {
+        const auto* widget = dialog->findChild<QWidget*>(QLatin1String(name));
+        return widget->mapTo(dialog, QPoint(0, 0)).x();
+    };
+    for (const char* name : {"phase", "guide"}) {
+        QCOMPARE(leftOf(name), leftOf("sbShotStep"));
+        QCOMPARE(leftOf(qPrintable(QStringLiteral("label_") + name)), leftOf("label_11"));
+    }
+    for (const char* name : {"min_confidence", "velocity", "intercept"}) {
+        QCOMPARE(leftOf(name), leftOf("dbSNR"));
+        QCOMPARE(leftOf(qPrintable(QStringLiteral("label_") + name)), leftOf("label_19"));
+    }
+    // Whoever fills them in goes through them row by row.
+    const QStringList rows = {QStringLiteral("sbShotStep"),     QStringLiteral("phase"),
+                              QStringLiteral("min_confidence"), QStringLiteral("guide"),
+                              QStringLiteral("velocity"),       QStringLiteral("intercept")};
+    QStringList visited;
+    const auto* first = dialog->findChild<QWidget*>(rows.front());
+    for (const QWidget* next = first; visited.isEmpty() || next != first;
+         next = next->nextInFocusChain()) {
+        if (rows.contains(next->objectName()))
+            visited += next->objectName();
+    }
+    QCOMPARE(visited, rows);
     dialog->reject();
     QTRY_VERIFY(!dialog);
 }

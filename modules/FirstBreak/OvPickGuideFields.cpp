@@ -1,22 +1,20 @@
-#include "OvPickGuideWidget.h"
+#include "OvPickGuideFields.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 
-OvPickGuideWidget::OvPickGuideWidget(QWidget* parent)
-    : QWidget(parent)
+OvPickGuideFields::OvPickGuideFields(QGridLayout* grid, QObject* parent)
+    : QObject(parent)
+    , m_grid(grid)
 {
-    setObjectName(QStringLiteral("OvPickGuideWidget"));
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    m_phase = addField<QComboBox>(grid, "phase", 0, 0);
-    m_confidence = addField<QDoubleSpinBox>(grid, "min_confidence", 0, 2);
-    m_guide = addField<QComboBox>(grid, "guide", 1, 0);
-    m_velocity = addField<QDoubleSpinBox>(grid, "velocity", 1, 2);
-    m_intercept = addField<QDoubleSpinBox>(grid, "intercept", 2, 2);
+    const int row = grid->rowCount();
+    m_phase = addField<QComboBox>("phase", row, Side::Left);
+    m_confidence = addField<QDoubleSpinBox>("min_confidence", row, Side::Right);
+    m_guide = addField<QComboBox>("guide", row + 1, Side::Left);
+    m_velocity = addField<QDoubleSpinBox>("velocity", row + 1, Side::Right);
+    m_intercept = addField<QDoubleSpinBox>("intercept", row + 2, Side::Right);
     makeRanges();
     retranslate();
     connect(m_guide, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
@@ -25,22 +23,24 @@ OvPickGuideWidget::OvPickGuideWidget(QWidget* parent)
     enableFields();
 }
 
-OvPickGuideWidget::~OvPickGuideWidget() = default;
+OvPickGuideFields::~OvPickGuideFields() = default;
 
 template <typename Field>
-Field* OvPickGuideWidget::addField(QGridLayout* grid, const char* name, int row, int column)
+Field* OvPickGuideFields::addField(const char* name, int row, Side side)
 {
-    auto* field = new Field(this);
+    // As the panel has them: a label, a field and its unit on either side of a spacer.
+    const bool isLeft = side == Side::Left;
+    auto* field = new Field(m_grid->parentWidget());
     field->setObjectName(QLatin1String(name));
-    auto* text = new QLabel(this);
+    auto* text = new QLabel(m_grid->parentWidget());
     text->setObjectName(QStringLiteral("label_") + QLatin1String(name));
     text->setBuddy(field);
-    grid->addWidget(text, row, column);
-    grid->addWidget(field, row, column + 1);
+    m_grid->addWidget(text, row, isLeft ? 0 : 4, 1, isLeft ? 1 : 2);
+    m_grid->addWidget(field, row, isLeft ? 1 : 6, 1, 2);
     return field;
 }
 
-void OvPickGuideWidget::makeRanges()
+void OvPickGuideFields::makeRanges()
 {
     m_confidence->setRange(0.0, 1.0);
     m_confidence->setSingleStep(0.05);
@@ -58,13 +58,15 @@ void OvPickGuideWidget::makeRanges()
         m_guide->addItem(QString(), static_cast<int>(guide));
 }
 
-void OvPickGuideWidget::label(QWidget* field, const QString& text, const QString& toolTip)
+void OvPickGuideFields::label(QWidget* field, const QString& text, const QString& toolTip)
 {
-    findChild<QLabel*>(QStringLiteral("label_") + field->objectName())->setText(text);
+    m_grid->parentWidget()
+        ->findChild<QLabel*>(QStringLiteral("label_") + field->objectName())
+        ->setText(text);
     field->setToolTip(toolTip);
 }
 
-void OvPickGuideWidget::retranslate()
+void OvPickGuideFields::retranslate()
 {
     label(m_phase, tr("P&hase"), tr("The point of the first arrival that is picked"));
     m_phase->setItemText(0, tr("Onset"));
@@ -88,14 +90,7 @@ void OvPickGuideWidget::retranslate()
     m_intercept->setSuffix(tr(" ms"));
 }
 
-void OvPickGuideWidget::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
-}
-
-void OvPickGuideWidget::enableFields()
+void OvPickGuideFields::enableFields()
 {
     const bool byVelocity =
         m_guide->currentData().toInt() == static_cast<int>(OvPickDefine::Guide::Velocity);
@@ -103,7 +98,7 @@ void OvPickGuideWidget::enableFields()
     m_intercept->setEnabled(byVelocity);
 }
 
-void OvPickGuideWidget::showValues(const OvPickDefine& define)
+void OvPickGuideFields::showValues(const OvPickDefine& define)
 {
     m_phase->setCurrentIndex(m_phase->findData(static_cast<int>(define.phase)));
     m_guide->setCurrentIndex(m_guide->findData(static_cast<int>(define.guide)));
@@ -112,7 +107,7 @@ void OvPickGuideWidget::showValues(const OvPickDefine& define)
     m_intercept->setValue(define.interceptMs);
 }
 
-void OvPickGuideWidget::readValues(OvPickDefine* define) const
+void OvPickGuideFields::readValues(OvPickDefine* define) const
 {
     define->phase = static_cast<OvPickPhase>(m_phase->currentData().toInt());
     define->guide = static_cast<OvPickDefine::Guide>(m_guide->currentData().toInt());

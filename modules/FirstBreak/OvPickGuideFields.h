@@ -2,37 +2,38 @@
 
 #include "OvSeismic/picking/OvPickDefine.h"
 
-#include <QWidget>
+#include <QObject>
 
 class QComboBox;
 class QDoubleSpinBox;
 class QGridLayout;
 class QLabel;
+class QWidget;
 
 /// What is picked, how sure a pick must be, and what guides the search: the fields of OvPickDefine
 /// beyond the ten parameters. The fields bear the parameters' names.
-class OvPickGuideWidget : public QWidget
+class OvPickGuideFields : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit OvPickGuideWidget(QWidget* parent = nullptr);
-    ~OvPickGuideWidget() override;
+    /// Puts the fields below the rows of the parameter panel, in its columns.
+    explicit OvPickGuideFields(QGridLayout* grid, QObject* parent = nullptr);
+    ~OvPickGuideFields() override;
 
     void showValues(const OvPickDefine& define);
     void readValues(OvPickDefine* define) const;
-
-protected:
-    void changeEvent(QEvent* event) override;
+    void retranslate();
 
 private:
+    enum class Side { Left, Right };
     template <typename Field>
-    Field* addField(QGridLayout* grid, const char* name, int row, int column);
+    Field* addField(const char* name, int row, Side side);
     void makeRanges();
-    void retranslate();
     void label(QWidget* field, const QString& text, const QString& toolTip);
     void enableFields();
 
+    QGridLayout* m_grid;
     QComboBox* m_phase = nullptr;
     QComboBox* m_guide = nullptr;
     QDoubleSpinBox* m_confidence = nullptr;
