@@ -129,6 +129,8 @@ void OvPickDlg::changeEvent(QEvent* event)
         retranslate();
         followValues();
     }
+    if (event->type() == QEvent::FontChange && m_guide)
+        m_guide->fitWidths();
     OvDialog::changeEvent(event);
 }
 

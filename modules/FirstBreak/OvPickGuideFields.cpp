@@ -28,7 +28,8 @@ OvPickGuideFields::~OvPickGuideFields() = default;
 template <typename Field>
 Field* OvPickGuideFields::addField(const char* name, int row, Side side)
 {
-    // As the panel has them: a label, a field and its unit on either side of a spacer.
+    // As the panel has them: a label, a field and its unit on either side of a spacer, on which
+    // choices, wider than numbers, may lean.
     const bool isLeft = side == Side::Left;
     auto* field = new Field(m_grid->parentWidget());
     field->setObjectName(QLatin1String(name));
@@ -36,7 +37,10 @@ Field* OvPickGuideFields::addField(const char* name, int row, Side side)
     text->setObjectName(QStringLiteral("label_") + QLatin1String(name));
     text->setBuddy(field);
     m_grid->addWidget(text, row, isLeft ? 0 : 4, 1, isLeft ? 1 : 2);
-    m_grid->addWidget(field, row, isLeft ? 1 : 6, 1, 2);
+    if (isLeft)
+        m_grid->addWidget(field, row, 1, 1, 3, Qt::AlignLeft);
+    else
+        m_grid->addWidget(field, row, 6, 1, 2);
     return field;
 }
 
@@ -84,10 +88,18 @@ void OvPickGuideFields::retranslate()
     m_guide->setItemText(3, tr("Previous gather"));
     m_guide->setItemData(2, tr("Picks made by hand, and the automatic ones beside them"),
                          Qt::ToolTipRole);
+    fitWidths();
     label(m_velocity, tr("&Velocity"), tr("Velocity of the first arrival, m/s"));
     m_velocity->setSuffix(tr(" m/s"));
     label(m_intercept, tr("&Intercept"), tr("Time of the first arrival at offset 0, ms"));
     m_intercept->setSuffix(tr(" ms"));
+}
+
+void OvPickGuideFields::fitWidths()
+{
+    const int width = qMax(m_phase->sizeHint().width(), m_guide->sizeHint().width());
+    m_phase->setMinimumWidth(width);
+    m_guide->setMinimumWidth(width);
 }
 
 void OvPickGuideFields::enableFields()

@@ -24,6 +24,8 @@ public:
     void showValues(const OvPickDefine& define);
     void readValues(OvPickDefine* define) const;
     void retranslate();
+    /// Makes the choices equally wide again, after a change of font.
+    void fitWidths();
 
 private:
     enum class Side { Left, Right };

@@ -844,6 +844,8 @@ void tst_FirstBreak::fieldsStandInTheColumnsOfThePanel()
         QCOMPARE(leftOf(name), leftOf("dbSNR"));
         QCOMPARE(leftOf(qPrintable(QStringLiteral("label_") + name)), leftOf("label_19"));
     }
+    QCOMPARE(dialog->findChild<QWidget*>(QStringLiteral("phase"))->width(),
+             dialog->findChild<QWidget*>(QStringLiteral("guide"))->width());
     // Whoever fills them in goes through them row by row.
     const QStringList rows = {QStringLiteral("sbShotStep"),     QStringLiteral("phase"),
                               QStringLiteral("min_confidence"), QStringLiteral("guide"),
