@@ -98,14 +98,12 @@ QLabel* OvSegyDisplayBar::addLabel(QGridLayout* grid, int row, int column, QWidg
 
 void OvSegyDisplayBar::connectFields()
 {
-    const auto indexChanged =
-        static_cast<void (QComboBox::*)(int)>(&QComboBox::currentIndexChanged);
     for (QComboBox* box : {m_mode, m_scaling, m_colors})
-        connect(box, indexChanged, this, &OvSegyDisplayBar::store);
-    connect(m_gain, static_cast<void (QDoubleSpinBox::*)(double)>(&QDoubleSpinBox::valueChanged),
-            this, &OvSegyDisplayBar::store);
-    connect(m_agc, static_cast<void (QSpinBox::*)(int)>(&QSpinBox::valueChanged), this,
+        connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+                &OvSegyDisplayBar::store);
+    connect(m_gain, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &OvSegyDisplayBar::store);
+    connect(m_agc, QOverload<int>::of(&QSpinBox::valueChanged), this, &OvSegyDisplayBar::store);
     connect(m_reverse, &QCheckBox::toggled, this, &OvSegyDisplayBar::store);
     const OvProjectManager* manager = &OvProjectManager::instance();
     connect(manager, &OvProjectManager::displayDefineChanged, this, &OvSegyDisplayBar::reset);
@@ -130,8 +128,19 @@ void OvSegyDisplayBar::retranslate()
     m_gain->setSuffix(tr(" dB"));
     m_agc->setSuffix(tr(" ms"));
     m_agc->setSpecialValueText(tr("off"));
+    retranslateToolTips();
+}
+
+void OvSegyDisplayBar::retranslateToolTips()
+{
+    m_mode->setToolTip(tr("How the traces are drawn"));
+    m_scaling->setToolTip(tr("Whether each trace is scaled by itself, or the gather as a whole"));
+    m_colors->setToolTip(tr("Colors of the variable density"));
     m_gain->setToolTip(tr("Gain on top of the scaling"));
     m_agc->setToolTip(tr("Length of the automatic gain control window"));
+    m_reverse->setToolTip(tr("Draws troughs as peaks; data and picks stay as they are"));
+    for (QLabel* label : qAsConst(m_labels))
+        label->setToolTip(label->buddy()->toolTip());
 }
 
 void OvSegyDisplayBar::retranslateLists()

@@ -31,6 +31,7 @@ private:
     void placeFields();
     QLabel* addLabel(QGridLayout* grid, int row, int column, QWidget* field);
     void retranslateLists();
+    void retranslateToolTips();
     void store();
 
     QComboBox* m_mode = nullptr;

@@ -490,7 +490,7 @@ void OvGatherViewController::redoPickEdit()
 
 void OvGatherViewController::toggleRejectedPick()
 {
-    d->desk->tool()->toggleRejected();
+    d->desk->toggleRejected();
 }
 
 void OvGatherViewController::classifyFB()

@@ -351,6 +351,22 @@
         <source>The display settings could not be stored with the project.</source>
         <translation>无法将显示设置保存到项目中。</translation>
     </message>
+    <message>
+        <source>How the traces are drawn</source>
+        <translation>道的显示方式</translation>
+    </message>
+    <message>
+        <source>Whether each trace is scaled by itself, or the gather as a whole</source>
+        <translation>各道分别归一化，或整个道集统一归一化</translation>
+    </message>
+    <message>
+        <source>Colors of the variable density</source>
+        <translation>变密度显示所用的颜色</translation>
+    </message>
+    <message>
+        <source>Draws troughs as peaks; data and picks stay as they are</source>
+        <translation>将波谷显示为波峰；数据和拾取保持不变</translation>
+    </message>
 </context>
 <context>
     <name>OvSegyInfoDlg</name>

@@ -266,6 +266,14 @@
         <source>%1, picks rejected because they look wrong: %2 of %3.</source>
         <translation>%1：%3 个拾取中有 %2 个可能有误，已剔除。</translation>
     </message>
+    <message>
+        <source>No pick is marked. Click a trace, or press Ctrl+Left or Ctrl+Right.</source>
+        <translation>没有选中拾取。请单击一道，或按 Ctrl+左、Ctrl+右选择。</translation>
+    </message>
+    <message>
+        <source>Picks are rejected while they are edited. Choose Edit Picks first.</source>
+        <translation>只能在编辑拾取时剔除拾取。请先选择“编辑拾取”。</translation>
+    </message>
 </context>
 <context>
     <name>OvPickTool</name>

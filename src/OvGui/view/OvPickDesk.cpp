@@ -88,6 +88,15 @@ void OvPickDesk::redo()
     showOutcome(status, trace);
 }
 
+void OvPickDesk::toggleRejected()
+{
+    if (m_tool->toggleRejected())
+        return;
+    emit info(isEditing()
+                  ? tr("No pick is marked. Click a trace, or press Ctrl+Left or Ctrl+Right.")
+                  : tr("Picks are rejected while they are edited. Choose Edit Picks first."));
+}
+
 QString OvPickDesk::summary(int wrong, int picked) const
 {
     const QString name = m_pane->gatherName();

@@ -28,6 +28,8 @@ public:
     void redo();
     /// Rejects the automatic picks of the gather that are probably wrong, and says how many.
     void classify();
+    /// Rejects or restores the pick of the marked trace; says why when there is none.
+    void toggleRejected();
 
 signals:
     void editingChanged(bool editing);

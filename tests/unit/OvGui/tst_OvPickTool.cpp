@@ -140,6 +140,25 @@ private slots:
         QCOMPARE(stateOf(7), OvPickState::Rejected);
     }
 
+    void rejectingNothingSaysWhy()
+    {
+        QSignalSpy info(m_view.get(), &OvAbstractViewController::outputInfo);
+        const auto said = [&info] {
+            return info.isEmpty() ? QString() : info.takeLast().first().toString();
+        };
+        m_view->toggleRejectedPick();
+        QVERIFY(said().startsWith(QLatin1String("No pick is marked.")));
+        m_view->setEditing(false);
+        m_view->toggleRejectedPick();
+        QVERIFY(said().endsWith(QLatin1String("Choose Edit Picks first.")));
+        m_view->setEditing(true);
+        click(5, 80.0);
+        info.clear();
+        m_view->toggleRejectedPick();
+        QCOMPARE(said(), QString());
+        QCOMPARE(stateOf(5), OvPickState::Rejected);
+    }
+
     void undoAndRedoStoreToo()
     {
         click(5, 80.0);

@@ -39,6 +39,7 @@ private slots:
     void showsHeaderTextWithoutMarkup();
     void barShowsAndSetsTheDisplaySettings();
     void barFollowsTheProject();
+    void everyFieldOfTheBarSaysWhatItDoes();
     void barFitsTheToolBar();
     void speaksChinese();
 
@@ -336,6 +337,15 @@ void tst_SegyData::barFollowsTheProject()
     PluginSession other;
     QVERIFY(other.openProject());
     QCOMPARE(field<QDoubleSpinBox>("displayGain")->value(), 0.0);
+}
+
+void tst_SegyData::everyFieldOfTheBarSaysWhatItDoes()
+{
+    const auto fields =
+        m_module->toolBarWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(fields.size() > 6);
+    for (const QWidget* field : fields)
+        QVERIFY2(!field->toolTip().isEmpty(), qPrintable(field->objectName()));
 }
 
 void tst_SegyData::barFitsTheToolBar()
