@@ -69,7 +69,7 @@ inline void BenchSegy::putHeader(qint64 number, char* trace) const
 
 inline void BenchSegy::putSamples(qint64 number, char* out) const
 {
-    for (int sample = 0; sample < samples; ++sample) {
+    for (qint64 sample = 0; sample < samples; ++sample) {
         const auto value = static_cast<int>((sample * 37 + number * 11) % 101 - 50);
         if (format == 8) {
             out[sample] = static_cast<char>(value);

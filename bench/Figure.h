@@ -37,6 +37,15 @@ inline double median(std::vector<double> values)
     return values.size() % 2 ? values[half] : (values[half - 1] + values[half]) / 2;
 }
 
+/// The median of what measure() returns in so many rounds.
+template <typename Measure>
+double medianOf(int rounds, const Measure& measure)
+{
+    std::vector<double> values(static_cast<std::size_t>(rounds));
+    std::generate(values.begin(), values.end(), measure);
+    return median(values);
+}
+
 /// ratio is ours over theirs in the same unit; the goal is met when it is not above. A measurement
 /// that failed is NaN and meets no goal.
 inline bool report(const char* name, double ours, double theirs, double goal,

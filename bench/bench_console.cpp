@@ -73,6 +73,7 @@ double longestSilence(const CustomTextEdit* area)
     pulse.start(0);
     clock.start();
     std::vector<std::thread> workers;
+    workers.reserve(threads);
     for (int t = 0; t < threads; ++t) {
         workers.emplace_back([&running] {
             for (int i = 0; i < loadLines / threads; ++i)

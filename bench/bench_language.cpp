@@ -32,11 +32,9 @@ public:
         if (event->type() != QEvent::LanguageChange || !watched->isWidgetType() ||
             !QByteArray(watched->metaObject()->className()).startsWith("Ov"))
             return false;
-        const QObjectList children = watched->children();
-        for (QObject* child : children) {
-            if (child->isWidgetType())
-                QCoreApplication::sendEvent(child, event);
-        }
+        const auto widgets = watched->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget* widget : widgets)
+            QCoreApplication::sendEvent(widget, event);
         return true;
     }
 };
@@ -78,7 +76,7 @@ bool prepare(const QString& folder)
 {
     BenchSegy line;
     line.tracesPerGather = 24;
-    line.traces = 3 * line.tracesPerGather;
+    line.traces = 3LL * line.tracesPerGather;
     line.samples = 500;
     line.format = 5;
     OvProjectDefine define;

@@ -32,7 +32,7 @@ QString nameOf(int number)
 QString timeOf(int minutes)
 {
     const QDateTime first(QDate(2026, 1, 1), QTime(8, 0), Qt::UTC);
-    return first.addSecs(60 * minutes).toString(Qt::ISODateWithMs);
+    return first.addSecs(60LL * minutes).toString(Qt::ISODateWithMs);
 }
 
 /// Runs work on a connection of its own to the database.
@@ -131,10 +131,8 @@ double paintTime(const QString& path)
     list->setFixedHeight(few * list->sizeHintForRow(0) + 2 * list->frameWidth());
     present(&manage);
     list->scrollTo(list->model()->index(list->model()->rowCount() / 2, 0));
-    std::vector<double> times;
-    for (int i = 0; i < paints; ++i)
-        times.push_back(Figure::timed([list] { list->viewport()->repaint(); }));
-    return Figure::median(times);
+    return Figure::medianOf(
+        paints, [list] { return Figure::timed([list] { list->viewport()->repaint(); }); });
 }
 
 void benchPaint(const QString& manyPath, const QString& fewPath)

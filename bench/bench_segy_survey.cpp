@@ -63,30 +63,27 @@ void reopening(const QString& folder)
     const double first = built ? Figure::milliseconds(clock) : std::nan("");
     if (!cache.save(file, index))
         return;
-    std::vector<double> again;
-    for (int round = 0; round < rounds; ++round)
-        again.push_back(obtainTime(path, cache, &index));
+    const double again = Figure::medianOf(rounds, [&] { return obtainTime(path, cache, &index); });
     const bool complete = index.traceCount() == segy.traces;
-    Figure::report("index_again", complete ? Figure::median(again) : std::nan(""), first,
-                   againstIndexing);
+    Figure::report("index_again", complete ? again : std::nan(""), first, againstIndexing);
     QFile::remove(path);
 }
 
 void pageThrough(OvSegyDocument* document)
 {
     QEventLoop loop;
-    int next = 0;
+    const auto next = std::make_shared<int>(0);
     QObject::connect(document, &OvSegyDocument::gatherLoaded, &loop,
-                     [&](int, const std::shared_ptr<const OvGather>& data) {
-                         if (!data || ++next >= document->gatherCount())
-                             loop.quit();
+                     [document, next, wait = &loop](int, const auto& data) {
+                         if (!data || ++*next >= document->gatherCount())
+                             wait->quit();
                          else
-                             document->requestGather(next);
+                             document->requestGather(*next);
                      });
-    document->requestGather(next);
+    document->requestGather(*next);
     loop.exec();
-    if (next < document->gatherCount())
-        QTextStream(stderr) << "bench_segy_survey: gather " << next << " did not come\n";
+    if (*next < document->gatherCount())
+        QTextStream(stderr) << "bench_segy_survey: gather " << *next << " did not come\n";
 }
 
 void paging(const QString& folder)
@@ -119,7 +116,7 @@ double summaryTime(const QString& path)
     clock.start();
     bool shown = false;
     QTimer close;
-    QObject::connect(&close, &QTimer::timeout, [&] {
+    QObject::connect(&close, &QTimer::timeout, &close, [&] {
         if (QWidget* box = QApplication::activeModalWidget()) {
             shown = true;
             box->close();

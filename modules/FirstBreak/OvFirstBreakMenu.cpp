@@ -39,8 +39,7 @@ OvFirstBreakMenu::OvFirstBreakMenu(QWidget* parent)
     m_pick = addAction(QString(), this, &OvFirstBreakMenu::pickRequested,
                        QKeySequence(QStringLiteral("Ctrl+P")));
     m_pick->setObjectName(QStringLiteral("actionAuto_Pick"));
-    m_pickGather =
-        makeAction("actionPick_Gather", {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P)});
+    m_pickGather = makeAction("actionPick_Gather", {QKeySequence(QStringLiteral("Ctrl+Shift+P"))});
     connect(m_pickGather, &QAction::triggered, this, &OvFirstBreakMenu::pickGatherRequested);
     addSeparator();
     makeEditActions();
@@ -62,16 +61,16 @@ QAction* OvFirstBreakMenu::makeAction(const char* name, const QList<QKeySequence
 void OvFirstBreakMenu::makeEditActions()
 {
     setToolTipsVisible(true);
-    m_edit = makeAction("actionEdit_Picks", {QKeySequence(Qt::CTRL + Qt::Key_E)});
+    m_edit = makeAction("actionEdit_Picks", {QKeySequence(QStringLiteral("Ctrl+E"))});
     m_edit->setCheckable(true);
     m_edit->setIcon(iconOf(QStringLiteral("edit_picks")));
-    m_undo = makeAction("actionUndo_Pick_Edit", {QKeySequence(Qt::CTRL + Qt::Key_Z)});
+    m_undo = makeAction("actionUndo_Pick_Edit", {QKeySequence(QStringLiteral("Ctrl+Z"))});
     m_undo->setIcon(iconOf(QStringLiteral("undo")));
-    m_redo = makeAction("actionRedo_Pick_Edit", {QKeySequence(Qt::CTRL + Qt::Key_Y),
-                                                 QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z)});
+    m_redo = makeAction("actionRedo_Pick_Edit", {QKeySequence(QStringLiteral("Ctrl+Y")),
+                                                 QKeySequence(QStringLiteral("Ctrl+Shift+Z"))});
     m_redo->setIcon(iconOf(QStringLiteral("redo")));
-    m_reject = makeAction("actionReject_Pick", {QKeySequence(Qt::CTRL + Qt::Key_R)});
-    m_classify = makeAction("actionClassify_Error_Picks", {QKeySequence(Qt::CTRL + Qt::Key_K)});
+    m_reject = makeAction("actionReject_Pick", {QKeySequence(QStringLiteral("Ctrl+R"))});
+    m_classify = makeAction("actionClassify_Error_Picks", {QKeySequence(QStringLiteral("Ctrl+K"))});
     m_undo->setEnabled(false);
     m_redo->setEnabled(false);
     connect(m_reject, &QAction::triggered, this, &OvFirstBreakMenu::rejectRequested);

@@ -13,8 +13,7 @@ OvStatus readHeaders(const OvSegyFile& file, qint64 traces, int bytesEach, QByte
     headers->resize(static_cast<int>(traces) * bytesEach);
     OvStatus status;
     for (qint64 trace = 0; trace < traces && status; ++trace)
-        status = file.readHeaderBytes(trace, bytesEach,
-                                      headers->data() + static_cast<int>(trace) * bytesEach);
+        status = file.readHeaderBytes(trace, bytesEach, headers->data() + trace * bytesEach);
     return status;
 }
 

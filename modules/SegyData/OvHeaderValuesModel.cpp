@@ -56,6 +56,6 @@ QVariant OvHeaderValuesModel::data(const QModelIndex& index, int role) const
         m_mapping.word(static_cast<OvTraceHeaderMapping::Quantity>(index.column()));
     if (!word.exists() || word.end() > m_bytesEach)
         return {};
-    const char* header = m_headers.constData() + index.row() * m_bytesEach;
+    const char* header = m_headers.constData() + qint64(index.row()) * m_bytesEach;
     return QString::number(word.value(header, m_order), 'g', significantDigits);
 }

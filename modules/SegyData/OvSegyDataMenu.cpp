@@ -143,7 +143,7 @@ QSharedPointer<OvSegyDocument> OvSegyDataMenu::documentFor(const QString& title)
     if (path.isEmpty())
         return {};
     OvStatus status;
-    const QSharedPointer<OvSegyDocument> document = OvSegyDocument::open(path, &status);
+    QSharedPointer<OvSegyDocument> document = OvSegyDocument::open(path, &status);
     if (!document)
         OvPluginUtil::showWarning(status.message());
     return document;

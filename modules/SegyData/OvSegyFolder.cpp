@@ -31,7 +31,7 @@ OvSegyFolder::OvSegyFolder(QObject* parent)
     m_delay.setInterval(settleTimeMs);
     connect(&m_delay, &QTimer::timeout, this, &OvSegyFolder::scan);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_delay,
-            static_cast<void (QTimer::*)()>(&QTimer::start));
+            QOverload<>::of(&QTimer::start));
 }
 
 OvSegyFolder::~OvSegyFolder() = default;

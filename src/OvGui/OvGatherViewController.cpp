@@ -236,7 +236,7 @@ OvGatherViewController::OvGatherViewController(const QSharedPointer<OvSegyDocume
     , d(std::make_unique<Private>(this, document))
 {
     delegateJob()->setEnabled(false);
-    delegateJob()->setTaskName(description());
+    delegateJob()->setTaskName(OvGatherViewController::description());
     d->setProperties();
     if (d->scale == OvFitDisplayDefine()) // the project's scale was never chosen
         d->canvas->openFitted();

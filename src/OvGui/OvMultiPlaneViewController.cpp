@@ -252,7 +252,7 @@ void OvMultiPlaneViewController::setUsedViewControllers(const QList<OvPlaneViewC
 QList<OvPlaneViewController*> OvMultiPlaneViewController::usedViewControllers() const
 {
     QList<OvPlaneViewController*> views;
-    for (const OvMirrorPanel* panel : d->panels)
+    for (const OvMirrorPanel* panel : qAsConst(d->panels))
         if (panel->source() != nullptr)
             views.append(panel->source());
     return views;

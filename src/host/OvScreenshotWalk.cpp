@@ -66,19 +66,19 @@ bool isExamined()
 bool isOrderedBy(OvGatherKey key)
 {
     const auto views = gatherViews();
-    return !views.isEmpty() && views.first()->gatherOrder().key == key;
+    return !views.isEmpty() && views.constFirst()->gatherOrder().key == key;
 }
 
 bool goToMiddleGather()
 {
-    OvGatherViewController* view = gatherViews().first();
+    OvGatherViewController* view = gatherViews().constFirst();
     view->setCurrentGather(view->gatherCount() / 2);
     return true;
 }
 
 bool goToFirstGather()
 {
-    gatherViews().first()->setCurrentGather(0);
+    gatherViews().constFirst()->setCurrentGather(0);
     return true;
 }
 

@@ -82,7 +82,7 @@ OvStatus OvPickHistory::edit(int gather, const QVector<OvTracePick>& picks, cons
 OvStatus OvPickHistory::edit(const std::vector<qint64>& traces, const QVector<OvTracePick>& picks,
                              const QString& text)
 {
-    const OvStatus writable = m_document->firstBreakStatus();
+    OvStatus writable = m_document->firstBreakStatus();
     if (!writable)
         return writable;
     OvFirstBreaks after;
@@ -123,7 +123,7 @@ template <typename Move>
 OvStatus OvPickHistory::move(bool possible, Move how, qint64* trace)
 {
     *trace = -1;
-    const OvStatus writable = m_document->firstBreakStatus();
+    OvStatus writable = m_document->firstBreakStatus();
     if (!possible || !writable)
         return writable;
     how();

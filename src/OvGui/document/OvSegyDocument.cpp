@@ -49,8 +49,9 @@ public:
     OvSegyWatch watch;
     std::vector<std::shared_ptr<OvSegyFile>> former; // jobs may still read them
     int storingJobs = 0;
+    QWeakPointer<OvSegyDocument> me;
 
-    QSharedPointer<OvSegyDocument> self() const { return registry().value(key).toStrongRef(); }
+    QSharedPointer<OvSegyDocument> self() const { return me.toStrongRef(); }
     void start(OvSegyDocument* q);
     void read(OvSegyDocument* q);
     OvTraceHeaderMapping usableMapping(OvStatus* status) const;
@@ -184,7 +185,7 @@ OvSegyDocument::~OvSegyDocument()
 QSharedPointer<OvSegyDocument> OvSegyDocument::open(const QString& path, OvStatus* status)
 {
     const QString key = keyOf(path);
-    const QSharedPointer<OvSegyDocument> known = registry().value(key).toStrongRef();
+    QSharedPointer<OvSegyDocument> known = registry().value(key).toStrongRef();
     if (known) {
         known->d->loader->setMapping(known->d->usableMapping(nullptr)); // of another project
         *status = OvStatus::success();
@@ -195,6 +196,7 @@ QSharedPointer<OvSegyDocument> OvSegyDocument::open(const QString& path, OvStatu
     if (!*status)
         return {};
     document->d->key = key;
+    document->d->me = document;
     registry().insert(key, document);
     document->d->start(document.data());
     return document;
@@ -333,8 +335,7 @@ OvStatus OvSegyDocument::setFirstBreaks(const QVector<QPair<int, OvFirstBreaks>>
 {
     std::vector<OvFirstBreakUpdate> updates;
     for (const auto& row : breaks) {
-        const OvStatus fits =
-            isIndexComplete() ? d->check(row.first, row.second.size()) : OvStatus();
+        OvStatus fits = isIndexComplete() ? d->check(row.first, row.second.size()) : OvStatus();
         if (!fits)
             return fits;
         OvFirstBreakUpdate update;

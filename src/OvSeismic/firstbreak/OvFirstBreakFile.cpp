@@ -338,7 +338,7 @@ OvStatus OvFirstBreakFile::upgrade(const OvSegyFile& segy, const OvSegyIndex& in
 
 OvStatus OvFirstBreakFile::noteMapping(const QString& text)
 {
-    const OvStatus status = d->writable();
+    OvStatus status = d->writable();
     if (!status || d->file.metaValue(mappingKey) == text)
         return status;
     return d->file.setMetaValue(mappingKey, text);
@@ -346,7 +346,7 @@ OvStatus OvFirstBreakFile::noteMapping(const QString& text)
 
 OvStatus OvFirstBreakFile::relaxDurability()
 {
-    const OvStatus status = d->writable();
+    OvStatus status = d->writable();
     return status ? d->file.execute(QStringLiteral("PRAGMA synchronous = NORMAL")) : status;
 }
 
@@ -371,7 +371,7 @@ std::vector<qint64> OvFirstBreakFile::blocks() const
 OvStatus OvFirstBreakFile::readBlocks(const std::vector<qint64>& numbers,
                                       OvFirstBreakBlocks* blocks) const
 {
-    const OvStatus status = d->readable();
+    OvStatus status = d->readable();
     if (!status || !d->converted)
         return status ? OvFirstBreakRows::read(d->file, numbers, blocks) : status;
     for (const qint64 number : numbers) {
@@ -386,7 +386,7 @@ OvStatus OvFirstBreakFile::read(const std::vector<qint64>& traces, OvFirstBreaks
 {
     *breaks = {};
     OvFirstBreakBlocks blocks(d->traceCount);
-    const OvStatus status = readBlocks(OvFirstBreakBlocks::numbersOf(traces), &blocks);
+    OvStatus status = readBlocks(OvFirstBreakBlocks::numbersOf(traces), &blocks);
     if (status)
         *breaks = blocks.read(traces);
     return status;
@@ -413,7 +413,7 @@ OvStatus OvFirstBreakFile::write(std::vector<OvFirstBreakUpdate>* updates)
 OvStatus OvFirstBreakFile::readRun(OvFirstBreakRun* run) const
 {
     *run = {};
-    const OvStatus status = d->readable();
+    OvStatus status = d->readable();
     if (!status || d->converted)
         return status;
     run->settings = d->file.metaValue(runSettingsKey);
@@ -429,7 +429,7 @@ OvStatus OvFirstBreakFile::readRun(OvFirstBreakRun* run) const
 
 OvStatus OvFirstBreakFile::beginRun(const QString& settings, int gathers)
 {
-    const OvStatus ready = d->writable();
+    OvStatus ready = d->writable();
     if (!ready)
         return ready;
     return d->inTransaction([&] { return d->storeRun(settings, gathers); });

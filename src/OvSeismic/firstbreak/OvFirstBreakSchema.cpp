@@ -102,7 +102,8 @@ OvStatus fill(const OvFirstBreakConnection& file, const OvSegyFileInfo& segy)
     OvStatus status = transaction.begin();
     if (status)
         status = execute(file, schemaStatements());
-    for (const auto& row : metaRows(segy)) {
+    const auto rows = metaRows(segy);
+    for (const auto& row : rows) {
         if (status)
             status = file.setMetaValue(row.first, row.second);
     }
@@ -210,7 +211,8 @@ OvStatus OvFirstBreakSchema::check(const OvFirstBreakConnection& file, const OvS
         return file.failure(Text::damaged(error.isEmpty() ? verdict : error));
     if (versionOf(file) > version)
         return file.failure(Text::newer());
-    for (const QString& statement : probeStatements(versionOf(file))) {
+    const QStringList statements = probeStatements(versionOf(file));
+    for (const QString& statement : statements) {
         if (error.isEmpty())
             file.ask(statement, &error);
     }
@@ -236,7 +238,8 @@ OvStatus OvFirstBreakSchema::followGrowth(const OvFirstBreakConnection& file,
                                           const OvSegyFileInfo& segy)
 {
     OvStatus status;
-    for (const auto& row : metaRows(segy)) {
+    const auto rows = metaRows(segy);
+    for (const auto& row : rows) {
         const bool describesTheFile = qstrncmp(row.first, "segy_", 5) == 0;
         if (status && (describesTheFile || qstrcmp(row.first, "trace_count") == 0))
             status = file.setMetaValue(row.first, row.second);

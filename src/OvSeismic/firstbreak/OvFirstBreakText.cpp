@@ -99,7 +99,7 @@ OvStatus OvFirstBreakTextWriter::Private::keepRows(const OvGather& headers,
             ++to;
         while (to < gathered.size() &&
                headers.headers[to].traceIndex == first + static_cast<qint64>(to - from));
-        const auto bytes = static_cast<qint64>((to - from) * sizeof(Row));
+        const qint64 bytes = static_cast<qint64>(to - from) * qint64(sizeof(Row));
         const char* data = reinterpret_cast<const char*>(gathered.data() + from);
         if (!rows.seek(first * static_cast<qint64>(sizeof(Row))) ||
             rows.write(data, bytes) != bytes)

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -17,7 +19,7 @@ using Mapping = OvTraceHeaderMapping;
 constexpr qint64 groupSize = 64;
 constexpr int progressIntervalMs = 50;
 constexpr double leastLength = 1e-20;
-constexpr double largestScalar = 10000.0;
+constexpr std::array<double, 6> scalars{0.0, 1.0, 10.0, 100.0, 1000.0, 10000.0};
 
 bool isScalar(Mapping::Quantity quantity)
 {
@@ -27,11 +29,7 @@ bool isScalar(Mapping::Quantity quantity)
 
 bool isStandardScalar(double value)
 {
-    for (double power = 1.0; power <= largestScalar; power *= 10.0) {
-        if (std::abs(value) == power)
-            return true;
-    }
-    return value == 0.0;
+    return std::find(scalars.begin(), scalars.end(), std::abs(value)) != scalars.end();
 }
 
 /// The position in the file of the n-th trace that is looked at.
@@ -50,9 +48,10 @@ public:
     {
         if (m_count >= m_traces)
             return n;
-        const auto group = static_cast<double>(n / groupSize);
+        const qint64 group = n / groupSize;
         const auto last = static_cast<double>(m_traces - groupSize);
-        const double share = m_groups > 1 ? group / static_cast<double>(m_groups - 1) : 0.0;
+        const double share =
+            m_groups > 1 ? static_cast<double>(group) / static_cast<double>(m_groups - 1) : 0.0;
         return static_cast<qint64>(share * last) + n % groupSize;
     }
 
