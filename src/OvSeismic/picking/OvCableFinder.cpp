@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <numeric>
 #include <set>
 
@@ -12,45 +13,51 @@ namespace {
 
 using OvLineFinder::Place;
 
-constexpr int leastTraces = 4; // of a cable
+constexpr std::size_t leastTraces = 4; // of a cable
 
 const OvTraceHeader& header(const OvGather& gather, int row)
 {
     return gather.headers[static_cast<std::size_t>(row)];
 }
 
-bool allAlike(const std::vector<Place>& places)
+Place receiverOf(const OvTraceHeader& trace)
 {
-    return std::all_of(places.begin(), places.end(), [&places](const Place& place) {
-        return place.x == places.front().x && place.y == places.front().y;
-    });
+    return {trace.receiverX, trace.receiverY};
 }
 
-// The end of each trace that moves through the gather; empty where neither or both do.
-std::vector<Place> movingPlaces(const OvGather& gather, const std::vector<int>& rows)
+Place sourceOf(const OvTraceHeader& trace)
 {
-    std::vector<Place> receivers;
-    std::vector<Place> sources;
-    for (const int row : rows) {
-        const OvTraceHeader& trace = header(gather, row);
-        receivers.push_back({trace.receiverX, trace.receiverY});
-        sources.push_back({trace.sourceX, trace.sourceY});
-    }
-    const bool sameReceiver = allAlike(receivers);
-    if (sameReceiver == allAlike(sources))
-        return {};
-    return sameReceiver ? sources : receivers;
+    return {trace.sourceX, trace.sourceY};
 }
 
-bool bothEndsMove(const OvGather& gather, const std::vector<int>& rows)
+// The place of each row among the different ones, in the order of their first rows.
+template <typename PlaceOf>
+std::vector<int> numbered(const OvGather& gather, const std::vector<int>& rows, PlaceOf placeOf)
 {
-    std::set<std::pair<double, double>> receivers;
-    std::set<std::pair<double, double>> sources;
+    std::map<std::pair<double, double>, int> numbers;
+    std::vector<int> result;
     for (const int row : rows) {
-        receivers.emplace(header(gather, row).receiverX, header(gather, row).receiverY);
-        sources.emplace(header(gather, row).sourceX, header(gather, row).sourceY);
+        const Place place = placeOf(header(gather, row));
+        const auto known =
+            numbers.emplace(std::pair(place.x, place.y), static_cast<int>(numbers.size())).first;
+        result.push_back(known->second);
     }
-    return receivers.size() > 1 && sources.size() > 1;
+    return result;
+}
+
+int countOf(const std::vector<int>& numbers)
+{
+    return *std::max_element(numbers.begin(), numbers.end()) + 1;
+}
+
+// Traces of one shot, or of one receiver; a single group where there are hardly several traces of
+// any.
+std::vector<int> groupsOf(const std::vector<int>& receivers, const std::vector<int>& sources)
+{
+    const std::vector<int>& fixed = countOf(sources) <= countOf(receivers) ? sources : receivers;
+    const bool areGroups =
+        static_cast<std::size_t>(countOf(fixed)) * 2 * leastTraces <= fixed.size();
+    return areGroups ? fixed : std::vector<int>(fixed.size(), 0);
 }
 
 // Traces in the order of their channels, where these tell them apart.
@@ -182,6 +189,8 @@ std::vector<int> byOffsets(const OvGather& gather, const std::vector<int>& rows)
 {
     constexpr std::size_t leastRun = 4; // traces on average; shorter ones are no cables in order
     std::vector<int> cables(rows.size(), 0);
+    if (rows.size() < 2)
+        return cables;
     const std::vector<std::size_t> order = channelOrder(gather, rows);
     std::vector<double> offsets;
     for (const std::size_t i : order) {
@@ -204,7 +213,7 @@ std::vector<int> byOffsets(const OvGather& gather, const std::vector<int>& rows)
 // -1 for those that are too few for a cable.
 void leaveOutSmall(std::vector<int>* cables)
 {
-    std::vector<int> counts(cables->size(), 0);
+    std::vector<std::size_t> counts(cables->size(), 0);
     for (const int cable : *cables)
         ++counts[static_cast<std::size_t>(cable)];
     for (int& cable : *cables) {
@@ -227,6 +236,37 @@ void joinNearest(std::vector<int>* cables)
     }
 }
 
+// The cables of traces of one shot or one receiver; one where both change.
+std::vector<int> cablesOf(const OvGather& gather, const std::vector<int>& rows)
+{
+    const int receivers = countOf(numbered(gather, rows, receiverOf));
+    const int sources = countOf(numbered(gather, rows, sourceOf));
+    if (receivers == 1 && sources == 1)
+        return byOffsets(gather, rows);
+    if (receivers > 1 && sources > 1)
+        return std::vector<int>(rows.size(), 0);
+    std::vector<Place> places;
+    for (const int row : rows) {
+        const OvTraceHeader& trace = header(gather, row);
+        places.push_back(receivers > 1 ? receiverOf(trace) : sourceOf(trace));
+    }
+    return OvLineFinder::find(places);
+}
+
+// Numbers the cables of one group, whose rows are at some indices, from `first` on; their count.
+int addGroup(const OvGather& gather, const std::vector<int>& rows,
+             const std::vector<std::size_t>& indices, int first, std::vector<int>* cables)
+{
+    std::vector<int> own;
+    own.reserve(indices.size());
+    for (const std::size_t i : indices)
+        own.push_back(rows[i]);
+    const std::vector<int> found = cablesOf(gather, own);
+    for (std::size_t i = 0; i < found.size(); ++i)
+        (*cables)[indices[i]] = first + found[i];
+    return countOf(found);
+}
+
 void renumber(std::vector<int>* cables)
 {
     std::vector<int> numbers(cables->size(), -1);
@@ -242,20 +282,23 @@ void renumber(std::vector<int>* cables)
 
 std::vector<int> OvCableFinder::find(const OvGather& gather, const std::vector<int>& rows)
 {
-    const std::vector<int> one(rows.size(), 0);
     if (rows.size() < 2 * leastTraces)
-        return one;
-    const std::vector<Place> places = movingPlaces(gather, rows);
-    std::vector<int> cables = one;
-    if (!places.empty())
-        cables = OvLineFinder::find(places);
-    else if (!bothEndsMove(gather, rows))
-        cables = byOffsets(gather, rows);
+        return std::vector<int>(rows.size(), 0);
+    const std::vector<int> receivers = numbered(gather, rows, receiverOf);
+    const std::vector<int> sources = numbered(gather, rows, sourceOf);
+    const std::vector<int> groups = groupsOf(receivers, sources);
+    std::vector<std::vector<std::size_t>> members(static_cast<std::size_t>(countOf(groups)));
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        members[static_cast<std::size_t>(groups[i])].push_back(i);
+    std::vector<int> cables(rows.size(), 0);
+    int count = 0;
+    for (const std::vector<std::size_t>& group : members)
+        count += addGroup(gather, rows, group, count, &cables);
     leaveOutSmall(&cables);
     const auto stray = std::count(cables.begin(), cables.end(), -1);
     // Mostly small pieces are no pattern of cables.
     if (4 * static_cast<std::size_t>(stray) > rows.size())
-        return one;
+        return std::vector<int>(rows.size(), 0);
     joinNearest(&cables);
     renumber(&cables);
     return cables;

@@ -65,10 +65,12 @@ double distanceFrom(const std::vector<Pick>& others, const Pick& pick)
     if (others.size() < leastPicks)
         return std::numeric_limits<double>::infinity();
     std::vector<double> slopes;
+    slopes.reserve(others.size());
     for (const Pick& other : others)
         slopes.push_back(slopeThrough(other, others));
     const double slope = median(slopes);
     std::vector<double> levels;
+    levels.reserve(others.size());
     for (const Pick& other : others)
         levels.push_back(other.timeMs + slope * (pick.place - other.place));
     return std::abs(pick.timeMs - median(levels));
@@ -92,9 +94,11 @@ double distanceAt(const std::vector<Pick>& picks, const std::vector<int>& cables
 std::vector<double> distancesOf(const std::vector<Pick>& picks)
 {
     std::vector<int> cables;
+    cables.reserve(picks.size());
     for (const Pick& pick : picks)
         cables.push_back(pick.cable);
     std::vector<double> distances;
+    distances.reserve(picks.size());
     for (int i = 0; i < static_cast<int>(picks.size()); ++i)
         distances.push_back(distanceAt(picks, cables, i));
     return distances;

@@ -132,6 +132,7 @@ std::vector<double> signedOffsets(const OvGather& gather, const std::vector<int>
 std::vector<double> channelsOf(const OvGather& gather, const std::vector<int>& rows)
 {
     std::vector<double> channels;
+    channels.reserve(rows.size());
     for (const int row : rows)
         channels.push_back(static_cast<double>(header(gather, row).channel));
     return channels;
@@ -361,16 +362,16 @@ OvTraceChain OvTraceChain::of(const OvGather& gather)
         return chain;
     chain.hasOffsets = haveOffsets(gather, live);
     const std::vector<int> cables = OvCableFinder::find(gather, live);
-    const int last = *std::max_element(cables.begin(), cables.end());
-    for (int cable = 0; cable <= last; ++cable) {
-        std::vector<int> rows;
-        for (std::size_t i = 0; i < live.size(); ++i) {
-            if (cables[i] == cable)
-                rows.push_back(live[i]);
-        }
-        addCable(gather, rows, usesSigns(gather, live), last == 0, &chain);
-        if (last > 0)
-            chain.cables.resize(chain.rows.size(), cable);
+    const auto count =
+        static_cast<std::size_t>(*std::max_element(cables.begin(), cables.end())) + 1;
+    std::vector<std::vector<int>> rows(count);
+    for (std::size_t i = 0; i < live.size(); ++i)
+        rows[static_cast<std::size_t>(cables[i])].push_back(live[i]);
+    const bool areSigned = usesSigns(gather, live);
+    for (std::size_t cable = 0; cable < count; ++cable) {
+        addCable(gather, rows[cable], areSigned, count == 1, &chain);
+        if (count > 1)
+            chain.cables.resize(chain.rows.size(), static_cast<int>(cable));
     }
     return chain;
 }

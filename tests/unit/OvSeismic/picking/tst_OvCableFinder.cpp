@@ -29,6 +29,7 @@ private slots:
     void positionsWithoutAPatternAreOneCable();
     void sourceLinesOfAReceiverGather();
     void bothEndsMoving();
+    void severalShotsInOneGather();
     void byOffsets_data();
     void byOffsets();
     void manyTracesInLittleTime();
@@ -232,6 +233,29 @@ void tst_OvCableFinder::bothEndsMoving()
         made.gather.headers.back().offset = 20.0F * static_cast<float>(i % 20);
     }
     QCOMPARE(countOf(found(made.gather)), 1);
+}
+
+// As in a file without field records; each shot goes into two receiver lines.
+void tst_OvCableFinder::severalShotsInOneGather()
+{
+    CableGather made;
+    for (int i = 0; i < 3 * 48; ++i) {
+        made.addTrace(10.0 * (i % 24), 80.0 * (i / 24 % 2));
+        made.gather.headers.back().sourceX = 45.0 * (i / 48);
+        made.gather.headers.back().offset = static_cast<float>(10 * (i % 24));
+    }
+    std::vector<int> cables = found(made.gather);
+    for (std::size_t i = 0; i < cables.size(); ++i)
+        QCOMPARE(cables[i], static_cast<int>(i / 24));
+    // The same by receiver: each has had nine shots.
+    CableGather turned;
+    for (int i = 0; i < 4 * 9; ++i) {
+        turned.addTrace(500.0 * (i % 4), 0.0);
+        turned.gather.headers.back().sourceX = 20.0 * (i / 4);
+    }
+    cables = found(turned.gather);
+    for (std::size_t i = 0; i < cables.size(); ++i)
+        QCOMPARE(cables[i], static_cast<int>(i % 4));
 }
 
 void tst_OvCableFinder::byOffsets_data()

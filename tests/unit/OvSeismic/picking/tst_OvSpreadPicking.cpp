@@ -18,6 +18,7 @@ private slots:
     void cables_data();
     void cables();
     void cablesWithoutCoordinates();
+    void severalShotsInOneRecord();
     void splitSpreadWithAGap();
     void noGeometryAtAll();
     void duplicateOffsets();
@@ -134,6 +135,27 @@ void tst_OvSpreadPicking::cablesWithoutCoordinates()
     SyntheticGather made = spreadOf(3, 0.2);
     for (OvTraceHeader& header : made.gather.headers)
         header.receiverX = header.receiverY = 0.0;
+    const int good = within(made, pick(made), 6.0);
+    QVERIFY2(good >= 112, qPrintable(QString::number(good)));
+}
+
+// As in files without field records: four shots into the same 30 receivers, delayed differently.
+void tst_OvSpreadPicking::severalShotsInOneRecord()
+{
+    SyntheticGather made(120);
+    for (int row = 0; row < 120; ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        OvTraceHeader& header = made.gather.headers[at];
+        header.channel = row % 30 + 1;
+        header.sourceX = 85.0 * (row / 30);
+        header.receiverX = 10.0 * (row % 30);
+        header.offset = static_cast<float>(header.receiverX - header.sourceX);
+        made.silence(row);
+        made.onsetsMs[at] =
+            50.0 + 35.0 * (row / 30 % 2) + 0.5 * std::abs(static_cast<double>(header.offset));
+        made.add(row, made.onsetsMs[at], 1.0, 25.0);
+    }
+    made.addNoise(0.2);
     const int good = within(made, pick(made), 6.0);
     QVERIFY2(good >= 112, qPrintable(QString::number(good)));
 }
