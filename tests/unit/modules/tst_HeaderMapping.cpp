@@ -1,5 +1,4 @@
-#include "PluginSession.h"
-#include "fixtures/MessageLog.h"
+#include "ModuleFixture.h"
 #include "fixtures/ModalProbe.h"
 
 #include "OvBase/OvTranslator.h"
@@ -36,14 +35,14 @@ public:
 
 } // namespace
 
-class tst_HeaderMapping : public QObject
+class tst_HeaderMapping : public QObject, private ModuleFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { QVERIFY(startModule("SegyData")); }
+    void init() { begin(); }
+    void cleanup() { QCOMPARE(end(), QStringList()); }
 
     void isOfNoUseWithoutAProject();
     void asksForAFileWhenNoneIsOpen();
@@ -101,36 +100,7 @@ private:
     {
         QTest::mouseClick(m_dialog->findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
     }
-
-    QScopedPointer<PluginSession> m_session;
-    QScopedPointer<MessageLog> m_log;
-    OvModulePlugin* m_module = nullptr;
-    QMenu* m_menu = nullptr;
-    QPointer<QDialog> m_dialog;
 };
-
-void tst_HeaderMapping::initTestCase()
-{
-    QVERIFY(PluginSession::start());
-    m_module = PluginSession::module(QStringLiteral("SegyData"));
-    QVERIFY(m_module);
-    m_menu = m_module->menu();
-}
-
-void tst_HeaderMapping::init()
-{
-    m_log.reset(new MessageLog);
-    m_session.reset(new PluginSession);
-}
-
-void tst_HeaderMapping::cleanup()
-{
-    delete m_dialog.data();
-    m_session.reset();
-    const QStringList warnings = m_log->takeAll();
-    m_log.reset();
-    QVERIFY2(warnings.isEmpty(), qPrintable(warnings.join(QLatin1Char('\n'))));
-}
 
 SegyWriter tst_HeaderMapping::twoShots()
 {
@@ -146,21 +116,15 @@ SegyWriter tst_HeaderMapping::twoShots()
 
 void tst_HeaderMapping::openDialog(const SegyWriter& writer)
 {
-    const QString path = m_session->path(QStringLiteral("line.sgy"));
-    QVERIFY(writer.write(path));
+    QVERIFY(writer.write(path()));
     QVERIFY(m_session->openProject());
-    OvStatus status;
-    const auto document = OvSegyDocument::open(path, &status);
-    QVERIFY2(status, qPrintable(status.message()));
-    OvProjectManager::instance().addWorkspace(new OvGatherViewController(document));
+    QVERIFY(openView());
     openDialog();
 }
 
 void tst_HeaderMapping::openDialog()
 {
-    PluginSession::action(m_menu, "actionHeader_Mapping")->trigger();
-    m_dialog = m_session->window()->findChild<QDialog*>(QStringLiteral("OvHeaderMappingDlg"));
-    QVERIFY(m_dialog);
+    QVERIFY(ModuleFixture::openDialog("actionHeader_Mapping", "OvHeaderMappingDlg"));
     QTRY_VERIFY(values()->rowCount() > 0);
     QTRY_VERIFY(field<QLabel>("found")->text().startsWith(QLatin1String("Found in ")));
 }
@@ -176,13 +140,13 @@ QStringList tst_HeaderMapping::remarks() const
 
 void tst_HeaderMapping::isOfNoUseWithoutAProject()
 {
-    const QAction* action = PluginSession::action(m_menu, "actionHeader_Mapping");
-    QVERIFY(!action->isEnabled());
+    const QAction* entry = action("actionHeader_Mapping");
+    QVERIFY(!entry->isEnabled());
     QVERIFY(!OvProjectMapping::setMapping({}));
     QVERIFY(m_session->openProject());
-    QVERIFY(action->isEnabled());
-    QCOMPARE(action->shortcut(), QKeySequence(QStringLiteral("Ctrl+H")));
-    QVERIFY(!action->toolTip().isEmpty());
+    QVERIFY(entry->isEnabled());
+    QCOMPARE(entry->shortcut(), QKeySequence(QStringLiteral("Ctrl+H")));
+    QVERIFY(!entry->toolTip().isEmpty());
 }
 
 void tst_HeaderMapping::asksForAFileWhenNoneIsOpen()
@@ -193,10 +157,10 @@ void tst_HeaderMapping::asksForAFileWhenNoneIsOpen()
     probe.next([this](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Header Mapping"));
-        dialog->selectFile(m_session->path(QStringLiteral("line.sgy")));
+        dialog->selectFile(path());
         QMetaObject::invokeMethod(dialog, "accept");
     });
-    PluginSession::action(m_menu, "actionHeader_Mapping")->trigger();
+    action("actionHeader_Mapping")->trigger();
     QVERIFY(probe.isDone());
     m_dialog = m_session->window()->findChild<QDialog*>(QStringLiteral("OvHeaderMappingDlg"));
     QVERIFY(m_dialog);
@@ -383,14 +347,10 @@ void tst_HeaderMapping::surveysASpreadOfALongFile()
     SegyWriter writer;
     writer.sampleCount = 1;
     writer.add({});
-    const QString path = m_session->path(QStringLiteral("long.sgy"));
-    QVERIFY(writer.write(path));
-    QVERIFY(QFile::resize(path, 3600 + qint64(1000000) * 244));
+    QVERIFY(writer.write(path()));
+    QVERIFY(QFile::resize(path(), 3600 + qint64(1000000) * 244));
     QVERIFY(m_session->openProject());
-    OvStatus status;
-    const auto document = OvSegyDocument::open(path, &status);
-    QVERIFY2(status, qPrintable(status.message()));
-    OvProjectManager::instance().addWorkspace(new OvGatherViewController(document));
+    QVERIFY(openView());
     openDialog();
     QTest::mouseClick(field<QPushButton>("examine"), Qt::LeftButton);
     QTRY_VERIFY(field<QProgressBar>("progress")->value() > 0 ||
@@ -443,10 +403,8 @@ void tst_HeaderMapping::aFileOpenedLaterIsReadByIt()
     Mapping mapping;
     mapping.setWord(Mapping::FieldRecord, {189, OvHeaderType::Int32, OvHeaderOrder::File});
     QVERIFY(OvProjectMapping::setMapping(mapping));
-    QVERIFY(twoShots().write(m_session->path(QStringLiteral("line.sgy"))));
-    OvStatus status;
-    const auto document =
-        OvSegyDocument::open(m_session->path(QStringLiteral("line.sgy")), &status);
+    QVERIFY(twoShots().write(path()));
+    const auto document = openDocument();
     QVERIFY(document);
     QTRY_VERIFY(document->isIndexComplete());
     QCOMPARE(document->index()->fieldRecord(0), 7);
@@ -454,19 +412,16 @@ void tst_HeaderMapping::aFileOpenedLaterIsReadByIt()
     // Another project, another mapping.
     PluginSession other;
     QVERIFY(other.openProject());
-    QCOMPARE(OvSegyDocument::open(document->segyPath(), &status), document);
+    QCOMPARE(openDocument(), document);
     QTRY_COMPARE(document->index()->fieldRecord(0), 100);
 }
 
 void tst_HeaderMapping::aCancelKeepsTheGathersFromBefore()
 {
-    SegyWriter writer = twoShots();
-    const QString path = m_session->path(QStringLiteral("line.sgy"));
-    QVERIFY(writer.write(path));
-    QVERIFY(QFile::resize(path, 3600 + qint64(3000000) * 280)); // enough to be caught at it
+    QVERIFY(twoShots().write(path()));
+    QVERIFY(QFile::resize(path(), 3600 + qint64(3000000) * 280)); // enough to be caught at it
     QVERIFY(m_session->openProject());
-    OvStatus status;
-    const auto document = OvSegyDocument::open(path, &status);
+    const auto document = openDocument();
     QVERIFY(document);
     QTRY_VERIFY_WITH_TIMEOUT(document->isIndexComplete(), 60000);
     const auto before = document->index();
@@ -491,13 +446,12 @@ void tst_HeaderMapping::aFileWithoutSuchBytesKeepsTheStandard()
 {
     QVERIFY(m_session->openProject());
     QVERIFY(OvProjectMapping::setMapping(Mapping::preset(Mapping::Revision2)));
-    QVERIFY(twoShots().write(m_session->path(QStringLiteral("line.sgy"))));
-    OvStatus status;
-    const auto document =
-        OvSegyDocument::open(m_session->path(QStringLiteral("line.sgy")), &status);
+    QVERIFY(twoShots().write(path()));
+    const auto document = openDocument();
     QVERIFY(document);
     QTRY_VERIFY(document->isIndexComplete());
     QCOMPARE(document->index()->fieldRecord(0), 100);
+    OvStatus status;
     QVERIFY(document->mapping(&status).isDefault());
     QVERIFY2(status.message().contains(QLatin1String("240 bytes")), qPrintable(status.message()));
 }

@@ -1,5 +1,4 @@
-#include "PluginSession.h"
-#include "fixtures/MessageLog.h"
+#include "ModuleFixture.h"
 #include "fixtures/ModalProbe.h"
 
 #include "OvBase/OvDisplayDefineNode.h"
@@ -14,14 +13,14 @@
 #include <QSpinBox>
 #include <QtTest>
 
-class tst_SegyData : public QObject
+class tst_SegyData : public QObject, private ModuleFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { QVERIFY(startModule("SegyData")); }
+    void init() { begin(); }
+    void cleanup() { QCOMPARE(end(), QStringList()); }
 
     void standsBeforeTheFirstBreakModule();
     void listsTheFilesOfTheProject();
@@ -56,35 +55,7 @@ private:
         return m_session->window()->findChild<QDialog*>(QStringLiteral("OvSegyInfoDlg"));
     }
     QString factsOf(const QDialog* dialog) const;
-
-    QScopedPointer<PluginSession> m_session;
-    QScopedPointer<MessageLog> m_log;
-    OvModulePlugin* m_module = nullptr;
-    QMenu* m_menu = nullptr;
 };
-
-void tst_SegyData::initTestCase()
-{
-    QVERIFY(PluginSession::start());
-    m_module = PluginSession::module(QStringLiteral("SegyData"));
-    QVERIFY(m_module);
-    m_menu = m_module->menu();
-    QVERIFY(m_menu);
-}
-
-void tst_SegyData::init()
-{
-    m_log.reset(new MessageLog);
-    m_session.reset(new PluginSession);
-}
-
-void tst_SegyData::cleanup()
-{
-    m_session.reset();
-    const QStringList warnings = m_log->takeAll();
-    m_log.reset();
-    QVERIFY2(warnings.isEmpty(), qPrintable(warnings.join(QLatin1Char('\n'))));
-}
 
 QStringList tst_SegyData::listed() const
 {
@@ -136,7 +107,7 @@ void tst_SegyData::noticesANewFile()
     QTRY_COMPARE(listed(), QStringList("No SEG-Y files in this folder"));
     QVERIFY(m_session->writeLine(QStringLiteral("new.sgy"), 1, 2, 10));
     QTRY_COMPARE(listed(), QStringList("new.sgy"));
-    QVERIFY(QFile::remove(m_session->path(QStringLiteral("new.sgy"))));
+    QVERIFY(QFile::remove(path(QStringLiteral("new.sgy"))));
     QTRY_COMPARE(listed(), QStringList("No SEG-Y files in this folder"));
 }
 
@@ -166,8 +137,7 @@ void tst_SegyData::opensAFileInAView()
     QTRY_COMPARE(listed(), QStringList("line.sgy"));
     files()->actions().first()->trigger();
     QCOMPARE(m_session->views().size(), 1);
-    QCOMPARE(m_session->lastView()->document()->segyPath(),
-             m_session->path(QStringLiteral("line.sgy")));
+    QCOMPARE(m_session->lastView()->document()->segyPath(), path());
     QTRY_COMPARE(m_session->lastView()->gatherCount(), 3);
 }
 
@@ -184,7 +154,7 @@ void tst_SegyData::opensAFileTwiceOnOneDocument()
 
 void tst_SegyData::namesAFileThatCannotBeOpened()
 {
-    QFile bad(m_session->path(QStringLiteral("bad.sgy")));
+    QFile bad(path(QStringLiteral("bad.sgy")));
     QVERIFY(bad.open(QIODevice::WriteOnly));
     bad.write("much too short");
     bad.close();
@@ -211,21 +181,21 @@ void tst_SegyData::startsTheFileDialogInTheProjectFolder()
     probe.next([this](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
         QCOMPARE(dialog->directory().canonicalPath(), m_session->folder());
-        dialog->selectFile(m_session->path(QStringLiteral("line.sgy")));
+        dialog->selectFile(path());
         QMetaObject::invokeMethod(dialog, "accept");
     });
-    PluginSession::action(m_menu, "actionOpen_Segy")->trigger();
+    action("actionOpen_Segy")->trigger();
     QVERIFY(probe.isDone());
     QCOMPARE(m_session->views().size(), 1);
 }
 
 void tst_SegyData::isOfNoUseWithoutAProject()
 {
-    QAction* open = PluginSession::action(m_menu, "actionOpen_Segy");
+    QAction* open = action("actionOpen_Segy");
     QVERIFY(!open->isEnabled());
     QVERIFY(!files()->isEnabled());
     QVERIFY(!m_module->toolBarWidget()->isEnabled());
-    QVERIFY(PluginSession::action(m_menu, "actionSegy_Information")->isEnabled());
+    QVERIFY(action("actionSegy_Information")->isEnabled());
     QVERIFY(m_session->openProject());
     QVERIFY(open->isEnabled());
     QVERIFY(files()->isEnabled());
@@ -247,13 +217,13 @@ void tst_SegyData::describesTheActiveFile()
     QVERIFY(m_session->openProject());
     QTRY_COMPARE(listed(), QStringList("line.sgy"));
     files()->actions().first()->trigger();
-    PluginSession::action(m_menu, "actionSegy_Information")->trigger();
+    action("actionSegy_Information")->trigger();
     QPointer<QDialog> dialog = information();
     QVERIFY(dialog);
     QTRY_VERIFY2(factsOf(dialog).contains(QLatin1String("Gathers:\n3")),
                  qPrintable(factsOf(dialog)));
     const QString facts = factsOf(dialog);
-    QVERIFY2(facts.contains(m_session->path(QStringLiteral("line.sgy"))), qPrintable(facts));
+    QVERIFY2(facts.contains(path()), qPrintable(facts));
     for (const char* fact : {"Traces:\n72", "Samples per trace:\n500", "Revision:\n1.0", "1,000 µs",
                              "499 ms", "(code 5)", "big-endian", "EBCDIC"})
         QVERIFY2(facts.contains(QString::fromUtf8(fact)), fact);
@@ -268,10 +238,10 @@ void tst_SegyData::asksForAFileToDescribe()
     ModalProbe probe;
     probe.next([this](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
-        dialog->selectFile(m_session->path(QStringLiteral("line.sgy")));
+        dialog->selectFile(path());
         QMetaObject::invokeMethod(dialog, "accept");
     });
-    PluginSession::action(m_menu, "actionSegy_Information")->trigger();
+    action("actionSegy_Information")->trigger();
     QVERIFY(probe.isDone());
     QVERIFY(information());
     QVERIFY(factsOf(information()).contains(QLatin1String("line.sgy")));
@@ -284,7 +254,7 @@ void tst_SegyData::showsHeaderTextWithoutMarkup()
     QVERIFY(m_session->openProject());
     QTRY_COMPARE(listed(), QStringList(name));
     files()->actions().first()->trigger();
-    PluginSession::action(m_menu, "actionSegy_Information")->trigger();
+    action("actionSegy_Information")->trigger();
     QVERIFY(information());
     for (const QLabel* label : information()->findChildren<QLabel*>())
         QCOMPARE(label->textFormat(), Qt::PlainText);

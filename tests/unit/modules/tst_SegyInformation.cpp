@@ -1,5 +1,4 @@
-#include "PluginSession.h"
-#include "fixtures/MessageLog.h"
+#include "ModuleFixture.h"
 #include "fixtures/ModalProbe.h"
 
 #include "OvBase/OvTranslator.h"
@@ -17,14 +16,14 @@
 #include <QTableView>
 #include <QtTest>
 
-class tst_SegyInformation : public QObject
+class tst_SegyInformation : public QObject, private ModuleFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { QVERIFY(startModule("SegyData")); }
+    void init() { begin(); }
+    void cleanup() { QCOMPARE(end(), QStringList()); }
 
     void showsWhatAQuickLookFinds();
     void sortsTheWorstFirst();
@@ -54,34 +53,7 @@ private:
     {
         QTest::mouseClick(field<QPushButton>(button), Qt::LeftButton);
     }
-
-    QScopedPointer<PluginSession> m_session;
-    QScopedPointer<MessageLog> m_log;
-    OvModulePlugin* m_module = nullptr;
-    QPointer<QDialog> m_dialog;
 };
-
-void tst_SegyInformation::initTestCase()
-{
-    QVERIFY(PluginSession::start());
-    m_module = PluginSession::module(QStringLiteral("SegyData"));
-    QVERIFY(m_module);
-}
-
-void tst_SegyInformation::init()
-{
-    m_log.reset(new MessageLog);
-    m_session.reset(new PluginSession);
-}
-
-void tst_SegyInformation::cleanup()
-{
-    delete m_dialog.data();
-    m_session.reset();
-    const QStringList warnings = m_log->takeAll();
-    m_log.reset();
-    QVERIFY2(warnings.isEmpty(), qPrintable(warnings.join(QLatin1Char('\n'))));
-}
 
 SegyWriter tst_SegyInformation::shots(int traces)
 {
@@ -97,7 +69,7 @@ SegyWriter tst_SegyInformation::shots(int traces)
 
 void tst_SegyInformation::openInformation(const SegyWriter& writer)
 {
-    QVERIFY(writer.write(m_session->path(QStringLiteral("line.sgy"))));
+    QVERIFY(writer.write(path()));
     openInformation();
 }
 
@@ -105,13 +77,8 @@ void tst_SegyInformation::openInformation()
 {
     if (!OvProjectManager::instance().define().isValid())
         QVERIFY(m_session->openProject());
-    OvStatus status;
-    const auto document =
-        OvSegyDocument::open(m_session->path(QStringLiteral("line.sgy")), &status);
-    QVERIFY2(status, qPrintable(status.message()));
-    OvProjectManager::instance().addWorkspace(new OvGatherViewController(document));
-    PluginSession::action(m_module->menu(), "actionSegy_Information")->trigger();
-    m_dialog = m_session->window()->findChild<QDialog*>(QStringLiteral("OvSegyInfoDlg"));
+    QVERIFY(openView());
+    QVERIFY(openDialog("actionSegy_Information", "OvSegyInfoDlg"));
     QVERIFY(m_dialog);
 }
 
@@ -176,7 +143,7 @@ void tst_SegyInformation::stopsTheExamination()
     QTRY_VERIFY(note() != QLatin1String("Examining..."));
     m_session->closeViews();
     delete m_dialog.data();
-    QVERIFY(QFile::resize(m_session->path(QStringLiteral("line.sgy")), qint64(2) << 30));
+    QVERIFY(QFile::resize(path(), qint64(2) << 30));
     openInformation();
     QTRY_VERIFY(note() != QLatin1String("Examining..."));
     const QStringList before = remarks();
@@ -193,8 +160,8 @@ void tst_SegyInformation::isQuickOnAHugeFile()
 {
     SegyWriter writer = shots(1);
     writer.sampleCount = 2000;
-    QVERIFY(writer.write(m_session->path(QStringLiteral("line.sgy"))));
-    if (!QFile::resize(m_session->path(QStringLiteral("line.sgy")), qint64(500) << 30))
+    QVERIFY(writer.write(path()));
+    if (!QFile::resize(path(), qint64(500) << 30))
         QSKIP("This file system holds no sparse file of 500 GiB.");
     QElapsedTimer clock;
     clock.start();
@@ -238,19 +205,19 @@ void tst_SegyInformation::savesAllPagesAsText()
 {
     openInformation(shots(20));
     QTRY_COMPARE(note(), QStringLiteral("All 20 traces were looked at."));
-    const QString path = m_session->path(QStringLiteral("说明.txt"));
+    const QString target = path(QStringLiteral("说明.txt"));
     ModalProbe probe;
     probe.next([&](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
         QCOMPARE(QFileInfo(dialog->selectedFiles().value(0)).fileName(),
                  QStringLiteral("line_info.txt"));
-        dialog->selectFile(path);
+        dialog->selectFile(target);
         QMetaObject::invokeMethod(dialog, "accept");
     });
     click("saveText");
     QVERIFY(probe.isDone());
     click("copyText");
-    QFile file(path);
+    QFile file(target);
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     QCOMPARE(QString::fromUtf8(file.readAll()), QApplication::clipboard()->text());
 }
@@ -277,7 +244,7 @@ void tst_SegyInformation::closingStopsTheWork()
     QTRY_VERIFY(note() != QLatin1String("Examining..."));
     m_session->closeViews();
     delete m_dialog.data();
-    QVERIFY(QFile::resize(m_session->path(QStringLiteral("line.sgy")), qint64(4) << 30));
+    QVERIFY(QFile::resize(path(), qint64(4) << 30));
     openInformation();
     click("examine");
     QElapsedTimer clock;
