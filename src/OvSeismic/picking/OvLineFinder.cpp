@@ -50,12 +50,13 @@ double spacingOf(const std::vector<Place>& places)
     std::vector<double> nearest;
     const std::size_t every = std::max<std::size_t>(1, places.size() / enough);
     for (std::size_t i = 0; i < places.size(); i += every) {
-        double least = std::numeric_limits<double>::infinity();
+        double least = std::numeric_limits<double>::infinity(); // squared
         for (std::size_t k = 0; k < places.size(); ++k) {
-            if (k != i)
-                least = std::min(least, distance(places[i], places[k]));
+            const double x = places[k].x - places[i].x;
+            const double y = places[k].y - places[i].y;
+            least = k == i ? least : std::min(least, x * x + y * y);
         }
-        nearest.push_back(least);
+        nearest.push_back(std::sqrt(least));
     }
     const auto middle = nearest.begin() + static_cast<std::ptrdiff_t>(nearest.size() / 2);
     std::nth_element(nearest.begin(), middle, nearest.end());

@@ -55,6 +55,7 @@ private slots:
     void thisGatherInTheDialogIsOneStep();
     void picksAndPreviewsInEveryOrder_data();
     void picksAndPreviewsInEveryOrder();
+    void theGatherBeforeGuidesInEveryOrder();
     void aCancelledGatherIsNotPicked();
     void picksAGatherWhileARunIsAtWork();
     void picksAWalkawayAcrossItsRecords();
@@ -602,6 +603,34 @@ void tst_FirstBreak::picksAndPreviewsInEveryOrder()
     QCOMPARE(canvas()->firstBreaks().pickedCount(), all);
     view->undoPickEdit();
     QCOMPARE(document()->firstBreaksOf(traces).pickedCount(), 1);
+}
+
+void tst_FirstBreak::theGatherBeforeGuidesInEveryOrder()
+{
+    QVERIFY(openLine(30));
+    QVERIFY(showView());
+    OvGatherViewController* view = m_session->lastView();
+    OvGatherOrder order;
+    order.key = OvGatherKey::Receiver;
+    view->setGatherOrder(order);
+    QTRY_VERIFY(view->gatherIndex()->order() == order && view->isShowingData());
+    view->setCurrentGather(12);
+    QTRY_VERIFY(view->isShowingData());
+    // The receiver before says that the arrival comes in 300 ms, which it does not.
+    const std::vector<qint64> before = view->gatherIndex()->gatherTraces(11);
+    QVector<OvTracePick> wrong;
+    for (int row = 0; row < 30; ++row)
+        wrong.append(OvTracePick::manual(row, 300.0));
+    QVERIFY(document()->pickHistory()->edit(before, wrong, "pick"));
+    QDialog* dialog = openPickDialog();
+    auto* guide = dialog->findChild<QComboBox*>(QStringLiteral("guide"));
+    dialog->findChild<QCheckBox*>(QStringLiteral("preview"))->setChecked(true);
+    QTRY_VERIFY(nearTruth(canvas()->previewPicks()) >= 24);
+    const std::vector<float> unguided = canvas()->previewPicks().timesMs;
+    guide->setCurrentIndex(3);
+    QTRY_VERIFY(!canvas()->previewPicks().isEmpty() &&
+                canvas()->previewPicks().timesMs != unguided);
+    dialog->reject();
 }
 
 void tst_FirstBreak::aCancelledGatherIsNotPicked()
