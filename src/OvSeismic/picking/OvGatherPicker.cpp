@@ -360,6 +360,9 @@ bool Run::findOnsets()
 bool Run::passesThresholds(int row, double point) const
 {
     const OvTraceGrid& grid = m_work.grid;
+    // Behind its end a trace that is shorter than the others shows nothing.
+    if (point >= grid.last(row))
+        return false;
     const int from = std::clamp(rounded(point), 0, grid.points());
     const int to = std::clamp(rounded(point + std::max(m_swing, 4.0)), from, grid.points());
     float largest = 0.0F;

@@ -27,6 +27,7 @@ private slots:
     void auxiliaryChannelsBetween();
     void delaysOfTheirOwn();
     void tracesThatEndEarly();
+    void tracesOfEveryLength();
 
 private:
     OvPickResult pick(const SyntheticGather& made) const
@@ -271,6 +272,32 @@ void tst_OvSpreadPicking::tracesThatEndEarly()
     QVERIFY2(within(made, result, 6.0) >= usual - 1,
              qPrintable(QString::number(within(made, result, 6.0))));
     QVERIFY2(std::isnan(result.timesMs[38]), qPrintable(QString::number(result.timesMs[38])));
+}
+
+void tst_OvSpreadPicking::tracesOfEveryLength()
+{
+    for (const double noise : {0.0, 0.1, 1.0}) {
+        SyntheticGather made(60);
+        made.addNoise(noise);
+        for (int row = 0; row < 60; ++row) {
+            const int length = row % 2 == 0 ? 400 : row < 30 ? row : 6 * row;
+            std::fill(made.gather.trace(row) + length, made.gather.trace(row) + 400, 0.0F);
+        }
+        OvPickSettings settings;
+        settings.minimumConfidence = 0.0;
+        for (const bool coarse : {false, true}) {
+            made.gather.intervalMs = coarse ? 2.0 : 0.25; // averaged, many samples a point
+            const OvPickResult result = m_picker->pick(made.gather, settings, nullptr);
+            QCOMPARE(int(result.timesMs.size()), 60);
+            for (int row = 1; row < 60; row += 2) {
+                const double length = row < 30 ? row : 6 * row;
+                const auto time =
+                    static_cast<double>(result.timesMs[static_cast<std::size_t>(row)]);
+                QVERIFY2(!(time > made.gather.timeMs(row, length)),
+                         qPrintable(QStringLiteral("row %1: %2").arg(row).arg(time)));
+            }
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_OvSpreadPicking)
