@@ -196,7 +196,10 @@ void OvHeaderMappingDlg::connectExamination()
             });
     connect(m_examination, &OvHeaderExamination::progress, m_progress, &QProgressBar::setValue);
     connect(m_examination, &OvHeaderExamination::surveyed, this, &OvHeaderMappingDlg::showFound);
-    connect(m_examination, &OvHeaderExamination::failed, this, &OvHeaderMappingDlg::endSurvey);
+    connect(m_examination, &OvHeaderExamination::failed, this, [this](const QString& message) {
+        m_failure = message;
+        endSurvey(Finding::Failed);
+    });
 }
 
 void OvHeaderMappingDlg::restorePlace()
@@ -258,6 +261,7 @@ void OvHeaderMappingDlg::retranslate()
     m_model->retranslate();
     m_values->retranslate();
     showProblems();
+    showFinding();
 }
 
 void OvHeaderMappingDlg::retranslatePresets()
@@ -281,7 +285,8 @@ void OvHeaderMappingDlg::followMapping()
         ++preset;
     m_presets->setCurrentIndex(preset);
     m_values->setMapping(mapping());
-    m_found->setText(tr("Examining..."));
+    m_finding = Finding::Sought;
+    showFinding();
     showProblems();
     m_settle.start();
 }
@@ -293,20 +298,45 @@ void OvHeaderMappingDlg::startSurvey(bool wholeFile)
     m_examine->setEnabled(status.ok());
     if (!status) {
         m_examination->cancel();
-        endSurvey({});
+        endSurvey(Finding::None);
         return;
     }
     m_progress->setValue(0);
     m_progress->setVisible(wholeFile);
-    m_examine->setText(wholeFile ? tr("&Stop") : tr("&Examine Whole File"));
+    showFinding();
     m_examination->survey(mapping(), wholeFile);
 }
 
-void OvHeaderMappingDlg::endSurvey(const QString& note)
+void OvHeaderMappingDlg::endSurvey(Finding finding)
 {
     m_progress->hide();
-    m_examine->setText(tr("&Examine Whole File"));
-    m_found->setText(note);
+    m_finding = finding;
+    showFinding();
+}
+
+void OvHeaderMappingDlg::showFinding()
+{
+    m_found->setText(findingText());
+    m_examine->setText(m_progress->isHidden() ? tr("&Examine Whole File") : tr("&Stop"));
+}
+
+QString OvHeaderMappingDlg::findingText() const
+{
+    switch (m_finding) {
+    case Finding::None:
+        return {};
+    case Finding::Sought:
+        return tr("Examining...");
+    case Finding::Failed:
+        return m_failure;
+    case Finding::Found:
+        break;
+    }
+    const qint64 all = m_document->file().info().traceCount;
+    const QString traces = locale().toString(m_surveyed);
+    return m_surveyed == all ? tr("Found in all %1 traces.").arg(traces)
+                             : tr("Found in %1 of %2 traces, spread over the file.")
+                                   .arg(traces, locale().toString(all));
 }
 
 void OvHeaderMappingDlg::showFound(const OvHeaderSurvey& survey)
@@ -316,11 +346,8 @@ void OvHeaderMappingDlg::showFound(const OvHeaderSurvey& survey)
         m_table->resizeColumnsToContents();
     m_columnsFit = true;
     showProblems();
-    const QString traces = locale().toString(survey.traceCount());
-    endSurvey(survey.isWhole()
-                  ? tr("Found in all %1 traces.").arg(traces)
-                  : tr("Found in %1 of %2 traces, spread over the file.")
-                        .arg(traces, locale().toString(m_document->file().info().traceCount)));
+    m_surveyed = survey.traceCount();
+    endSurvey(Finding::Found);
 }
 
 void OvHeaderMappingDlg::showProblems()

@@ -42,6 +42,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// What is known of the mapping's words.
+    enum class Finding { None, Sought, Found, Failed };
+
     void makeTables();
     void makeFields();
     void arrange();
@@ -53,7 +56,9 @@ private:
     void usePreset(int index);
     void followMapping();
     void startSurvey(bool wholeFile);
-    void endSurvey(const QString& note);
+    void endSurvey(Finding finding);
+    void showFinding();
+    QString findingText() const;
     void showFound(const OvHeaderSurvey& survey);
     void showProblems();
     void goToProblem(int row);
@@ -65,6 +70,9 @@ private:
     OvHeaderValuesModel* m_values;
     OvHeaderExamination* m_examination;
     bool m_columnsFit = false;
+    Finding m_finding = Finding::None;
+    qint64 m_surveyed = 0; // traces
+    QString m_failure;
     QTimer m_settle; // the mapping is surveyed when it has come to rest
     QLabel* m_presetLabel = nullptr;
     QComboBox* m_presets = nullptr;

@@ -10,6 +10,7 @@
 #include "OvTarnpick/OvTarnpickUtil.h"
 #include "host/OvHostLook.h"
 
+#include "SharedKeys.h"
 #include "ShownTexts.h"
 #include "fixtures/ModalProbe.h"
 #include "fixtures/SegyWriter.h"
@@ -67,6 +68,7 @@ private slots:
     void contextMenus();
     void jobsThatEndInChinese();
     void aStrayEnglishWordIsFound();
+    void sharedKeysAreFound();
 
 private:
     using Choice = OvTranslator::LanguageType;
@@ -143,6 +145,7 @@ QStringList tst_TwoLanguages::wrongInBoth(QWidget* shown) const
         // The task list shows news some times a second.
         if (!QTest::qWaitFor([&] { return wrong(shown).isEmpty(); }, 1000))
             found += wrong(shown);
+        found += SharedKeys::of(shown);
     }
     choose(OvTranslator::English);
     return found;
@@ -312,8 +315,9 @@ void tst_TwoLanguages::startsInTheRememberedLanguage()
 void tst_TwoLanguages::addDialogs()
 {
     QTest::addColumn<QString>("name");
-    for (const char* name : {"action_New_Project", "action_Open_Project", "action_Manage_Project",
-                             "actionAbout_Tarnpick", "actionLinkWindow", "actionAuto_Pick"})
+    for (const char* name :
+         {"action_New_Project", "action_Open_Project", "action_Manage_Project",
+          "actionAbout_Tarnpick", "actionLinkWindow", "actionAuto_Pick", "actionHeader_Mapping"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
@@ -331,6 +335,8 @@ void tst_TwoLanguages::readFreshDialog()
         QString found = QStringLiteral("no dialog");
         m_probe->next([&](QWidget* dialog) {
             found = lines(wrong(dialog));
+            if (!qobject_cast<QFileDialog*>(dialog)) // the toolkit's own
+                found += lines(SharedKeys::of(dialog));
             qobject_cast<QDialog*>(dialog)->reject();
         });
         QVERIFY(trigger(name));
@@ -461,6 +467,27 @@ void tst_TwoLanguages::aStrayEnglishWordIsFound()
     stray.setToolTip(QStringLiteral("SEG-Y 文件(&F) 3 ms"));
     QCOMPARE(ShownTexts::withEnglish(ShownTexts::of(&stray), {}), QStringList());
     QCOMPARE(ShownTexts::withChinese(ShownTexts::of(&stray)).size(), 1);
+}
+
+void tst_TwoLanguages::sharedKeysAreFound()
+{
+    QMainWindow stray;
+    QMenu* menu = stray.menuBar()->addMenu(QStringLiteral("&File"));
+    menu->addAction(QStringLiteral("&Open"))->setShortcut(QStringLiteral("Ctrl+O"));
+    QAction* print = menu->addAction(QStringLiteral("&Print"));
+    auto* button = new QPushButton(QStringLiteral("&Open"), &stray);
+    stray.show();
+    QCOMPARE(SharedKeys::of(&stray), QStringList());
+    print->setText(QStringLiteral("&Over"));
+    QCOMPARE(SharedKeys::of(&stray), QStringList("Alt+O: &Open, &Over"));
+    print->setText(QStringLiteral("&Print"));
+    print->setShortcut(QStringLiteral("Ctrl+O"));
+    QCOMPARE(SharedKeys::of(&stray), QStringList("Ctrl+O: &Open, &Print"));
+    print->setShortcut({});
+    button->setText(QStringLiteral("Fi&x &File"));
+    QCOMPARE(SharedKeys::of(&stray), QStringList());
+    button->setText(QStringLiteral("Fix &File"));
+    QCOMPARE(SharedKeys::of(&stray), QStringList("Alt+F: &File, Fix &File"));
 }
 
 QTEST_MAIN(tst_TwoLanguages)
