@@ -158,7 +158,7 @@ void tst_OvSpreadPicking::severalShotsInOneRecord()
     }
     made.addNoise(0.2);
     const int good = within(made, pick(made), 6.0);
-    QVERIFY2(good >= 112, qPrintable(QString::number(good)));
+    QVERIFY2(good >= 106, qPrintable(QString::number(good)));
 }
 
 void tst_OvSpreadPicking::splitSpreadWithAGap()
