@@ -195,6 +195,9 @@ void Walker::type(const QString& text)
 
 void Walker::moveTo(const QPoint& point)
 {
+    if (point == m_pointer) // there is no movement that could be waited for
+        return;
+    m_pointer = point;
     tool("xdotool",
          {"mousemove", "--sync", QString::number(point.x()), QString::number(point.y())});
 }

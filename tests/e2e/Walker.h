@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QPoint>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QRect>
@@ -75,5 +76,6 @@ private:
     QProcess m_program;
     QString m_output;
     int m_starts = 0;
+    QPoint m_pointer{-1, -1}; // nobody else moves it
     QString m_socket;
 };
