@@ -9,9 +9,11 @@
 
 namespace {
 
-constexpr int rounds = 3;
-constexpr int neighbours = 7; // on either side
-constexpr float most = 40.0F; // a match of this likelihood is as good as certain
+constexpr int rounds = 4;
+constexpr int fewestNeighbours = 7; // on either side
+constexpr int mostNeighbours = 24;
+constexpr float most = 40.0F;   // a match of this likelihood is as good as certain
+constexpr float misfit = 0.03F; // share of a trace's signal that the pilot does not hold
 
 int rounded(double value)
 {
@@ -24,6 +26,26 @@ std::size_t at(int index)
 }
 
 } // namespace
+
+// As many as bring the pilot's strength up.
+void OvArrivalAlignment::chooseNeighbours(int mostOnASide)
+{
+    constexpr double wanted = 16.0;
+    constexpr double least = 0.1;
+    m_neighbours = fewestNeighbours;
+    std::vector<double> strengths;
+    for (const Match& match : m_matches)
+        strengths.push_back(static_cast<double>(match.strength));
+    const double usual = std::max(OvPickCourse::median(std::move(strengths)), least);
+    if (usual > least)
+        m_neighbours =
+            std::clamp(rounded(wanted * wanted / (usual * usual)), fewestNeighbours, mostOnASide);
+    m_taper.clear();
+    for (int away = 0; away <= m_neighbours; ++away) {
+        const double share = away / (0.6 * m_neighbours);
+        m_taper.push_back(static_cast<float>(std::exp(-share * share)));
+    }
+}
 
 // A cut begins reach before the pilot's window and ends reach behind it.
 void OvArrivalAlignment::cut(const Input& input)
@@ -57,12 +79,11 @@ void OvArrivalAlignment::cut(const Input& input)
 void OvArrivalAlignment::stack(const Input& input, int row)
 {
     m_pilot.assign(at(m_length), 0.0F);
-    const OvLinkRange near = input.chain->neighbours(row, neighbours);
+    const OvLinkRange near = input.chain->neighbours(row, m_neighbours);
     for (int other = near.first; other < near.last; ++other) {
         if (other == row)
             continue;
-        const double away = static_cast<double>(other - row) / (0.6 * neighbours);
-        const float weight = m_weights[at(other)] * static_cast<float>(std::exp(-away * away));
+        const float weight = m_weights[at(other)] * m_taper[at(std::abs(other - row))];
         const float* cut = m_cuts.data() + at(other) * at(m_length);
         for (int i = 0; i < m_length; ++i)
             m_pilot[at(i)] += weight * cut[i];
@@ -101,15 +122,19 @@ void OvArrivalAlignment::correlate(const Input& input, int row, float gain)
 {
     const int shifts = 2 * m_reach + 1;
     float* out = m_correlations.data() + at(row) * at(shifts);
-    const float noise = input.noise(row) * gain;
-    const float scale = m_matches[at(row)].sign / std::max(noise, 1e-30F);
+    const float noise = input.noise(row) * input.noise(row);
     const int start = rounded(m_matches[at(row)].time) - m_before - m_reach;
     const float* samples = input.samples(row);
     for (int shift = 0; shift < shifts; ++shift) {
         const int from = start + shift;
         const int skipped = std::clamp(-from, 0, m_length);
         const int length = std::clamp(input.points - from, skipped, m_length) - skipped;
-        out[shift] = scale * OvFir::dot(m_pilot.data() + skipped, samples + from + skipped, length);
+        const float* values = samples + from + skipped;
+        const float product = OvFir::dot(m_pilot.data() + skipped, values, length);
+        const float signal =
+            OvFir::dot(values, values, length) - static_cast<float>(length) * noise;
+        const float power = noise * gain * gain + misfit * std::max(signal, 0.0F);
+        out[shift] = m_matches[at(row)].sign * product / std::sqrt(std::max(power, 1e-30F));
     }
 }
 
@@ -130,58 +155,66 @@ void OvArrivalAlignment::turnReversed()
     }
 }
 
-void OvArrivalAlignment::follow(const Input& input)
+void OvArrivalAlignment::score(const Input& input, int row)
 {
     const int shifts = 2 * m_reach + 1;
+    const float* values = m_correlations.data() + at(row) * at(shifts);
+    float* scores = m_lattice.row(row);
+    const float largest = std::max(*std::max_element(values, values + shifts), 0.0F);
+    // Loud rows are scaled down as a whole, so that their best shift stays the best.
+    const float scale = 0.5F * std::min(1.0F, most / std::max(0.5F * largest * largest, 1.0F));
+    std::transform(values, values + shifts, scores,
+                   [scale](float value) { return value > 0.0F ? scale * value * value : 0.0F; });
+    const int start = rounded(m_matches[at(row)].time) - m_reach;
+    for (int shift = 0; shift < shifts && input.change; ++shift)
+        scores[shift] += input.change(row, start + shift);
+}
+
+void OvArrivalAlignment::follow(const Input& input)
+{
     std::vector<double> times;
     for (const Match& match : m_matches)
         times.push_back(match.time);
-    const std::vector<double> slopes = OvPickCourse::slopes(times, input.chain->cables);
-    m_lattice.rows = input.rows;
-    m_lattice.points = shifts;
-    m_lattice.scores.resize(m_correlations.size());
-    for (int row = 0; row < input.rows; ++row) {
-        const float* values = m_correlations.data() + at(row) * at(shifts);
-        const float largest = std::max(*std::max_element(values, values + shifts), 0.0F);
-        // Loud rows are scaled down as a whole, so that their best shift stays the best.
-        const float scale = 0.5F * std::min(1.0F, most / std::max(0.5F * largest * largest, 1.0F));
-        std::transform(values, values + shifts, m_lattice.row(row), [scale](float value) {
-            return value > 0.0F ? scale * value * value : 0.0F;
-        });
-    }
+    const std::vector<double> slopes = OvPickCourse::slopes(times, *input.chain);
+    m_lattice.resize(input.rows, 2 * m_reach + 1);
     m_steps.resize(m_matches.size());
-    for (int row = 1; row < input.rows; ++row) {
-        const int moved = rounded(times[at(row)]) - rounded(times[at(row - 1)]);
-        m_steps[at(row)].expected = rounded(slopes[at(row)] - moved);
-        const double free = std::max(input.chain->steps[at(row)], 1.0);
-        m_steps[at(row)].later = static_cast<float>(8.0 / input.period / free);
-        m_steps[at(row)].earlier = m_steps[at(row)].later;
-        if (input.chain->beginsCable(row))
+    for (int row = 0; row < input.rows; ++row) {
+        score(input, row);
+        if (input.chain->beginsCable(row)) {
             m_steps[at(row)] = OvShiftPath::anywhere;
+            continue;
+        }
+        const int moved = rounded(times[at(row)]) - rounded(times[at(row - 1)]);
+        const double free = std::max(input.chain->steps[at(row)], 1.0);
+        const auto penalty = static_cast<float>(8.0 / input.period / free);
+        m_steps[at(row)] = {rounded(slopes[at(row)] - moved), penalty, penalty};
     }
     const std::vector<int>& path = m_path.find(m_lattice, m_steps);
-    for (int row = 0; row < input.rows; ++row) {
-        const float* values = m_correlations.data() + at(row) * at(shifts);
-        const int peak = path[at(row)];
-        Match& match = m_matches[at(row)];
-        double shift = peak - m_reach;
-        if (peak > 0 && peak + 1 < shifts) {
-            const float left = values[peak - 1];
-            const float right = values[peak + 1];
-            const float bend = left - 2.0F * values[peak] + right;
-            if (bend < 0.0F && values[peak] > left && values[peak] > right)
-                shift += static_cast<double>(0.5F * (left - right) / bend);
-        }
-        match.time = std::clamp(rounded(match.time) + shift, 0.0, input.points - 1.0);
-        match.strength = values[peak];
-        float rival = 0.0F;
-        const int apart = std::max(rounded(0.4 * input.period), 1);
-        for (int i = 0; i < shifts; ++i) {
-            if (std::abs(i - peak) >= apart)
-                rival = std::max(rival, values[i]);
-        }
-        match.margin = match.strength - rival;
+    for (int row = 0; row < input.rows; ++row)
+        moveTo(input, row, path[at(row)]);
+}
+
+// To the vertex of the parabola through a correlation and its neighbours.
+void OvArrivalAlignment::moveTo(const Input& input, int row, int peak)
+{
+    const int shifts = 2 * m_reach + 1;
+    const float* values = m_correlations.data() + at(row) * at(shifts);
+    Match& match = m_matches[at(row)];
+    double shift = peak - m_reach;
+    if (peak > 0 && peak + 1 < shifts) {
+        const float left = values[peak - 1];
+        const float right = values[peak + 1];
+        const float bend = left - 2.0F * values[peak] + right;
+        if (bend < 0.0F && values[peak] > left && values[peak] > right)
+            shift += static_cast<double>(0.5F * (left - right) / bend);
     }
+    match.time = std::clamp(rounded(match.time) + shift, 0.0, input.points - 1.0);
+    match.strength = values[peak];
+    const int apart = std::max(rounded(0.4 * input.period), 1);
+    float rival = 0.0F;
+    for (int i = 0; i < shifts; ++i)
+        rival = std::abs(i - peak) >= apart ? std::max(rival, values[i]) : rival;
+    match.margin = match.strength - rival;
 }
 
 void OvArrivalAlignment::settle(const Input& input)
@@ -189,7 +222,7 @@ void OvArrivalAlignment::settle(const Input& input)
     std::vector<double> times;
     for (const Match& match : m_matches)
         times.push_back(match.time);
-    const std::vector<double> strays = OvPickCourse::strays(times, 5, input.chain->cables);
+    const std::vector<double> strays = OvPickCourse::strays(times, 5, *input.chain);
     cut(input);
     for (int row = 0; row < input.rows; ++row) {
         Match& match = m_matches[at(row)];
@@ -213,6 +246,7 @@ bool OvArrivalAlignment::align(const Input& input, const std::vector<double>& ti
     for (int round = 0; round < rounds; ++round) {
         if (input.cancel && input.cancel->load())
             return false;
+        chooseNeighbours(round + 2 < rounds ? fewestNeighbours : mostNeighbours);
         cut(input);
         const float gain = noiseGain(input);
         for (int row = 0; row < input.rows; ++row) {

@@ -14,8 +14,11 @@ struct OvTraceChain;
 ///
 /// The likelihood of a shift is that of the pilot in white noise, which the square of the
 /// correlation over the noise's gives (Turin, G., 1960, An introduction to matched filters, IRE
-/// Trans. Inf. Theory 6, 311-329); the best path through the shifts of all traces (OvShiftPath)
-/// keeps single traces from skipping a cycle. Three rounds, each with sharper pilots.
+/// Trans. Inf. Theory 6, 311-329), and that of the trace turning from noise to signal there, so
+/// that a louder wave a cycle behind does not win; a share of a trace's signal counts as noise, so
+/// that of clear traces shape decides, not size. The best path through the shifts of all traces
+/// (OvShiftPath) keeps single traces from skipping a cycle. Four rounds, each with sharper pilots;
+/// the weaker the arrivals, the more neighbours make a pilot.
 class OVSEISMIC_EXPORT OvArrivalAlignment
 {
 public:
@@ -26,6 +29,8 @@ public:
         double period = 0.0; ///< points
         std::function<const float*(int row)> samples;
         std::function<float(int row)> noise; ///< RMS
+        /// Log-likelihood of a row turning from noise to signal at a point; may be empty.
+        std::function<float(int row, double point)> change;
         const OvTraceChain* chain = nullptr;
         const std::atomic<bool>* cancel = nullptr;
     };
@@ -43,19 +48,26 @@ public:
     /// times holds a point of each row to begin with. False once *cancel is true.
     bool align(const Input& input, const std::vector<double>& times);
     const std::vector<Match>& matches() const { return m_matches; }
+    /// How many neighbours on either side made a pilot in the end.
+    int neighbours() const { return m_neighbours; }
 
 private:
+    void chooseNeighbours(int most);
     void cut(const Input& input);
     void stack(const Input& input, int row);
     float noiseGain(const Input& input);
     void correlate(const Input& input, int row, float gain);
     void turnReversed();
+    void score(const Input& input, int row);
     void follow(const Input& input);
+    void moveTo(const Input& input, int row, int peak);
     void settle(const Input& input);
 
     int m_before = 0; // points of the pilot ahead of the arrival
     int m_length = 0; // of the pilot
     int m_reach = 0;  // largest shift
+    int m_neighbours = 0;
+    std::vector<float> m_taper; // weight of a neighbour by its distance
     std::vector<Match> m_matches;
     std::vector<float> m_cuts; // of each row, aligned, of unit size
     std::vector<float> m_weights;

@@ -47,10 +47,10 @@ void OvArrivalStack::stack(const OvTraceGrid& grid, const std::vector<Member>& m
     m_origin = rounded(reachPeriods * period);
     m_samples.assign(static_cast<std::size_t>(2 * m_origin + 1), 0.0F);
     const OvLinkRange near =
-        ovNeighbours(grid.cables(), static_cast<int>(members.size()), row, neighbours);
+        ovNeighbours(grid.cables(), static_cast<int>(members.size()), row, m_neighbours);
     for (int other = near.first; other < near.last; ++other) {
         const Member& member = members[static_cast<std::size_t>(other)];
-        const double away = static_cast<double>(other - row) / (0.6 * neighbours);
+        const double away = static_cast<double>(other - row) / (0.6 * m_neighbours);
         const float weight = member.weight * static_cast<float>(std::exp(-away * away));
         if (weight > 0.0F)
             add(grid, member, other, weight, period);

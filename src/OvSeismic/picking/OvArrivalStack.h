@@ -22,8 +22,8 @@ public:
         float sign = 1.0F;   ///< -1 for a channel of reversed polarity
     };
 
-    static constexpr int neighbours = 7; ///< on either side
-
+    /// How many traces on either side are stacked; 7 unless set.
+    void setNeighbours(int neighbours) { m_neighbours = neighbours; }
     /// Stacks the traces around a row; period in points. The stack runs from two periods ahead of
     /// the arrival to two behind it.
     void stack(const OvTraceGrid& grid, const std::vector<Member>& members, int row, double period);
@@ -43,6 +43,7 @@ public:
 private:
     void add(const OvTraceGrid& grid, const Member& member, int row, float weight, double period);
 
+    int m_neighbours = 7;
     int m_origin = 0;
     std::vector<float> m_samples;
     OvTraceSums m_sums;

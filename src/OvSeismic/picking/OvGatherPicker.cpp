@@ -3,13 +3,12 @@
 #include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 #include "OvSeismic/picking/OvArrivalStack.h"
-#include "OvSeismic/picking/OvClearCourse.h"
+#include "OvSeismic/picking/OvMixedCourse.h"
 #include "OvSeismic/picking/OvOnsetGuide.h"
 #include "OvSeismic/picking/OvOnsetSearch.h"
 #include "OvSeismic/picking/OvPhaseSearch.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvPickEvidence.h"
-#include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvPickPrior.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
@@ -31,6 +30,7 @@ struct Workspace
     OvTraceGrid whitened;
     OvOnsetGuide guide;
     OvArrivalAlignment alignment;
+    OvMixedCourse mixed;
     OvArrivalStack stack;
 };
 
@@ -80,20 +80,6 @@ OvTraceChain sampleOf(const OvTraceChain& chain)
     return sample;
 }
 
-// How loud the arrivals of a gather begin, and how well they lie with their neighbours.
-double worth(const std::vector<OvOnsetSearch::Arrival>& arrivals, double periodMs)
-{
-    constexpr double loudest = 2.0; // of the logarithm
-    constexpr double strayWeight = 2.0;
-    double sum = 0.0;
-    for (const OvOnsetSearch::Arrival& arrival : arrivals) {
-        if (std::isfinite(arrival.timeMs))
-            sum += std::clamp(std::log(arrival.ratio), 0.0, loudest) -
-                   strayWeight * std::min(arrival.strayMs / periodMs, 1.0);
-    }
-    return sum;
-}
-
 // Picks one gather.
 class Run
 {
@@ -118,13 +104,13 @@ private:
     const OvPickParameters& parameters() const { return m_settings.parameters; }
     int rows() const { return m_work.grid.rows(); }
     void chooseInterval();
-    OvOnsetGuide::Options guideOptions() const;
-    void addPrior(OvOnsetGuide::Options* options) const;
+    void takeLimits();
+    void addPrior();
+    bool align(const std::vector<double>& times);
     double contrast(const OvTraceGrid& grid) const;
     void chooseGrid();
     double swingPeriod() const;
     std::vector<OvArrivalStack::Member> members() const;
-    bool lookAgain(const OvPickPlan& plan);
     void takeOnsets(const std::vector<double>& stacked);
     double ratioAt(const OvTraceGrid& grid, int row, double point) const;
     bool passesThresholds(int row, double point) const;
@@ -134,8 +120,8 @@ private:
     const OvPickSettings& m_settings;
     const std::atomic<bool>* m_cancel;
     Workspace& m_work;
+    OvOnsetLimits m_limits;
     const OvTraceGrid* m_clean = nullptr; // the rows, or without their predictable noise
-    bool m_isClear = false;               // most traces show their arrival by themselves
     double m_swing = 0.0;                 // dominant period of the clean rows, points
     std::vector<OvOnsetSearch::Arrival> m_own;
     std::vector<double> m_points; // the onsets
@@ -159,7 +145,7 @@ void Run::chooseInterval()
     m_work.grid.load(m_gather, m_chain, every, parameters().processingLengthMs);
 }
 
-OvOnsetGuide::Options Run::guideOptions() const
+void Run::takeLimits()
 {
     // What is faster than 8 km/s or slower than sound is unlikely to be a first break.
     constexpr double fastest = 8.0;
@@ -167,26 +153,24 @@ OvOnsetGuide::Options Run::guideOptions() const
     // An arrival below a larger threshold is looked for, and then left out.
     constexpr double mostStill = 0.01;
     const OvTraceGrid& grid = m_work.grid;
-    OvOnsetGuide::Options options;
-    options.cancel = m_cancel;
-    options.leastAmplitude = std::min(parameters().amplitudeThreshold, mostStill);
-    options.windowPoints = parameters().quickSearchWindowMs / grid.stepMs();
+    m_limits.cancel = m_cancel;
+    m_limits.leastAmplitude = std::min(parameters().amplitudeThreshold, mostStill);
+    m_limits.windowPoints = parameters().quickSearchWindowMs / grid.stepMs();
     // Nothing arrives before the shot, whatever was recorded ahead of it.
-    options.earliest = static_cast<int>(std::floor(grid.pointAt(0, 0.0)));
+    m_limits.earliest = static_cast<int>(std::floor(grid.pointAt(0, 0.0)));
     for (int row = 0; row < rows() && m_chain.hasOffsets; ++row) {
         const double offset =
             std::abs(static_cast<double>(m_gather.headers[at(m_chain.rows[at(row)])].offset));
-        options.earliestLikely.push_back(
+        m_limits.earliestLikely.push_back(
             static_cast<float>(grid.pointAt(row, offset / fastest - 5.0)));
-        options.latestLikely.push_back(
+        m_limits.latestLikely.push_back(
             static_cast<float>(grid.pointAt(row, offset / slowest + 100.0)));
     }
     if (m_settings.prior)
-        addPrior(&options);
-    return options;
+        addPrior();
 }
 
-void Run::addPrior(OvOnsetGuide::Options* options) const
+void Run::addPrior()
 {
     std::vector<OvTraceHeader> headers;
     headers.reserve(m_chain.rows.size());
@@ -195,8 +179,8 @@ void Run::addPrior(OvOnsetGuide::Options* options) const
     const auto expected = m_settings.prior->expected(headers);
     for (int row = 0; row < rows(); ++row) {
         const OvPickPrior::Expected& one = expected[at(row)];
-        options->expected.push_back(static_cast<float>(m_work.grid.pointAt(row, one.timeMs)));
-        options->halfWidths.push_back(
+        m_limits.expected.push_back(static_cast<float>(m_work.grid.pointAt(row, one.timeMs)));
+        m_limits.halfWidths.push_back(
             one.isKnown() ? static_cast<float>(one.halfWidthMs / m_work.grid.stepMs()) : 0.0F);
     }
 }
@@ -204,10 +188,11 @@ void Run::addPrior(OvOnsetGuide::Options* options) const
 bool Run::findCourse()
 {
     chooseInterval();
-    return m_work.guide.find(m_work.grid, m_chain, guideOptions());
+    takeLimits();
+    return m_work.guide.find(m_work.grid, m_chain, m_limits);
 }
 
-bool Run::alignTraces()
+bool Run::align(const std::vector<double>& times)
 {
     OvArrivalAlignment::Input input;
     input.rows = rows();
@@ -215,9 +200,18 @@ bool Run::alignTraces()
     input.period = m_work.guide.period();
     input.samples = [this](int row) { return m_work.guide.filtered(row); };
     input.noise = [this](int row) { return m_work.guide.noise(row); };
+    input.change = [this](int row, double point) { return m_work.guide.lattice().at(row, point); };
     input.chain = &m_chain;
     input.cancel = m_cancel;
-    return m_work.alignment.align(input, m_work.guide.times());
+    return m_work.alignment.align(input, times);
+}
+
+bool Run::alignTraces()
+{
+    return align(m_work.guide.times()) &&
+           m_work.mixed.find(m_work.guide, m_work.alignment.matches(), m_work.grid, m_chain,
+                             m_limits) &&
+           align(m_work.mixed.times());
 }
 
 // Median over the rows of the energy behind the course over that ahead of it.
@@ -225,7 +219,7 @@ double Run::contrast(const OvTraceGrid& grid) const
 {
     std::vector<double> ratios;
     for (int row = 0; row < rows(); ++row) {
-        const double ratio = ratioAt(grid, row, m_work.guide.times()[at(row)]);
+        const double ratio = ratioAt(grid, row, m_work.mixed.times()[at(row)]);
         if (std::isfinite(ratio))
             ratios.push_back(ratio * ratio);
     }
@@ -256,17 +250,13 @@ void Run::chooseGrid()
 {
     constexpr double littleNoise = 30.0;
     constexpr double worthIt = 1.5;
-    constexpr double clear = 8.0;
     const double asIs = contrast(m_work.grid);
     m_clean = &m_work.grid;
-    m_isClear = asIs > clear;
     if (asIs >= littleNoise)
         return;
     m_work.whitened.takeFiltered(m_work.grid, m_work.guide.whitener());
-    if (contrast(m_work.whitened) > worthIt * asIs) {
+    if (contrast(m_work.whitened) > worthIt * asIs)
         m_clean = &m_work.whitened;
-        m_isClear = false;
-    }
 }
 
 double Run::swingPeriod() const
@@ -274,7 +264,7 @@ double Run::swingPeriod() const
     constexpr double searched = 6.0;
     const double period = m_work.guide.period();
     const double swing =
-        OvPickCourse::periodBehind(*m_clean, m_work.guide.times(), searched * period);
+        OvPickCourse::periodBehind(*m_clean, m_work.mixed.times(), searched * period);
     return swing > 0.0 ? std::clamp(swing, 0.7 * period, 3.0 * period) : period;
 }
 
@@ -290,68 +280,50 @@ std::vector<OvArrivalStack::Member> Run::members() const
     return members;
 }
 
-// A clear gather is worth a second look, which owes nothing to the first.
-bool Run::lookAgain(const OvPickPlan& plan)
-{
-    constexpr double clearRatio = 3.0;
-    constexpr double nearlyAsGood = 0.97;
-    std::vector<double> ratios;
-    for (const OvOnsetSearch::Arrival& arrival : m_own)
-        ratios.push_back(arrival.ratio);
-    m_isClear = m_isClear && median(std::move(ratios)) > clearRatio;
-    if (!m_isClear)
-        return true;
-    const OvClearCourse course =
-        OvClearCourse::find(m_gather, m_chain, m_work.grid, parameters(), m_cancel);
-    if (course.timesMs.empty())
-        return false;
-    const auto second =
-        OvOnsetSearch::find(*m_clean, course.plan, course.timesMs, parameters(), m_cancel);
-    if (second.empty())
-        return false;
-    if (worth(second, plan.periodMs) >= nearlyAsGood * worth(m_own, plan.periodMs))
-        m_own = second;
-    return true;
-}
-
+// A trace's own onset counts where the trace stands clear of the noise: by itself, or when it says
+// about the same as the stack.
 void Run::takeOnsets(const std::vector<double>& stacked)
 {
-    constexpr double leastRatio = 2.5;
-    constexpr double leastAround = 3.0;
-    constexpr double mostStray = 0.5; // periods
+    constexpr double clear = 4.0;
+    constexpr double visible = 2.5;
+    constexpr double aboutTheSame = 0.2; // periods
     const double period = m_work.guide.period();
     std::vector<double> ratios;
     for (const OvOnsetSearch::Arrival& arrival : m_own)
         ratios.push_back(arrival.ratio);
     const std::vector<double> around = OvPickCourse::runningMedians(ratios, 4, m_chain.cables);
     for (int row = 0; row < rows(); ++row) {
-        const OvOnsetSearch::Arrival& arrival = m_own[at(row)];
-        const double own = m_work.grid.pointAt(row, arrival.timeMs);
+        const double own = m_work.grid.pointAt(row, m_own[at(row)].timeMs);
         const double stack = m_work.alignment.matches()[at(row)].time + stacked[at(row)];
+        const double ratio = std::min(ratios[at(row)], around[at(row)]);
+        const double gap = std::isfinite(own) ? std::abs(own - stack) / period : 1.0;
         const bool known = std::isfinite(own);
-        const bool good = arrival.ratio > leastRatio && around[at(row)] > leastAround &&
-                          arrival.strayMs < mostStray * period * m_work.grid.stepMs();
-        m_points.push_back(known && (m_isClear || good) ? own : stack);
-        m_gaps.push_back(known ? std::abs(own - stack) / period : 1.0);
+        m_points.push_back(
+            known && (ratio > clear || (ratio > visible && gap < aboutTheSame)) ? own : stack);
+        m_gaps.push_back(gap);
     }
 }
 
 bool Run::findOnsets()
 {
     constexpr double behindCourse = 0.15; // periods; the course runs ahead of the onsets
+    constexpr double usualTuning = 0.6;   // periods
     chooseGrid();
     m_swing = swingPeriod();
-    const OvPickPlan plan =
-        OvPickPlan::of(m_gather, m_chain, m_swing * m_work.grid.stepMs(), parameters());
+    const double tuningMs = static_cast<double>(parameters().tuningSearchWindowMs);
+    OvOnsetSearch::Scale scale;
+    scale.periodMs = m_swing * m_work.grid.stepMs();
+    scale.tuningMs = tuningMs > 0.0 ? tuningMs : usualTuning * scale.periodMs;
     std::vector<double> course;
     for (int row = 0; row < rows(); ++row)
-        course.push_back(m_work.grid.timeMs(row, m_work.guide.times()[at(row)]) +
-                         behindCourse * plan.periodMs);
-    const auto sign = OvOnsetSearch::preferredSign(*m_clean, plan, course, parameters(), m_cancel);
+        course.push_back(m_work.grid.timeMs(row, m_work.mixed.times()[at(row)]) +
+                         behindCourse * scale.periodMs);
+    const auto sign = OvOnsetSearch::preferredSign(*m_clean, scale, course, parameters(), m_cancel);
+    m_work.stack.setNeighbours(m_work.alignment.neighbours());
     const std::vector<double> stacked =
         m_work.stack.onsets(*m_clean, members(), m_work.guide.period(), sign);
-    m_own = OvOnsetSearch::find(*m_clean, plan, course, parameters(), m_cancel);
-    if (m_own.empty() || !lookAgain(plan))
+    m_own = OvOnsetSearch::find(*m_clean, scale, course, parameters(), m_cancel);
+    if (m_own.empty())
         return false;
     takeOnsets(stacked);
     return true;
@@ -384,7 +356,7 @@ void Run::deliver(OvPickResult* result)
         onsets[at(row)].point = m_points[at(row)];
     const std::vector<double> points =
         OvPhaseSearch::find(*m_clean, onsets, m_swing, m_settings.phase);
-    const std::vector<double> strays = OvPickCourse::strays(m_points, 5, m_chain.cables);
+    const std::vector<double> strays = OvPickCourse::strays(m_points, 5, m_chain);
     std::vector<double> strengths;
     for (const OvArrivalAlignment::Match& match : m_work.alignment.matches())
         strengths.push_back(static_cast<double>(match.strength));

@@ -1,9 +1,7 @@
 #include "OvSeismic/picking/OvOnsetGuide.h"
 
 #include "OvSeismic/dsp/OvAutoregression.h"
-#include "OvSeismic/dsp/OvChangeScore.h"
 #include "OvSeismic/dsp/OvFir.h"
-#include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 
 #include <algorithm>
@@ -11,10 +9,8 @@
 
 namespace {
 
-constexpr int passes = 3;
-constexpr double blocksAPeriod = 6.0;
 constexpr std::size_t noiseLags = 9;
-constexpr float forerunnerShare = 0.01F;
+constexpr double firstPeriod = 16.0; // points, until it is known
 
 int rounded(double value)
 {
@@ -26,39 +22,12 @@ bool isSet(const std::atomic<bool>* cancel)
     return cancel && cancel->load();
 }
 
-float median(std::vector<float>* values)
-{
-    const auto middle = values->begin() + static_cast<std::ptrdiff_t>(values->size() / 2);
-    std::nth_element(values->begin(), middle, values->end());
-    return *middle;
-}
-
-// The value that a share of chi-square variables over their degrees of freedom stays below (Wilson,
-// E., Hilferty, M., 1931, The distribution of chi-square, Proc. Natl. Acad. Sci. 17, 684-688).
-double chiSquareShare(double share, double freedom)
-{
-    // Normal quantile by the logistic approximation.
-    const double normal = std::log(share / (1.0 - share)) / 1.702;
-    const double spread = 2.0 / (9.0 * std::max(freedom, 1.0));
-    const double root = std::max(1.0 - spread + normal * std::sqrt(spread), 0.3);
-    return root * root * root;
-}
-
-// Independent samples in one sample of a process.
-double freedomOfCorrelation(const std::vector<double>& correlation)
-{
-    double sum = correlation[0] * correlation[0];
-    for (std::size_t lag = 1; lag < correlation.size(); ++lag)
-        sum += 2.0 * correlation[lag] * correlation[lag];
-    return correlation[0] * correlation[0] / sum;
-}
-
-// The same of white noise after a filter.
+// Independent samples in one sample of white noise after a filter.
 double freedomOf(const std::vector<float>& taps)
 {
     std::vector<double> correlation(taps.size(), 0.0);
     OvAutoregression::addCorrelation(taps.data(), static_cast<int>(taps.size()), 1.0, &correlation);
-    return freedomOfCorrelation(correlation);
+    return OvNoiseLevel::freedomOf(correlation);
 }
 
 } // namespace
@@ -214,61 +183,32 @@ void OvOnsetGuide::measureQuietShare(const OvTraceGrid& grid)
         length += quiet.size();
         ++rows;
     }
-    m_quietShare =
-        rows > 0 ? chiSquareShare(0.13, freedomOfCorrelation(correlation) * length / rows) : 1.0;
+    m_quietShare = rows > 0 ? OvNoiseLevel::chiSquareQuantile(
+                                  0.13, OvNoiseLevel::freedomOf(correlation) * length / rows)
+                            : 1.0;
 }
 
-// Mean energy of noise, told from the quieter stretches of a row.
-float OvOnsetGuide::quietEnergy(int row, int from, int to)
+// Negative where a row tells nothing.
+float OvOnsetGuide::noiseEnergy(const OvTraceGrid& grid, int row, bool atCourse)
 {
-    const int length = std::max(rounded(1.5 * m_period), 6);
-    std::vector<float> stretches;
-    for (int at = from; at + length <= to; at += length) {
-        const float* values = filtered(row) + at;
-        const float energy = OvFir::dot(values, values, length) / static_cast<float>(length);
-        if (energy > 0.0F)
-            stretches.push_back(energy);
-    }
-    if (stretches.empty())
+    const Quiet& quiet = m_quiet[static_cast<std::size_t>(row)];
+    const int block = std::max(rounded(0.7 * m_period), 4);
+    if (quiet.size() < block)
         return -1.0F;
-    const auto rank = stretches.begin() + static_cast<std::ptrdiff_t>(stretches.size() / 8);
-    std::nth_element(stretches.begin(), rank, stretches.end());
-    const double share = (static_cast<double>(stretches.size() / 8) + 0.7) /
-                         (static_cast<double>(stretches.size()) + 0.4);
-    return *rank / static_cast<float>(chiSquareShare(share, m_freedom * length));
+    if (atCourse)
+        return m_meter.usual(filtered(row) + quiet.from, quiet.size(), block, m_freedom);
+    const int first = grid.first(row);
+    const int stretch = std::max(rounded(1.5 * m_period), 6);
+    return std::max(
+        m_meter.quiet(filtered(row) + first, grid.last(row) - first, stretch, m_freedom), 0.0F);
 }
 
 void OvOnsetGuide::measureNoise(const OvTraceGrid& grid, bool atCourse, double leastAmplitude)
 {
-    const int block = std::max(rounded(0.7 * m_period), 4);
     m_noise.assign(static_cast<std::size_t>(grid.rows()), -1.0F);
-    std::vector<float> blocks;
     for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
-        const auto at = static_cast<std::size_t>(row);
-        const Quiet& quiet = m_quiet[at];
-        if (quiet.size() < block)
-            continue;
-        const float* values = filtered(row) + quiet.from;
-        float energy = 0.0F;
-        if (atCourse) {
-            // Without what bursts into it.
-            blocks.resize(static_cast<std::size_t>(quiet.size() / block));
-            OvChangeScore::energies(values, quiet.size(), block, blocks.data());
-            std::vector<float> sorted = blocks;
-            const float limit = 3.0F * median(&sorted);
-            float sum = 0.0F;
-            int used = 0;
-            for (const float value : blocks) {
-                if (value <= limit) {
-                    sum += value;
-                    ++used;
-                }
-            }
-            energy = sum / static_cast<float>(std::max(used, 1));
-        } else {
-            energy = quietEnergy(row, grid.first(row), grid.last(row));
-        }
-        m_noise[at] = std::sqrt(std::max(energy, 0.0F));
+        const float energy = noiseEnergy(grid, row, atCourse);
+        m_noise[static_cast<std::size_t>(row)] = energy < 0.0F ? -1.0F : std::sqrt(energy);
     }
     // Traces without a quiet stretch of their own take over their neighbours' noise.
     float last = -1.0F;
@@ -276,186 +216,67 @@ void OvOnsetGuide::measureNoise(const OvTraceGrid& grid, bool atCourse, double l
         noise = last = noise >= 0.0F ? noise : last;
     for (auto noise = m_noise.rbegin(); noise != m_noise.rend(); ++noise)
         *noise = last = *noise >= 0.0F ? *noise : std::max(last, 0.0F);
-    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
+    for (int row = 0; row < grid.rows(); ++row) {
         float& noise = m_noise[static_cast<std::size_t>(row)];
         noise = std::max(noise, static_cast<float>(leastAmplitude) * grid.largest(row));
     }
 }
 
-OvChangeScore::Rule OvOnsetGuide::ruleFor(const OvTraceGrid& grid, const Options& options,
-                                          int row) const
+void OvOnsetGuide::follow(const OvTraceChain& chain, const OvTraceGrid& grid,
+                          const OvOnsetLimits& limits)
 {
-    const double length = options.windowPoints > 0.0 ? options.windowPoints : 1.2 * m_period;
-    const float noise = m_noise[static_cast<std::size_t>(row)];
-    OvChangeScore::Rule rule;
-    rule.noise = noise * noise;
-    rule.forerunner = forerunnerShare;
-    rule.ahead = rounded(m_period / m_block);
-    rule.window = std::max(rounded(length / m_block), 1);
-    rule.first = (grid.first(row) + m_settle + m_block - 1) / m_block;
-    return rule;
+    OvOnsetLattice::Rows rows;
+    rows.grid = &grid;
+    rows.values = m_filtered.data();
+    rows.noise = m_noise.data();
+    rows.course = m_times.empty() ? nullptr : m_times.data();
+    rows.period = m_period;
+    rows.settle = m_settle;
+    m_lattice.build(rows, limits);
+    const auto& path = m_path.find(m_lattice.scores(), m_lattice.steps(chain, m_times));
+    m_times.assign(path.begin(), path.end());
+    for (double& time : m_times)
+        time *= m_lattice.block();
 }
 
-// What the noise leaks: ahead of the course, the median over the rows; without one, what the
-// quieter stretches of all rows do.
-float OvOnsetGuide::leakOf(const OvTraceGrid& grid) const
+// One search, by the course before if there is one.
+void OvOnsetGuide::pass(const OvTraceGrid& grid, const OvTraceChain& chain,
+                        const OvOnsetLimits& limits, bool atCourse, bool measures)
 {
-    constexpr float least = 0.03F;
-    constexpr float most = 0.6F;
-    constexpr float margin = 1.5F;
-    constexpr float quieter = 0.3F;
-    constexpr int enough = 8;
-    const int length = 16;
-    std::vector<float> leaks;
-    for (int row = 0; row < m_lattice.rows; ++row) {
-        const float* ratios = m_energies.data() + static_cast<std::size_t>(row) *
-                                                      static_cast<std::size_t>(m_lattice.points);
-        const int first = grid.first(row) / m_block;
-        if (m_times.empty()) {
-            for (int k = first; k + length <= grid.last(row) / m_block; k += length)
-                leaks.push_back(OvChangeScore::excess(ratios, m_standsOut, k, k + length));
-            continue;
-        }
-        const int clear =
-            rounded((m_times[static_cast<std::size_t>(row)] - 0.3 * m_period) / m_block);
-        if (clear - first >= enough)
-            leaks.push_back(OvChangeScore::excess(ratios, m_standsOut, first,
-                                                  std::min(clear, m_lattice.points)));
-    }
-    if (leaks.empty())
-        return least;
-    const auto rank =
-        leaks.begin() + static_cast<std::ptrdiff_t>((m_times.empty() ? quieter : 0.5F) *
-                                                    static_cast<float>(leaks.size()));
-    std::nth_element(leaks.begin(), rank, leaks.end());
-    return std::clamp(margin * *rank, least, most);
-}
-
-void OvOnsetGuide::score(const OvTraceGrid& grid, const Options& options)
-{
-    m_block = std::max(rounded(m_period / blocksAPeriod), 1);
-    m_lattice.rows = grid.rows();
-    m_lattice.points = std::max(m_points / m_block, 1);
-    m_lattice.scores.resize(static_cast<std::size_t>(m_lattice.rows) *
-                            static_cast<std::size_t>(m_lattice.points));
-    m_energies.assign(m_lattice.scores.size(), 0.0F);
-    const auto ratios = [this](int row) {
-        return m_energies.data() +
-               static_cast<std::size_t>(row) * static_cast<std::size_t>(m_lattice.points);
-    };
-    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
-        OvChangeScore::energies(filtered(row), m_points, m_block, ratios(row));
-        OvChangeScore::ratios(ruleFor(grid, options, row), m_lattice.points, ratios(row));
-    }
-    m_standsOut = 0.5F;
-    const float leak = leakOf(grid);
-    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
-        OvChangeScore::Rule rule = ruleFor(grid, options, row);
-        rule.leak = leak;
-        rule.standsOut = m_standsOut;
-        OvChangeScore::scores(rule, m_lattice.points, ratios(row), m_lattice.row(row));
-        std::fill_n(m_lattice.row(row), std::clamp(options.earliest / m_block, 0, m_lattice.points),
-                    -1000.0F);
-        holdWithin(options, row);
-    }
-    guideBy(grid, options);
-}
-
-void OvOnsetGuide::holdWithin(const Options& options, int row)
-{
-    constexpr float unlikely = 6.0F;
-    if (options.earliestLikely.empty())
-        return;
-    const float least = options.earliestLikely[static_cast<std::size_t>(row)];
-    const float most = options.latestLikely[static_cast<std::size_t>(row)];
-    float* scores = m_lattice.row(row);
-    for (int k = 0; k < m_lattice.points; ++k) {
-        const auto point = static_cast<float>(k * m_block);
-        scores[k] -= point < least || point > most ? unlikely : 0.0F;
-    }
-}
-
-void OvOnsetGuide::guideBy(const OvTraceGrid& grid, const Options& options)
-{
-    constexpr float most = 10.0F;
-    if (options.expected.empty())
-        return;
-    for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
-        const float expected = options.expected[static_cast<std::size_t>(row)];
-        const float half = options.halfWidths[static_cast<std::size_t>(row)];
-        if (!std::isfinite(expected) || !(half > 0.0F))
-            continue;
-        float* scores = m_lattice.row(row);
-        for (int k = 0; k < m_lattice.points; ++k) {
-            const float away = (static_cast<float>(k * m_block) - expected) / half;
-            scores[k] -= std::min(2.0F * away * away, most);
-        }
-    }
-}
-
-void OvOnsetGuide::follow(const OvTraceChain& chain, bool atCourse)
-{
-    std::vector<double> slopes;
-    if (atCourse)
-        slopes = OvPickCourse::slopes(m_times, chain.cables);
-    m_steps.resize(chain.rows.size());
-    for (std::size_t i = 0; i < m_steps.size(); ++i) {
-        m_steps[i].expected = atCourse ? rounded(slopes[i] / m_block) : 0;
-        const double free = std::max(chain.steps[i], 1.0);
-        const auto penalty = static_cast<float>((atCourse ? 3.0 : 1.0) / free);
-        const float back = atCourse ? penalty : 3.0F * penalty;
-        m_steps[i].later = chain.away[i] < 0 ? back : penalty;
-        m_steps[i].earlier = chain.away[i] > 0 ? back : penalty;
-        if (chain.beginsCable(static_cast<int>(i)))
-            m_steps[i] = OvShiftPath::anywhere;
-    }
-    const std::vector<int>& path = m_path.find(m_lattice, m_steps);
-    m_times.resize(path.size());
-    std::transform(path.begin(), path.end(), m_times.begin(),
-                   [this](int block) { return static_cast<double>(block * m_block); });
+    findQuiet(grid, atCourse);
+    measureQuietShare(grid);
+    whiten(grid);
+    if (measures)
+        measurePeriod(grid, atCourse);
+    if (!atCourse)
+        findQuiet(grid, false);
+    filter(grid);
+    measureNoise(grid, atCourse, limits.leastAmplitude);
+    follow(chain, grid, limits);
 }
 
 double OvOnsetGuide::scout(const OvTraceGrid& grid, const OvTraceChain& chain,
                            const std::atomic<bool>* cancel)
 {
-    m_cancel = cancel;
+    OvOnsetLimits limits;
+    limits.cancel = m_cancel = cancel;
     m_points = grid.points();
-    m_period = 16.0;
+    m_period = firstPeriod;
     m_times.clear();
-    for (const bool atCourse : {false, true}) {
-        findQuiet(grid, atCourse);
-        measureQuietShare(grid);
-        whiten(grid);
-        measurePeriod(grid, atCourse);
-        filter(grid);
-        measureNoise(grid, atCourse, 0.001);
-        score(grid, {});
-        follow(chain, atCourse);
-    }
+    for (const bool atCourse : {false, true})
+        pass(grid, chain, limits, atCourse, true);
     return m_period;
 }
 
-bool OvOnsetGuide::find(const OvTraceGrid& grid, const OvTraceChain& chain, const Options& options)
+bool OvOnsetGuide::find(const OvTraceGrid& grid, const OvTraceChain& chain,
+                        const OvOnsetLimits& limits)
 {
-    m_cancel = options.cancel;
+    constexpr int passes = 3;
+    m_cancel = limits.cancel;
     m_points = grid.points();
-    m_period = 16.0;
+    m_period = firstPeriod;
     m_times.clear();
-    for (int pass = 0; pass < passes; ++pass) {
-        if (isSet(options.cancel))
-            return false;
-        const bool atCourse = pass > 0;
-        findQuiet(grid, atCourse);
-        measureQuietShare(grid);
-        whiten(grid);
-        if (pass < 2)
-            measurePeriod(grid, atCourse);
-        if (pass == 0)
-            findQuiet(grid, atCourse);
-        filter(grid);
-        measureNoise(grid, atCourse, options.leastAmplitude);
-        score(grid, options);
-        follow(chain, atCourse);
-    }
-    return !isSet(options.cancel);
+    for (int i = 0; i < passes && !isSet(m_cancel); ++i)
+        pass(grid, chain, limits, i > 0, i + 1 < passes);
+    return !isSet(m_cancel);
 }

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
-#include "OvSeismic/dsp/OvChangeScore.h"
+#include "OvSeismic/dsp/OvNoiseLevel.h"
+#include "OvSeismic/picking/OvOnsetLattice.h"
 #include "OvSeismic/picking/OvShiftPath.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
@@ -12,31 +13,19 @@ struct OvTraceChain;
 
 /// The course of the first arrival through a gather, good to a part of a period.
 ///
-/// Every trace says at each time how likely it turns from noise to signal there (OvChangeScore), in
-/// traces from which the predictable part of the gather's noise has been taken (OvAutoregression);
-/// the best path through all traces (OvShiftPath) is the course. It is found three times: with the
-/// quietest stretch of each trace for its noise, then with what lies ahead of the course before,
-/// and with the slopes of that course.
+/// Every trace says at each time how likely it turns from noise to signal there (OvOnsetLattice),
+/// in traces from which the predictable part of the gather's noise has been taken
+/// (OvAutoregression); the best path through all traces (OvShiftPath) is the course. It is found
+/// three times: with the quietest stretch of each trace for its noise, then with what lies ahead of
+/// the course before, and with the slopes of that course.
 class OVSEISMIC_EXPORT OvOnsetGuide
 {
 public:
-    struct Options
-    {
-        double windowPoints = 0.0;         ///< length of the arrival that is looked at; 0 by period
-        double leastAmplitude = 0.001;     ///< share of a trace's largest amplitude that is noise
-        int earliest = 0;                  ///< no arrival before this point of the grid
-        std::vector<float> earliestLikely; ///< point of each row; may be empty
-        std::vector<float> latestLikely;
-        std::vector<float> expected;   ///< a point of each row, NaN unknown; may be empty
-        std::vector<float> halfWidths; ///< points
-        const std::atomic<bool>* cancel = nullptr;
-    };
-
     /// Dominant period, points, of the waves of some traces, from a first look.
     double scout(const OvTraceGrid& grid, const OvTraceChain& chain,
                  const std::atomic<bool>* cancel);
-    /// False once *cancel is true; what follows then means nothing.
-    bool find(const OvTraceGrid& grid, const OvTraceChain& chain, const Options& options);
+    /// False once *limits.cancel is true; what follows then means nothing.
+    bool find(const OvTraceGrid& grid, const OvTraceChain& chain, const OvOnsetLimits& limits);
 
     double period() const { return m_period; } ///< dominant period of the arrival, points
     const std::vector<double>& times() const { return m_times; } ///< point of each row
@@ -49,6 +38,12 @@ public:
     const std::vector<float>& whitener() const { return m_whitener; }
     /// RMS of the noise of a filtered row.
     float noise(int row) const { return m_noise[static_cast<std::size_t>(row)]; }
+    /// Independent samples in one sample of the noise of a filtered row.
+    double freedom() const { return m_freedom; }
+    /// Points at the start of a row that say nothing.
+    int settle() const { return m_settle; }
+    /// What was searched last.
+    const OvOnsetLattice& lattice() const { return m_lattice; }
 
 private:
     struct Quiet
@@ -58,36 +53,30 @@ private:
         int size() const { return to - from; }
     };
 
+    void pass(const OvTraceGrid& grid, const OvTraceChain& chain, const OvOnsetLimits& limits,
+              bool atCourse, bool measures);
     void measurePeriod(const OvTraceGrid& grid, bool atCourse);
     void findQuiet(const OvTraceGrid& grid, bool atCourse);
     Quiet quietest(const OvTraceGrid& grid, int row);
     void measureQuietShare(const OvTraceGrid& grid);
-    float quietEnergy(int row, int from, int to);
     void whiten(const OvTraceGrid& grid);
     void filter(const OvTraceGrid& grid);
+    float noiseEnergy(const OvTraceGrid& grid, int row, bool atCourse);
     void measureNoise(const OvTraceGrid& grid, bool atCourse, double leastAmplitude);
-    OvChangeScore::Rule ruleFor(const OvTraceGrid& grid, const Options& options, int row) const;
-    float leakOf(const OvTraceGrid& grid) const;
-    void score(const OvTraceGrid& grid, const Options& options);
-    void holdWithin(const Options& options, int row);
-    void guideBy(const OvTraceGrid& grid, const Options& options);
-    void follow(const OvTraceChain& chain, bool atCourse);
+    void follow(const OvTraceChain& chain, const OvTraceGrid& grid, const OvOnsetLimits& limits);
 
     const std::atomic<bool>* m_cancel = nullptr;
     int m_points = 0;
-    int m_block = 1;  // points
-    int m_settle = 0; // points at the start of a row that say nothing
+    int m_settle = 0;
     double m_period = 0.0;
     double m_quietShare = 1.0;
-    float m_standsOut = 0.0F; // what later blocks have to exceed
-    double m_freedom = 1.0;   // independent samples in one of a filtered row
+    double m_freedom = 1.0;
     std::vector<double> m_times;
     std::vector<Quiet> m_quiet;
     std::vector<float> m_noise;
     std::vector<float> m_whitener;
     std::vector<float> m_filtered;
-    std::vector<float> m_energies;
-    std::vector<OvShiftPath::Step> m_steps;
-    OvScoreLattice m_lattice;
+    OvNoiseLevel::Meter m_meter;
+    OvOnsetLattice m_lattice;
     OvShiftPath m_path;
 };

@@ -2,7 +2,6 @@
 
 #include "OvSeismic/dsp/OvTraceSums.h"
 #include "OvSeismic/picking/OvPickParameters.h"
-#include "OvSeismic/picking/OvPickPlan.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
@@ -14,6 +13,7 @@ namespace {
 
 using OvFirstSwing::Sign;
 using OvOnsetSearch::Arrival;
+using OvOnsetSearch::Scale;
 
 // Fewer samples make no steady RMS.
 constexpr int leastSamples = 12;
@@ -46,11 +46,11 @@ struct Candidates
 class Probe
 {
 public:
-    Probe(const OvTraceGrid& grid, const OvPickPlan& plan, const std::vector<double>& guide)
+    Probe(const OvTraceGrid& grid, const Scale& scale, const std::vector<double>& guide)
         : m_grid(grid)
-        , m_plan(plan)
+        , m_scale(scale)
         , m_guide(guide)
-        , m_period(plan.periodMs / grid.stepMs())
+        , m_period(scale.periodMs / grid.stepMs())
     {
     }
 
@@ -59,7 +59,7 @@ public:
         m_link = link;
         m_row = static_cast<int>(link);
         // Nothing is asked farther away than this.
-        const double reach = 2.0 * m_plan.tuningMs / m_grid.stepMs() + 4.0 * m_period;
+        const double reach = 2.0 * m_scale.tuningMs / m_grid.stepMs() + 4.0 * m_period;
         const double guess = m_grid.pointAt(m_row, m_guide[link]);
         m_from = std::clamp(floored(guess - reach), 0, m_grid.points());
         const int to = std::clamp(floored(guess + reach) + leastSamples, m_from, m_grid.points());
@@ -82,7 +82,7 @@ public:
     Sign clearSign() const
     {
         constexpr double clear = 12.0;
-        auto window = this->window(0.0, m_plan.tuningMs, Sign::Either);
+        auto window = this->window(0.0, m_scale.tuningMs, Sign::Either);
         // Where there is hardly any noise a weaker first lobe can be told from it.
         window.lobeShare = 0.3;
         const auto swing = OvFirstSwing::find(m_samples, m_trace, window, Sign::Either);
@@ -151,7 +151,7 @@ private:
     }
 
     const OvTraceGrid& m_grid;
-    const OvPickPlan& m_plan;
+    const Scale m_scale;
     const std::vector<double>& m_guide;
     double m_period; // samples
     std::size_t m_link = 0;
@@ -217,22 +217,21 @@ double reconsidered(const Probe& probe, const Candidates& candidates, double poi
 
 } // namespace
 
-std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid,
-                                                        const OvPickPlan& plan,
+std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid, const Scale& scale,
                                                         const std::vector<double>& guide,
                                                         const OvPickParameters& parameters,
                                                         const std::atomic<bool>* cancel)
 {
     constexpr int rounds = 3;
-    const double allowed = 0.25 * plan.periodMs;
-    Probe probe(grid, plan, guide);
+    const double allowed = 0.25 * scale.periodMs;
+    Probe probe(grid, scale, guide);
     const Sign sign = signOf(&probe, guide.size(), parameters.polarity, cancel);
     std::vector<Candidates> candidates(guide.size());
     std::vector<double> distances(guide.size());
     for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
         probe.load(link);
-        const double preferred = probe.onset(0.0, plan.tuningMs, sign);
-        candidates[link] = {probe.onset(0.0, plan.tuningMs, Sign::Either), preferred};
+        const double preferred = probe.onset(0.0, scale.tuningMs, sign);
+        candidates[link] = {probe.onset(0.0, scale.tuningMs, Sign::Either), preferred};
         distances[link] = std::isfinite(preferred) ? preferred : candidates[link].either;
     }
     for (int round = 0; round < rounds; ++round) {
@@ -252,11 +251,11 @@ std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid,
     return isSet(cancel) ? std::vector<Arrival>() : arrivals;
 }
 
-OvFirstSwing::Sign OvOnsetSearch::preferredSign(const OvTraceGrid& grid, const OvPickPlan& plan,
+OvFirstSwing::Sign OvOnsetSearch::preferredSign(const OvTraceGrid& grid, const Scale& scale,
                                                 const std::vector<double>& guide,
                                                 const OvPickParameters& parameters,
                                                 const std::atomic<bool>* cancel)
 {
-    Probe probe(grid, plan, guide);
+    Probe probe(grid, scale, guide);
     return signOf(&probe, guide.size(), parameters.polarity, cancel);
 }

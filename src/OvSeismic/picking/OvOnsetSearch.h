@@ -7,11 +7,17 @@
 #include <vector>
 
 struct OvPickParameters;
-struct OvPickPlan;
 class OvTraceGrid;
 
 /// The onset on each trace of a chain, near a guide.
 namespace OvOnsetSearch {
+
+/// How far onsets are looked for.
+struct Scale
+{
+    double periodMs = 0.0; ///< dominant period of the arrivals
+    double tuningMs = 0.0; ///< half-width of the search about the guide
+};
 
 /// An arrival on one trace.
 struct Arrival
@@ -24,14 +30,14 @@ struct Arrival
 
 /// One arrival for each row of the grid, guide holding its time there, ms; empty once *cancel is
 /// true (cancel may be null).
-OVSEISMIC_EXPORT std::vector<Arrival> find(const OvTraceGrid& grid, const OvPickPlan& plan,
+OVSEISMIC_EXPORT std::vector<Arrival> find(const OvTraceGrid& grid, const Scale& scale,
                                            const std::vector<double>& guide,
                                            const OvPickParameters& parameters,
                                            const std::atomic<bool>* cancel);
 
 /// The sign that first swings are taken to have: the asked one, unless those that are clear of the
 /// noise mostly have the other.
-OVSEISMIC_EXPORT OvFirstSwing::Sign preferredSign(const OvTraceGrid& grid, const OvPickPlan& plan,
+OVSEISMIC_EXPORT OvFirstSwing::Sign preferredSign(const OvTraceGrid& grid, const Scale& scale,
                                                   const std::vector<double>& guide,
                                                   const OvPickParameters& parameters,
                                                   const std::atomic<bool>* cancel);

@@ -7,20 +7,41 @@
 #include <algorithm>
 #include <array>
 
+namespace {
+
+// The links about one that lead the same way along its cable: from the first to one behind the last
+// trace that they join.
+OvLinkRange sameWay(const OvTraceChain& chain, int count, int link, int reach)
+{
+    OvLinkRange range = ovNeighbours(chain.cables, count, link, reach);
+    if (chain.away.empty())
+        return range;
+    const auto leads = [&](int other) { return chain.away[static_cast<std::size_t>(other)]; };
+    int first = link;
+    while (first - 1 > range.first && leads(first - 1) == leads(link))
+        --first;
+    int last = link + 1;
+    while (last < range.last && leads(last) == leads(link))
+        ++last;
+    return {std::max(first - 1, range.first), last};
+}
+
+} // namespace
+
 std::vector<double> OvPickCourse::slopes(const std::vector<double>& times,
-                                         const std::vector<int>& cables)
+                                         const OvTraceChain& chain)
 {
     constexpr int mostReach = 4;
     const int count = static_cast<int>(times.size());
     std::vector<double> slopes(times.size(), 0.0);
     for (int i = 1; i < count; ++i) {
-        const OvLinkRange cable = ovNeighbours(cables, count, i, mostReach);
-        if (cable.first == i)
+        const OvLinkRange way = sameWay(chain, count, i, mostReach);
+        if (way.first == i)
             continue;
         std::array<double, mostReach> around{};
         for (int reach = 1; reach <= mostReach; ++reach) {
-            const auto left = static_cast<std::size_t>(std::max(i - reach, cable.first));
-            const auto right = static_cast<std::size_t>(std::min(i + reach, cable.last) - 1);
+            const auto left = static_cast<std::size_t>(std::max(i - reach, way.first));
+            const auto right = static_cast<std::size_t>(std::min(i + reach, way.last) - 1);
             around[static_cast<std::size_t>(reach - 1)] =
                 (times[right] - times[left]) / static_cast<double>(right - left);
         }
@@ -31,9 +52,9 @@ std::vector<double> OvPickCourse::slopes(const std::vector<double>& times,
 }
 
 std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int reach,
-                                         const std::vector<int>& cables)
+                                         const OvTraceChain& chain)
 {
-    const std::vector<double> slope = slopes(times, cables);
+    const std::vector<double> slope = slopes(times, chain);
     std::vector<double> course(times.size(), 0.0); // what the slopes alone add up to
     for (std::size_t i = 1; i < times.size(); ++i)
         course[i] = course[i - 1] + slope[i];
@@ -42,7 +63,7 @@ std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int r
     const int count = static_cast<int>(times.size());
     for (int i = 0; i < count; ++i) {
         around.clear();
-        const OvLinkRange near = ovNeighbours(cables, count, i, reach);
+        const OvLinkRange near = ovNeighbours(chain.cables, count, i, reach);
         for (int k = near.first; k < near.last; ++k) {
             if (k != i)
                 around.push_back(times[static_cast<std::size_t>(k)] -

@@ -5,20 +5,22 @@
 #include <vector>
 
 class OvTraceGrid;
+struct OvTraceChain;
 
 /// The course of times along a chain of traces. Neighbours are those on the same cable; cables as
 /// in OvTraceChain.
 namespace OvPickCourse {
 
 /// Slope at each link: from the link before to this one, the median of slopes across the
-/// neighbours; 0 at the first of a cable.
+/// neighbours; 0 at the first of a cable. Slopes turn over at the shot: only links that lead the
+/// same way, towards it or away, are compared.
 OVSEISMIC_EXPORT std::vector<double> slopes(const std::vector<double>& times,
-                                            const std::vector<int>& cables);
+                                            const OvTraceChain& chain);
 
 /// Distance of each time from where its neighbours, up to `reach` on either side, point: the median
 /// of what each of them says when the slopes are followed from it. The time's own word is left out.
 OVSEISMIC_EXPORT std::vector<double> strays(const std::vector<double>& times, int reach,
-                                            const std::vector<int>& cables);
+                                            const OvTraceChain& chain);
 
 /// Medians of the values up to `reach` on either side and the one in the middle.
 OVSEISMIC_EXPORT std::vector<double> runningMedians(const std::vector<double>& values, int reach,

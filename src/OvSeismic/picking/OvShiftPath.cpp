@@ -1,6 +1,46 @@
 #include "OvSeismic/picking/OvShiftPath.h"
 
+#include "OvSeismic/dsp/OvVectorClones.h"
+
 #include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+constexpr float unreachable = -1e30F;
+
+// Of each place the larger of its own value and what comes from `shift` places before it.
+OV_VECTOR_CLONES
+void takeFromBefore(const float* in, int places, int shift, float cost, float* out)
+{
+    std::copy_n(in, shift, out);
+    for (int i = shift; i < places; ++i)
+        out[i] = std::max(in[i], in[i - shift] - cost);
+}
+
+OV_VECTOR_CLONES
+void takeFromBehind(const float* in, int places, int shift, float cost, float* out)
+{
+    for (int i = 0; i < places - shift; ++i)
+        out[i] = std::max(in[i], in[i + shift] - cost);
+    std::copy(in + (places - shift), in + places, out + (places - shift));
+}
+
+// The point of the row before from which a point is best reached.
+int originOf(const float* before, int points, const OvShiftPath::Step& step, int point)
+{
+    float best = 2.0F * unreachable;
+    int origin = 0;
+    for (int from = 0; from < points; ++from) {
+        const auto aside = static_cast<float>(point - from - step.expected);
+        const float sum = before[from] - std::max(aside * step.later, -aside * step.earlier);
+        origin = sum > best ? from : origin;
+        best = std::max(best, sum);
+    }
+    return origin;
+}
+
+} // namespace
 
 const std::vector<int>& OvShiftPath::find(const OvScoreLattice& lattice,
                                           const std::vector<Step>& steps)
@@ -11,42 +51,39 @@ const std::vector<int>& OvShiftPath::find(const OvScoreLattice& lattice,
         m_path.clear();
         return m_path;
     }
-    const auto points = static_cast<std::size_t>(m_points);
-    m_sums.assign(lattice.row(0), lattice.row(0) + m_points);
-    m_origins.resize(static_cast<std::size_t>(lattice.rows) * points);
+    m_sums.resize(lattice.rows, m_points);
+    std::copy_n(lattice.row(0), m_points, m_sums.row(0));
     for (int row = 1; row < lattice.rows; ++row)
-        advance(row, steps[static_cast<std::size_t>(row)], lattice.row(row));
-    m_path.back() =
-        static_cast<int>(std::max_element(m_sums.begin(), m_sums.end()) - m_sums.begin());
+        advance(m_sums.row(row - 1), steps[static_cast<std::size_t>(row)], lattice.row(row),
+                m_sums.row(row));
+    const float* last = m_sums.row(lattice.rows - 1);
+    m_path.back() = static_cast<int>(std::max_element(last, last + m_points) - last);
     for (auto row = m_path.size() - 1; row > 0; --row)
-        m_path[row - 1] = m_origins[row * points + static_cast<std::size_t>(m_path[row])];
+        m_path[row - 1] =
+            originOf(m_sums.row(static_cast<int>(row) - 1), m_points, steps[row], m_path[row]);
     return m_path;
 }
 
-// The sweeps run over where a point would come from without a cost, which may lie outside.
-void OvShiftPath::advance(int row, const Step& step, const float* scores)
+// Places are where a point would come from without a cost, which may lie outside.
+void OvShiftPath::advance(const float* before, const Step& step, const float* scores, float* out)
 {
     const int expected = std::clamp(step.expected, -m_points, m_points);
     const int ahead = std::max(expected, 0); // places in front of the first point
     const int places = m_points + std::abs(expected);
-    m_spread.assign(static_cast<std::size_t>(places), {unreachable, 0});
-    for (int point = 0; point < m_points; ++point)
-        m_spread[static_cast<std::size_t>(point + ahead)] = {
-            m_sums[static_cast<std::size_t>(point)], point};
-    const auto relax = [](const Best& from, float penalty, Best* to) {
-        const float sum = from.sum - penalty;
-        if (sum > to->sum)
-            *to = {sum, from.origin};
-    };
-    for (std::size_t i = 1; i < m_spread.size(); ++i)
-        relax(m_spread[i - 1], step.later, &m_spread[i]);
-    for (std::size_t i = m_spread.size() - 1; i > 0; --i)
-        relax(m_spread[i], step.earlier, &m_spread[i - 1]);
-    std::uint16_t* origins =
-        m_origins.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(m_points);
-    const Best* from = m_spread.data() + (ahead - expected);
-    for (int point = 0; point < m_points; ++point) {
-        m_sums[static_cast<std::size_t>(point)] = from[point].sum + scores[point];
-        origins[point] = static_cast<std::uint16_t>(from[point].origin);
+    m_reached.assign(static_cast<std::size_t>(places), unreachable);
+    m_spare.resize(m_reached.size());
+    std::copy_n(before, m_points, m_reached.begin() + ahead);
+    for (int shift = 1; shift < places; shift *= 2) {
+        takeFromBefore(m_reached.data(), places, shift, static_cast<float>(shift) * step.later,
+                       m_spare.data());
+        m_reached.swap(m_spare);
     }
+    for (int shift = 1; shift < places; shift *= 2) {
+        takeFromBehind(m_reached.data(), places, shift, static_cast<float>(shift) * step.earlier,
+                       m_spare.data());
+        m_reached.swap(m_spare);
+    }
+    const float* from = m_reached.data() + (ahead - expected);
+    for (int point = 0; point < m_points; ++point)
+        out[point] = from[point] + scores[point];
 }

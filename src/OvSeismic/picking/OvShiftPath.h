@@ -1,17 +1,19 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
-#include "OvSeismic/picking/OvPathSearch.h"
+#include "OvSeismic/picking/OvScoreLattice.h"
 
-#include <cstdint>
 #include <vector>
 
-/// The best path through a lattice whose moves cost in proportion to their size.
+/// The best path through a lattice whose moves cost in proportion to their size: one point a row
+/// with the largest sum of scores less the cost of its moves, by dynamic programming (Viterbi, A.,
+/// 1967, Error bounds for convolutional codes and an asymptotically optimum decoding algorithm,
+/// IEEE Trans. Inf. Theory 13, 260-269).
 ///
-/// The same search as ovBestPath() with one cost a step and no bound on moves, which two sweeps
-/// over the points of a row replace (Felzenszwalb, P., Huttenlocher, D., 2012, Distance transforms
-/// of sampled functions, Theory of Computing 8, 415-428: the transform under the L1 norm). The work
-/// of a row grows with its points only. Keeps its memory from search to search.
+/// What a point can be reached for at best is a distance transform under the L1 norm of the row
+/// before (Felzenszwalb, P., Huttenlocher, D., 2012, Distance transforms of sampled functions,
+/// Theory of Computing 8, 415-428), taken in steps that double, so that all points of a row move at
+/// once. The work of a row grows with points * log(points). Keeps its memory from search to search.
 class OVSEISMIC_EXPORT OvShiftPath
 {
 public:
@@ -29,18 +31,11 @@ public:
     const std::vector<int>& find(const OvScoreLattice& lattice, const std::vector<Step>& steps);
 
 private:
-    void advance(int row, const Step& step, const float* scores);
-
-    struct Best
-    {
-        float sum;
-        int origin;
-    };
-    static constexpr float unreachable = -1e30F;
+    void advance(const float* before, const Step& step, const float* scores, float* out);
 
     int m_points = 0;
-    std::vector<float> m_sums; // best sum of a path that ends at each point
-    std::vector<Best> m_spread;
-    std::vector<std::uint16_t> m_origins;
+    OvScoreLattice m_sums; // best sum of a path that ends at each point
+    std::vector<float> m_reached;
+    std::vector<float> m_spare;
     std::vector<int> m_path;
 };

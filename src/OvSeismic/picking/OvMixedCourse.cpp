@@ -1,0 +1,166 @@
+#include "OvSeismic/picking/OvMixedCourse.h"
+
+#include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvVectorClones.h"
+#include "OvSeismic/picking/OvOnsetGuide.h"
+#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/picking/OvTraceChain.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using Matches = std::vector<OvArrivalAlignment::Match>;
+
+constexpr int neighbours = 3;     // on either side
+constexpr float mostNoise = 4.0F; // what is louder counts like this: bursts, and late waves
+
+std::size_t at(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+
+int rounded(double value)
+{
+    return static_cast<int>(std::lround(value));
+}
+
+OV_VECTOR_CLONES
+void takeClipped(const float* in, float scale, int count, float* out)
+{
+    for (int i = 0; i < count; ++i)
+        out[i] = std::min(std::max(scale * in[i], -mostNoise), mostNoise);
+}
+
+OV_VECTOR_CLONES
+void add(const float* in, float weight, int count, float* out)
+{
+    for (int i = 0; i < count; ++i)
+        out[i] += weight * in[i];
+}
+
+} // namespace
+
+void OvMixedCourse::clip(const OvOnsetGuide& guide, const Matches& matches, const OvTraceGrid& grid)
+{
+    m_clipped.resize(at(grid.rows()) * at(m_points));
+    for (int row = 0; row < grid.rows(); ++row) {
+        const float noise = guide.noise(row);
+        const float scale = noise > 0.0F ? matches[at(row)].sign / noise : 0.0F;
+        takeClipped(guide.filtered(row), scale, m_points,
+                    m_clipped.data() + at(row) * at(m_points));
+    }
+}
+
+void OvMixedCourse::mix(const Matches& matches, const OvTraceGrid& grid, const OvTraceChain& chain)
+{
+    m_mixed.assign(m_clipped.size(), 0.0F);
+    for (int row = 0; row < grid.rows(); ++row) {
+        float squares = 0.0F;
+        const OvLinkRange near = chain.neighbours(row, neighbours);
+        for (int other = near.first; other < near.last; ++other)
+            squares += std::pow(static_cast<float>(neighbours + 1 - std::abs(other - row)), 2.0F);
+        for (int other = near.first; other < near.last; ++other) {
+            // Independent noise keeps its size.
+            const float weight =
+                static_cast<float>(neighbours + 1 - std::abs(other - row)) / std::sqrt(squares);
+            const int shift = rounded(matches[at(other)].time - matches[at(row)].time);
+            const int first = std::max(grid.first(row), -shift);
+            const int last = std::min(grid.last(row), m_points - shift);
+            if (first < last)
+                add(m_clipped.data() + at(other) * at(m_points) + (first + shift), weight,
+                    last - first, m_mixed.data() + at(row) * at(m_points) + first);
+        }
+    }
+}
+
+void OvMixedCourse::measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& grid)
+{
+    const int stretch = std::max(rounded(1.5 * guide.period()), 6);
+    m_noise.clear();
+    for (int row = 0; row < grid.rows(); ++row) {
+        const int first = grid.first(row);
+        const float energy =
+            m_meter.quiet(mixed(row) + first, grid.last(row) - first, stretch, guide.freedom());
+        m_noise.push_back(std::sqrt(std::max(energy, 0.0F)));
+    }
+}
+
+// Energy of the period behind a point over that of what lies ahead of it; NaN at the ends of a row.
+double OvMixedCourse::stepAt(const OvTraceGrid& grid, int row, double point, double period) const
+{
+    constexpr double ahead = 6.0;
+    constexpr double clear = 0.7;
+    constexpr int least = 4;
+    const auto inside = [&](double place) {
+        return std::clamp(rounded(place), grid.first(row), grid.last(row));
+    };
+    const auto mean = [&](int from, int to) {
+        const float* values = mixed(row) + from;
+        return static_cast<double>(OvFir::dot(values, values, to - from)) / (to - from);
+    };
+    const int start = inside(point);
+    const int end = inside(point + period);
+    const int from = inside(point - ahead * period);
+    const int to = inside(point - clear * period);
+    if (end - start < least || to - from < least)
+        return std::numeric_limits<double>::quiet_NaN();
+    return mean(start, end) / std::max(mean(from, to), 1e-12);
+}
+
+// Short stretches, and steps that noise makes as well, do not overrule the first course.
+void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
+                           const std::vector<double>& second)
+{
+    constexpr double apart = 0.8; // periods
+    constexpr int shortest = 12;
+    constexpr double clearStep = 5.0; // an arrival begins here
+    constexpr double noStep = 1.7;    // nothing begins here
+    const auto side = [&](int row) {
+        const double distance = second[at(row)] - m_times[at(row)];
+        return std::abs(distance) < apart * period ? 0 : distance < 0.0 ? -1 : 1;
+    };
+    for (int row = 0, end = 0; row < grid.rows(); row = end) {
+        const int where = side(row);
+        std::vector<double> steps;
+        for (end = row; end < grid.rows() && side(end) == where; ++end) {
+            if (end > row && chain.beginsCable(end))
+                break;
+            const double earlier = std::min(second[at(end)], m_times[at(end)]);
+            const double step = where == 0 ? 0.0 : stepAt(grid, end, earlier, period);
+            if (std::isfinite(step))
+                steps.push_back(step);
+        }
+        if (where == 0 || end - row < shortest || steps.empty())
+            continue;
+        const double step = OvPickCourse::median(std::move(steps));
+        if (where < 0 ? step > clearStep : step < noStep)
+            std::copy(second.begin() + row, second.begin() + end, m_times.begin() + row);
+    }
+}
+
+bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, const OvTraceGrid& grid,
+                         const OvTraceChain& chain, const OvOnsetLimits& limits)
+{
+    m_points = grid.points();
+    m_times = guide.times();
+    clip(guide, matches, grid);
+    mix(matches, grid, chain);
+    measureNoise(guide, grid);
+    OvOnsetLattice::Rows rows;
+    rows.grid = &grid;
+    rows.values = m_mixed.data();
+    rows.noise = m_noise.data();
+    rows.period = guide.period();
+    rows.settle = guide.settle();
+    m_lattice.build(rows, limits);
+    if (limits.cancel && limits.cancel->load())
+        return false;
+    std::vector<double> second;
+    for (const int block : m_path.find(m_lattice.scores(), m_lattice.steps(chain, m_times)))
+        second.push_back(block * m_lattice.block());
+    choose(grid, chain, guide.period(), second);
+    return true;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/dsp/OvNoiseLevel.h"
+#include "OvSeismic/picking/OvArrivalAlignment.h"
+#include "OvSeismic/picking/OvOnsetLattice.h"
+#include "OvSeismic/picking/OvShiftPath.h"
+
+#include <vector>
+
+class OvOnsetGuide;
+
+/// A second opinion on the course of the first arrival.
+///
+/// What runs along the course, weaker and ahead of the wave that was followed, is as hidden on each
+/// trace as any wave is in noise. Rows mixed with their neighbours, shifted along the course, show
+/// it: it adds up, noise does not (Mayne, W., 1962, Common reflection point horizontal data
+/// stacking techniques, Geophysics 27, 927-938). The course is found again in the mixed rows; where
+/// the two part for a long stretch, the one stays that the energies about it speak for.
+class OVSEISMIC_EXPORT OvMixedCourse
+{
+public:
+    /// The guide has found its course in the rows of the grid, matches is where the arrivals lie
+    /// along it. False once *limits.cancel is true.
+    bool find(const OvOnsetGuide& guide, const std::vector<OvArrivalAlignment::Match>& matches,
+              const OvTraceGrid& grid, const OvTraceChain& chain, const OvOnsetLimits& limits);
+    /// The better of the two at each row, points.
+    const std::vector<double>& times() const { return m_times; }
+    /// A row mixed with its neighbours, in units of its noise before.
+    const float* mixed(int row) const
+    {
+        return m_mixed.data() + static_cast<std::ptrdiff_t>(row) * m_points;
+    }
+
+private:
+    void clip(const OvOnsetGuide& guide, const std::vector<OvArrivalAlignment::Match>& matches,
+              const OvTraceGrid& grid);
+    void mix(const std::vector<OvArrivalAlignment::Match>& matches, const OvTraceGrid& grid,
+             const OvTraceChain& chain);
+    void measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& grid);
+    double stepAt(const OvTraceGrid& grid, int row, double point, double period) const;
+    void choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
+                const std::vector<double>& second);
+
+    int m_points = 0;
+    std::vector<float> m_clipped;
+    std::vector<float> m_mixed;
+    std::vector<float> m_noise;
+    std::vector<double> m_times;
+    OvNoiseLevel::Meter m_meter;
+    OvOnsetLattice m_lattice;
+    OvShiftPath m_path;
+};

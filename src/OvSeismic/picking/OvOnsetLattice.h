@@ -1,0 +1,79 @@
+#pragma once
+
+#include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/dsp/OvChangeScore.h"
+#include "OvSeismic/picking/OvScoreLattice.h"
+#include "OvSeismic/picking/OvShiftPath.h"
+
+#include <algorithm>
+#include <atomic>
+#include <vector>
+
+class OvTraceGrid;
+struct OvTraceChain;
+
+/// What is known of a gather's first arrival before it is looked for.
+struct OvOnsetLimits
+{
+    double windowPoints = 0.0;         ///< length of the arrival that is looked at; 0 by period
+    double leastAmplitude = 0.001;     ///< share of a trace's largest amplitude that is noise
+    int earliest = 0;                  ///< no arrival before this point of the grid
+    std::vector<float> earliestLikely; ///< point of each row; may be empty
+    std::vector<float> latestLikely;
+    std::vector<float> expected;   ///< a point of each row, NaN unknown; may be empty
+    std::vector<float> halfWidths; ///< points
+    const std::atomic<bool>* cancel = nullptr;
+};
+
+/// How likely each trace turns from noise to signal at each time (OvChangeScore), in blocks of a
+/// sixth of a period. Keeps its memory from gather to gather.
+class OVSEISMIC_EXPORT OvOnsetLattice
+{
+public:
+    struct Rows
+    {
+        const OvTraceGrid* grid = nullptr; ///< says where each row begins and ends
+        const float* values = nullptr;     ///< of all rows, grid->points() each
+        const float* noise = nullptr;      ///< RMS of each row's noise
+        const double* course = nullptr;    ///< points of an earlier course; null for none
+        double period = 0.0;               ///< points
+        int settle = 0;                    ///< points at the start of a row that say nothing
+    };
+
+    /// Stops early once *limits.cancel is true.
+    void build(const Rows& rows, const OvOnsetLimits& limits);
+    const OvScoreLattice& scores() const { return m_scores; }
+    int block() const { return m_block; } ///< points
+
+    /// Score of a row at a point, between blocks in proportion.
+    float at(int row, double point) const
+    {
+        const double place =
+            std::clamp(point / m_block, 0.0, std::max(m_scores.points - 1.001, 0.0));
+        const int block = static_cast<int>(place);
+        const auto part = static_cast<float>(place - block);
+        const float* scores = m_scores.row(row) + block;
+        return scores[0] + (part > 0.0F ? part * (scores[1] - scores[0]) : 0.0F);
+    }
+
+    /// What moves from link to link cost: with an earlier course (may be empty) those that do not
+    /// keep its slopes, without one all, and those that lead back towards the shot threefold.
+    std::vector<OvShiftPath::Step> steps(const OvTraceChain& chain,
+                                         const std::vector<double>& course) const;
+
+private:
+    float* ratios(int row)
+    {
+        return m_ratios.data() +
+               static_cast<std::size_t>(row) * static_cast<std::size_t>(m_scores.points);
+    }
+    OvChangeScore::Rule ruleFor(const Rows& rows, const OvOnsetLimits& limits, int row) const;
+    float leakOf(const Rows& rows);
+    void holdWithin(const OvOnsetLimits& limits, int row);
+    void guideBy(const OvOnsetLimits& limits, int row);
+
+    int m_block = 1; // points
+    std::vector<float> m_ratios;
+    std::vector<float> m_leaks;
+    OvScoreLattice m_scores;
+};
