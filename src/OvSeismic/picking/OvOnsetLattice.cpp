@@ -42,7 +42,7 @@ OvChangeScore::Rule OvOnsetLattice::ruleFor(const Rows& rows, const OvOnsetLimit
 // quieter stretches of all rows do.
 float OvOnsetLattice::leakOf(const Rows& rows)
 {
-    constexpr float least = 0.03F;
+    constexpr float least = 0.01F;
     constexpr float most = 0.6F;
     constexpr float margin = 1.5F;
     constexpr double quieter = 0.3;
