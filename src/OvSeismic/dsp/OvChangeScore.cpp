@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 namespace {
 
@@ -42,17 +43,51 @@ void takeRatios(const float* masks, float noise, float share, int count, float* 
     }
 }
 
+template <int block>
+OV_VECTOR_CLONES void takeEnergies(const float* samples, int blocks, float* out)
+{
+    constexpr float share = 1.0F / static_cast<float>(block);
+    for (int k = 0; k < blocks; ++k) {
+        float sum = 0.0F;
+        for (int i = 0; i < block; ++i)
+            sum += samples[k * block + i] * samples[k * block + i];
+        out[k] = sum * share;
+    }
+}
+
+// From sums of the ratios from each block on, and, in out, of what stands out of them.
+OV_VECTOR_CLONES
+void takeScores(const float* sums, int window, int blocks, float* out)
+{
+    for (int k = 0; k + window < blocks; ++k) {
+        const float inside = sums[k] - sums[k + window];
+        const float lack = std::max(leastWindow - inside, 0.0F);
+        out[k] = inside - lackWeight * lack + out[k + window];
+    }
+    for (int k = std::max(blocks - window, 0); k < blocks; ++k)
+        out[k] = sums[k] - lackWeight * std::max(leastWindow - sums[k], 0.0F);
+}
+
 } // namespace
 
 void OvChangeScore::energies(const float* samples, int count, int block, float* out)
 {
-    const float share = 1.0F / static_cast<float>(block);
-    for (int k = 0; k < count / block; ++k, samples += block) {
-        float sum = 0.0F;
-        for (int i = 0; i < block; ++i)
-            sum += samples[i] * samples[i];
-        out[k] = sum * share;
+    const int blocks = count / block;
+    switch (block) {
+    case 1: // the usual ones, at which a compiler can unroll
+        return takeEnergies<1>(samples, blocks, out);
+    case 2:
+        return takeEnergies<2>(samples, blocks, out);
+    case 3:
+        return takeEnergies<3>(samples, blocks, out);
+    case 4:
+        return takeEnergies<4>(samples, blocks, out);
+    default:
+        break;
     }
+    const float share = 1.0F / static_cast<float>(block);
+    for (int k = 0; k < blocks; ++k, samples += block)
+        out[k] = share * std::inner_product(samples, samples + block, samples, 0.0F);
 }
 
 void OvChangeScore::ratios(const Rule& rule, int blocks, float* values)
@@ -79,20 +114,18 @@ float OvChangeScore::excess(const float* ratios, float standsOut, int from, int 
     return to - from > 1 ? sum / static_cast<float>(to - from - 1) : 0.0F;
 }
 
-void OvChangeScore::scores(const Rule& rule, int blocks, const float* ratios, float* out)
+void OvChangeScore::scores(const Rule& rule, int blocks, float* ratios, float* out)
 {
-    const auto at = [&](int k) { return k < blocks ? ratios[k] : 0.0F; };
-    const auto later = [&](int k) {
-        return k + 1 < blocks
-                   ? (std::min(ratios[k], ratios[k + 1]) > rule.standsOut ? ratios[k] : 0.0F) -
-                         rule.leak
-                   : 0.0F;
-    };
-    float window = 0.0F;
+    float sum = 0.0F;
     float behind = 0.0F;
+    float next = 0.0F;
     for (int k = blocks - 1; k >= 0; --k) {
-        window += at(k) - at(k + rule.window);
-        behind += later(k + rule.window);
-        out[k] = window - lackWeight * std::max(leastWindow - window, 0.0F) + behind;
+        const float ratio = ratios[k];
+        if (k + 1 < blocks)
+            behind += (std::min(ratio, next) > rule.standsOut ? ratio : 0.0F) - rule.leak;
+        next = ratio;
+        ratios[k] = sum += ratio;
+        out[k] = behind;
     }
+    takeScores(ratios, rule.window, blocks, out);
 }

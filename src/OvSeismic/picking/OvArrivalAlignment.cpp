@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int rounds = 4;
 constexpr int fewestNeighbours = 7; // on either side
 constexpr int mostNeighbours = 24;
 constexpr float most = 40.0F;   // a match of this likelihood is as good as certain
@@ -125,15 +124,20 @@ void OvArrivalAlignment::correlate(const Input& input, int row, float gain)
     const float noise = input.noise(row) * input.noise(row);
     const int start = rounded(m_matches[at(row)].time) - m_before - m_reach;
     const float* samples = input.samples(row);
+    float energy = 0.0F; // of the samples under the pilot
+    int first = std::clamp(start, 0, input.points);
+    int last = first;
     for (int shift = 0; shift < shifts; ++shift) {
-        const int from = start + shift;
-        const int skipped = std::clamp(-from, 0, m_length);
-        const int length = std::clamp(input.points - from, skipped, m_length) - skipped;
-        const float* values = samples + from + skipped;
-        const float product = OvFir::dot(m_pilot.data() + skipped, values, length);
-        const float signal =
-            OvFir::dot(values, values, length) - static_cast<float>(length) * noise;
-        const float power = noise * gain * gain + misfit * std::max(signal, 0.0F);
+        const int from = std::clamp(start + shift, 0, input.points);
+        const int to = std::clamp(start + shift + m_length, from, input.points);
+        for (; last < to; ++last)
+            energy += samples[last] * samples[last];
+        for (; first < from; ++first)
+            energy -= samples[first] * samples[first];
+        const float* pilot = m_pilot.data() + (from - start - shift);
+        const float product = OvFir::dot(pilot, samples + from, to - from);
+        const float signal = std::max(energy - static_cast<float>(to - from) * noise, 0.0F);
+        const float power = noise * gain * gain + misfit * signal;
         out[shift] = m_matches[at(row)].sign * product / std::sqrt(std::max(power, 1e-30F));
     }
 }
@@ -234,7 +238,7 @@ void OvArrivalAlignment::settle(const Input& input)
     }
 }
 
-bool OvArrivalAlignment::align(const Input& input, const std::vector<double>& times)
+bool OvArrivalAlignment::align(const Input& input, const std::vector<double>& times, int rounds)
 {
     m_before = std::max(rounded(0.25 * input.period), 1);
     m_length = m_before + std::max(rounded(1.25 * input.period), 4);

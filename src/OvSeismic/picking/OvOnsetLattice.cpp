@@ -77,9 +77,10 @@ void OvOnsetLattice::build(const Rows& rows, const OvOnsetLimits& limits)
     const int points = rows.grid->points();
     m_block = std::max(rounded(rows.period / blocksAPeriod), 1);
     m_scores.resize(rows.grid->rows(), std::max(points / m_block, 1));
-    m_ratios.assign(m_scores.scores.size(), 0.0F);
+    m_ratios.resize(m_scores.scores.size());
     for (int row = 0; row < m_scores.rows && !isSet(limits.cancel); ++row) {
         const float* values = rows.values + static_cast<std::ptrdiff_t>(row) * points;
+        ratios(row)[0] = 0.0F; // of rows shorter than a block
         OvChangeScore::energies(values, points, m_block, ratios(row));
         OvChangeScore::ratios(ruleFor(rows, limits, row), m_scores.points, ratios(row));
     }

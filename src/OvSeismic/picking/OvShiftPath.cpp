@@ -3,6 +3,7 @@
 #include "OvSeismic/dsp/OvVectorClones.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -26,16 +27,25 @@ void takeFromBehind(const float* in, int places, int shift, float cost, float* o
     std::copy(in + (places - shift), in + places, out + (places - shift));
 }
 
-// The point of the row before from which a point is best reached.
-int originOf(const float* before, int points, const OvShiftPath::Step& step, int point)
+// The point of the row before from which a point is reached for `best`: the nearest to where no
+// move costs anything.
+int originOf(const float* before, int points, const OvShiftPath::Step& step, int point, float best)
 {
-    float best = 2.0F * unreachable;
-    int origin = 0;
-    for (int from = 0; from < points; ++from) {
+    const int start = std::clamp(point - step.expected, 0, points - 1);
+    const float least = best - 1e-5F * (1.0F + std::abs(best)); // sums were rounded on the way
+    const auto sumFrom = [&](int from) {
         const auto aside = static_cast<float>(point - from - step.expected);
-        const float sum = before[from] - std::max(aside * step.later, -aside * step.earlier);
-        origin = sum > best ? from : origin;
-        best = std::max(best, sum);
+        return before[from] - std::max(aside * step.later, -aside * step.earlier);
+    };
+    int origin = start;
+    float largest = sumFrom(start);
+    for (int away = 1; away < points && largest < least; ++away) {
+        for (const int from : {start - away, start + away}) {
+            if (from < 0 || from >= points || !(sumFrom(from) > largest))
+                continue;
+            largest = sumFrom(from);
+            origin = from;
+        }
     }
     return origin;
 }
@@ -58,9 +68,12 @@ const std::vector<int>& OvShiftPath::find(const OvScoreLattice& lattice,
                 m_sums.row(row));
     const float* last = m_sums.row(lattice.rows - 1);
     m_path.back() = static_cast<int>(std::max_element(last, last + m_points) - last);
-    for (auto row = m_path.size() - 1; row > 0; --row)
-        m_path[row - 1] =
-            originOf(m_sums.row(static_cast<int>(row) - 1), m_points, steps[row], m_path[row]);
+    for (int row = lattice.rows - 1; row > 0; --row) {
+        const int point = m_path[static_cast<std::size_t>(row)];
+        m_path[static_cast<std::size_t>(row) - 1] =
+            originOf(m_sums.row(row - 1), m_points, steps[static_cast<std::size_t>(row)], point,
+                     m_sums.row(row)[point] - lattice.row(row)[point]);
+    }
     return m_path;
 }
 
