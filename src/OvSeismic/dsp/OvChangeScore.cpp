@@ -55,17 +55,34 @@ OV_VECTOR_CLONES void takeEnergies(const float* samples, int blocks, float* out)
     }
 }
 
-// From sums of the ratios from each block on, and, in out, of what stands out of them.
+// What stands out of the blocks but the last one.
 OV_VECTOR_CLONES
-void takeScores(const float* sums, int window, int blocks, float* out)
+void takeExcess(const float* ratios, float standsOut, float leak, int blocks, float* out)
 {
-    for (int k = 0; k + window < blocks; ++k) {
-        const float inside = sums[k] - sums[k + window];
-        const float lack = std::max(leastWindow - inside, 0.0F);
-        out[k] = inside - lackWeight * lack + out[k + window];
+    for (int k = 0; k + 1 < blocks; ++k)
+        out[k] = (std::min(ratios[k], ratios[k + 1]) > standsOut ? ratios[k] : 0.0F) - leak;
+}
+
+// From sums of the ratios from each block and from behind its window on, and the excess there.
+OV_VECTOR_CLONES
+void takeScores(const float* sums, const float* sumsBehind, const float* excessBehind, int blocks,
+                float* out)
+{
+    for (int k = 0; k < blocks; ++k) {
+        const float inside = sums[k] - sumsBehind[k];
+        out[k] = inside - lackWeight * std::max(leastWindow - inside, 0.0F) + excessBehind[k];
     }
-    for (int k = std::max(blocks - window, 0); k < blocks; ++k)
-        out[k] = sums[k] - lackWeight * std::max(leastWindow - sums[k], 0.0F);
+}
+
+// Both at once, as each addition waits for the one before.
+void turnIntoSumsFromBehind(float* one, float* other, int count)
+{
+    float sum = 0.0F;
+    float otherSum = 0.0F;
+    for (int k = count - 1; k >= 0; --k) {
+        one[k] = sum += one[k];
+        other[k] = otherSum += other[k];
+    }
 }
 
 } // namespace
@@ -116,16 +133,21 @@ float OvChangeScore::excess(const float* ratios, float standsOut, int from, int 
 
 void OvChangeScore::scores(const Rule& rule, int blocks, float* ratios, float* out)
 {
-    float sum = 0.0F;
-    float behind = 0.0F;
-    float next = 0.0F;
-    for (int k = blocks - 1; k >= 0; --k) {
-        const float ratio = ratios[k];
-        if (k + 1 < blocks)
-            behind += (std::min(ratio, next) > rule.standsOut ? ratio : 0.0F) - rule.leak;
-        next = ratio;
-        ratios[k] = sum += ratio;
-        out[k] = behind;
+    if (blocks < 1)
+        return;
+    takeExcess(ratios, rule.standsOut, rule.leak, blocks, out);
+    out[blocks - 1] = 0.0F;
+    turnIntoSumsFromBehind(ratios, out, blocks);
+    std::array<float, stretch> excess{};
+    std::array<float, stretch> sums{};
+    for (int from = 0; from < blocks; from += stretch) {
+        const int count = std::min(stretch, blocks - from);
+        const int first = std::min(from + rule.window, blocks);
+        const int known = std::min(count, blocks - first);
+        std::copy_n(out + first, known, excess.begin());
+        std::fill(excess.begin() + known, excess.begin() + count, 0.0F);
+        std::copy_n(ratios + first, known, sums.begin());
+        std::fill(sums.begin() + known, sums.begin() + count, 0.0F);
+        takeScores(ratios + from, sums.data(), excess.data(), count, out + from);
     }
-    takeScores(ratios, rule.window, blocks, out);
 }

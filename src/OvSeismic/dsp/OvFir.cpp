@@ -83,6 +83,13 @@ std::vector<float> OvFir::joined(const std::vector<float>& first, const std::vec
 }
 
 OV_VECTOR_CLONES
+void OvFir::addScaled(const float* in, float factor, int count, float* out)
+{
+    for (int i = 0; i < count; ++i)
+        out[i] += factor * in[i];
+}
+
+OV_VECTOR_CLONES
 float OvFir::dot(const float* a, const float* b, int count)
 {
     // Independent sums, which a compiler may keep in one vector register.

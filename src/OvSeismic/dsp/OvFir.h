@@ -21,6 +21,9 @@ OVSEISMIC_EXPORT std::vector<float> triangle(int half);
 OVSEISMIC_EXPORT std::vector<float> joined(const std::vector<float>& first,
                                            const std::vector<float>& second);
 
+/// Adds factor * in[i] to out[i]. in and out must not overlap.
+OVSEISMIC_EXPORT void addScaled(const float* in, float factor, int count, float* out);
+
 /// sum of a[i] * b[i].
 OVSEISMIC_EXPORT float dot(const float* a, const float* b, int count);
 

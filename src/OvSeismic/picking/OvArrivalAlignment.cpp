@@ -83,9 +83,8 @@ void OvArrivalAlignment::stack(const Input& input, int row)
         if (other == row)
             continue;
         const float weight = m_weights[at(other)] * m_taper[at(std::abs(other - row))];
-        const float* cut = m_cuts.data() + at(other) * at(m_length);
-        for (int i = 0; i < m_length; ++i)
-            m_pilot[at(i)] += weight * cut[i];
+        OvFir::addScaled(m_cuts.data() + at(other) * at(m_length), weight, m_length,
+                         m_pilot.data());
     }
     const float energy = OvFir::dot(m_pilot.data(), m_pilot.data(), m_length);
     const float scale = energy > 0.0F ? 1.0F / std::sqrt(energy) : 0.0F;

@@ -323,7 +323,7 @@ bool Run::findOnsets()
     m_work.stack.setNeighbours(m_work.alignment.neighbours());
     const std::vector<double> stacked =
         m_work.stack.onsets(*m_clean, members(), m_work.guide.period(), sign);
-    m_own = OvOnsetSearch::find(*m_clean, scale, course, parameters(), m_cancel);
+    m_own = OvOnsetSearch::find(*m_clean, scale, course, sign, m_cancel);
     if (m_own.empty())
         return false;
     takeOnsets(stacked);

@@ -34,44 +34,40 @@ void takeClipped(const float* in, float scale, int count, float* out)
         out[i] = std::min(std::max(scale * in[i], -mostNoise), mostNoise);
 }
 
-OV_VECTOR_CLONES
-void add(const float* in, float weight, int count, float* out)
-{
-    for (int i = 0; i < count; ++i)
-        out[i] += weight * in[i];
-}
-
 } // namespace
 
 void OvMixedCourse::clip(const OvOnsetGuide& guide, const Matches& matches, const OvTraceGrid& grid)
 {
-    m_clipped.resize(at(grid.rows()) * at(m_points));
+    m_clipped.resize(grid.rows(), m_points);
     for (int row = 0; row < grid.rows(); ++row) {
         const float noise = guide.noise(row);
         const float scale = noise > 0.0F ? matches[at(row)].sign / noise : 0.0F;
         takeClipped(guide.filtered(row), scale, m_points,
-                    m_clipped.data() + at(row) * at(m_points));
+                    m_clipped.row(row));
     }
 }
 
 void OvMixedCourse::mix(const Matches& matches, const OvTraceGrid& grid, const OvTraceChain& chain)
 {
-    m_mixed.assign(m_clipped.size(), 0.0F);
+    const auto weightOf = [](int away) {
+        return static_cast<float>(neighbours + 1 - std::abs(away));
+    };
+    m_mixed.resize(grid.rows(), m_points);
     for (int row = 0; row < grid.rows(); ++row) {
-        float squares = 0.0F;
+        float* mixed = m_mixed.row(row);
+        std::fill_n(mixed, m_points, 0.0F);
         const OvLinkRange near = chain.neighbours(row, neighbours);
+        float squares = 0.0F;
         for (int other = near.first; other < near.last; ++other)
-            squares += std::pow(static_cast<float>(neighbours + 1 - std::abs(other - row)), 2.0F);
+            squares += weightOf(other - row) * weightOf(other - row);
+        const float scale = 1.0F / std::sqrt(squares); // independent noise keeps its size
         for (int other = near.first; other < near.last; ++other) {
-            // Independent noise keeps its size.
-            const float weight =
-                static_cast<float>(neighbours + 1 - std::abs(other - row)) / std::sqrt(squares);
             const int shift = rounded(matches[at(other)].time - matches[at(row)].time);
             const int first = std::max(grid.first(row), -shift);
             const int last = std::min(grid.last(row), m_points - shift);
             if (first < last)
-                add(m_clipped.data() + at(other) * at(m_points) + (first + shift), weight,
-                    last - first, m_mixed.data() + at(row) * at(m_points) + first);
+                OvFir::addScaled(m_clipped.row(other) + (first + shift),
+                                 scale * weightOf(other - row), last - first, mixed + first);
         }
     }
 }
@@ -151,7 +147,7 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
     measureNoise(guide, grid);
     OvOnsetLattice::Rows rows;
     rows.grid = &grid;
-    rows.values = m_mixed.data();
+    rows.values = m_mixed.row(0);
     rows.noise = m_noise.data();
     rows.period = guide.period();
     rows.settle = guide.settle();

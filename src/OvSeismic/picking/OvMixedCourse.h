@@ -27,10 +27,7 @@ public:
     /// The better of the two at each row, points.
     const std::vector<double>& times() const { return m_times; }
     /// A row mixed with its neighbours, in units of its noise before.
-    const float* mixed(int row) const
-    {
-        return m_mixed.data() + static_cast<std::ptrdiff_t>(row) * m_points;
-    }
+    const float* mixed(int row) const { return m_mixed.row(row); }
 
 private:
     void clip(const OvOnsetGuide& guide, const std::vector<OvArrivalAlignment::Match>& matches,
@@ -43,8 +40,8 @@ private:
                 const std::vector<double>& second);
 
     int m_points = 0;
-    std::vector<float> m_clipped;
-    std::vector<float> m_mixed;
+    OvScoreLattice m_clipped;
+    OvScoreLattice m_mixed;
     std::vector<float> m_noise;
     std::vector<double> m_times;
     OvNoiseLevel::Meter m_meter;

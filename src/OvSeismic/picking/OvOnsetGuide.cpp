@@ -154,10 +154,9 @@ void OvOnsetGuide::filter(const OvTraceGrid& grid)
     const std::vector<float> smoother = OvFir::triangle(half);
     const std::vector<float> taps = OvFir::joined(m_whitener, smoother);
     m_freedom = freedomOf(smoother);
-    m_filtered.resize(static_cast<std::size_t>(grid.rows()) * static_cast<std::size_t>(m_points));
+    m_filtered.resize(grid.rows(), m_points);
     for (int row = 0; row < grid.rows() && !isSet(m_cancel); ++row) {
-        float* out =
-            m_filtered.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(m_points);
+        float* out = m_filtered.row(row);
         const int first = grid.first(row);
         const int last = grid.last(row);
         std::fill(out, out + first, 0.0F);
@@ -227,7 +226,7 @@ void OvOnsetGuide::follow(const OvTraceChain& chain, const OvTraceGrid& grid,
 {
     OvOnsetLattice::Rows rows;
     rows.grid = &grid;
-    rows.values = m_filtered.data();
+    rows.values = m_filtered.row(0);
     rows.noise = m_noise.data();
     rows.course = m_times.empty() ? nullptr : m_times.data();
     rows.period = m_period;

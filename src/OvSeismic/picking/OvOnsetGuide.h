@@ -30,11 +30,7 @@ public:
     double period() const { return m_period; } ///< dominant period of the arrival, points
     const std::vector<double>& times() const { return m_times; } ///< point of each row
     /// Rows as they were searched: the predictable noise taken out, smoothed.
-    const float* filtered(int row) const
-    {
-        return m_filtered.data() +
-               static_cast<std::size_t>(row) * static_cast<std::size_t>(m_points);
-    }
+    const float* filtered(int row) const { return m_filtered.row(row); }
     const std::vector<float>& whitener() const { return m_whitener; }
     /// RMS of the noise of a filtered row.
     float noise(int row) const { return m_noise[static_cast<std::size_t>(row)]; }
@@ -75,7 +71,7 @@ private:
     std::vector<Quiet> m_quiet;
     std::vector<float> m_noise;
     std::vector<float> m_whitener;
-    std::vector<float> m_filtered;
+    OvScoreLattice m_filtered;
     OvNoiseLevel::Meter m_meter;
     OvOnsetLattice m_lattice;
     OvShiftPath m_path;

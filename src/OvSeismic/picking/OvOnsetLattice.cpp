@@ -53,12 +53,12 @@ float OvOnsetLattice::leakOf(const Rows& rows)
         const int first = rows.grid->first(row) / m_block;
         if (!rows.course) {
             for (int k = first; k + length <= rows.grid->last(row) / m_block; k += length)
-                m_leaks.push_back(OvChangeScore::excess(ratios(row), standsOut, k, k + length));
+                m_leaks.push_back(OvChangeScore::excess(m_ratios.row(row), standsOut, k, k + length));
             continue;
         }
         const int clear = rounded((rows.course[row] - 0.3 * rows.period) / m_block);
         if (clear - first >= enough)
-            m_leaks.push_back(OvChangeScore::excess(ratios(row), standsOut, first,
+            m_leaks.push_back(OvChangeScore::excess(m_ratios.row(row), standsOut, first,
                                                     std::min(clear, m_scores.points)));
     }
     if (m_leaks.empty())
@@ -77,19 +77,19 @@ void OvOnsetLattice::build(const Rows& rows, const OvOnsetLimits& limits)
     const int points = rows.grid->points();
     m_block = std::max(rounded(rows.period / blocksAPeriod), 1);
     m_scores.resize(rows.grid->rows(), std::max(points / m_block, 1));
-    m_ratios.resize(m_scores.scores.size());
+    m_ratios.resize(m_scores.rows, m_scores.points);
     for (int row = 0; row < m_scores.rows && !isSet(limits.cancel); ++row) {
         const float* values = rows.values + static_cast<std::ptrdiff_t>(row) * points;
-        ratios(row)[0] = 0.0F; // of rows shorter than a block
-        OvChangeScore::energies(values, points, m_block, ratios(row));
-        OvChangeScore::ratios(ruleFor(rows, limits, row), m_scores.points, ratios(row));
+        m_ratios.row(row)[0] = 0.0F; // of rows shorter than a block
+        OvChangeScore::energies(values, points, m_block, m_ratios.row(row));
+        OvChangeScore::ratios(ruleFor(rows, limits, row), m_scores.points, m_ratios.row(row));
     }
     const float leak = leakOf(rows);
     const int earliest = std::clamp(limits.earliest / m_block, 0, m_scores.points);
     for (int row = 0; row < m_scores.rows && !isSet(limits.cancel); ++row) {
         OvChangeScore::Rule rule = ruleFor(rows, limits, row);
         rule.leak = leak;
-        OvChangeScore::scores(rule, m_scores.points, ratios(row), m_scores.row(row));
+        OvChangeScore::scores(rule, m_scores.points, m_ratios.row(row), m_scores.row(row));
         std::fill_n(m_scores.row(row), earliest, forbidden);
         holdWithin(limits, row);
         guideBy(limits, row);

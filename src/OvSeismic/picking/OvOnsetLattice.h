@@ -62,18 +62,13 @@ public:
                                          const std::vector<double>& course) const;
 
 private:
-    float* ratios(int row)
-    {
-        return m_ratios.data() +
-               static_cast<std::size_t>(row) * static_cast<std::size_t>(m_scores.points);
-    }
     OvChangeScore::Rule ruleFor(const Rows& rows, const OvOnsetLimits& limits, int row) const;
     float leakOf(const Rows& rows);
     void holdWithin(const OvOnsetLimits& limits, int row);
     void guideBy(const OvOnsetLimits& limits, int row);
 
     int m_block = 1; // points
-    std::vector<float> m_ratios;
+    OvScoreLattice m_ratios;
     std::vector<float> m_leaks;
     OvScoreLattice m_scores;
 };

@@ -203,29 +203,28 @@ double pointedAt(const OvTraceGrid& grid, const std::vector<double>& distances, 
 }
 
 // What a trace says when it is asked near to where its neighbours point.
-double reconsidered(const Probe& probe, const Candidates& candidates, double pointed,
+double reconsidered(Probe* probe, std::size_t link, const Candidates& candidates, double pointed,
                     double allowed, Sign sign)
 {
     const double nearest = candidates.nearest(pointed);
     if (std::abs(nearest - pointed) <= allowed)
         return nearest;
-    const double preferred = probe.onset(pointed, allowed, sign);
+    probe->load(link);
+    const double preferred = probe->onset(pointed, allowed, sign);
     if (std::abs(preferred - pointed) <= allowed)
         return preferred;
-    return probe.onset(pointed, allowed, Sign::Either);
+    return probe->onset(pointed, allowed, Sign::Either);
 }
 
 } // namespace
 
 std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid, const Scale& scale,
                                                         const std::vector<double>& guide,
-                                                        const OvPickParameters& parameters,
-                                                        const std::atomic<bool>* cancel)
+                                                        Sign sign, const std::atomic<bool>* cancel)
 {
     constexpr int rounds = 3;
     const double allowed = 0.25 * scale.periodMs;
     Probe probe(grid, scale, guide);
-    const Sign sign = signOf(&probe, guide.size(), parameters.polarity, cancel);
     std::vector<Candidates> candidates(guide.size());
     std::vector<double> distances(guide.size());
     for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
@@ -236,11 +235,9 @@ std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid,
     }
     for (int round = 0; round < rounds; ++round) {
         const std::vector<double> last = distances;
-        for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {
-            probe.load(link);
-            distances[link] =
-                reconsidered(probe, candidates[link], pointedAt(grid, last, link), allowed, sign);
-        }
+        for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link)
+            distances[link] = reconsidered(&probe, link, candidates[link],
+                                           pointedAt(grid, last, link), allowed, sign);
     }
     std::vector<Arrival> arrivals;
     for (std::size_t link = 0; link < guide.size() && !isSet(cancel); ++link) {

@@ -29,10 +29,10 @@ struct Arrival
 };
 
 /// One arrival for each row of the grid, guide holding its time there, ms; empty once *cancel is
-/// true (cancel may be null).
+/// true (cancel may be null). sign is that of first swings, where a trace offers a choice.
 OVSEISMIC_EXPORT std::vector<Arrival> find(const OvTraceGrid& grid, const Scale& scale,
                                            const std::vector<double>& guide,
-                                           const OvPickParameters& parameters,
+                                           OvFirstSwing::Sign sign,
                                            const std::atomic<bool>* cancel);
 
 /// The sign that first swings are taken to have: the asked one, unless those that are clear of the

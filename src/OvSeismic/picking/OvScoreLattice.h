@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -8,14 +9,15 @@ struct OvScoreLattice
 {
     int rows = 0;
     int points = 0;
-    std::vector<float> scores; ///< rows * points values
+    std::vector<float> scores; ///< rows * points values, and room for more
 
-    /// Makes room for rows * points scores; what they hold is left open.
+    /// Makes room for rows * points scores, and never less; what they hold is left open.
     void resize(int rowCount, int pointCount)
     {
         rows = rowCount;
         points = pointCount;
-        scores.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(points));
+        scores.resize(std::max(scores.size(), static_cast<std::size_t>(rows) *
+                                                  static_cast<std::size_t>(points)));
     }
     float* row(int index)
     {

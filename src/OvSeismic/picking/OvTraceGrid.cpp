@@ -1,12 +1,75 @@
 #include "OvSeismic/picking/OvTraceGrid.h"
 
 #include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/segy/OvGather.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <numeric>
+
+namespace {
+
+constexpr std::size_t lanes = 8; // which a compiler may keep in one vector register
+
+// Means of `every` samples each.
+OV_VECTOR_CLONES
+void takeMeans(const float* samples, int every, int count, float* out)
+{
+    if (every == 1) {
+        std::copy_n(samples, count, out);
+        return;
+    }
+    const float share = 1.0F / static_cast<float>(every);
+    for (int i = 0; i < count; ++i)
+        out[i] =
+            share * std::accumulate(samples + i * every, samples + (i + 1) * every, 0.0F);
+}
+
+// Takes the mean off. The first point goes first, so that an offset does not eat up the digits.
+OV_VECTOR_CLONES
+void centre(float* points, int count)
+{
+    const float first = count > 0 ? points[0] : 0.0F;
+    std::array<float, lanes> sums{};
+    const auto size = static_cast<std::size_t>(count);
+    for (std::size_t i = 0; i < size; ++i)
+        points[i] -= first;
+    std::size_t i = 0;
+    for (; i + lanes <= size; i += lanes) {
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            sums[lane] += points[i + lane];
+    }
+    const float rest = std::accumulate(points + i, points + size, 0.0F);
+    const float mean = (std::accumulate(sums.begin(), sums.end(), 0.0F) + rest) /
+                       static_cast<float>(std::max<std::size_t>(size, 1));
+    for (std::size_t k = 0; k < size; ++k)
+        points[k] -= mean;
+}
+
+OV_VECTOR_CLONES
+float largestOf(const float* points, int count)
+{
+    std::array<float, lanes> largest{};
+    const auto take = [&](std::size_t lane, float value) {
+        const float amount = std::abs(value);
+        largest[lane] = amount > largest[lane] ? amount : largest[lane];
+    };
+    const auto size = static_cast<std::size_t>(count);
+    std::size_t i = 0;
+    for (; i + lanes <= size; i += lanes) {
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            take(lane, points[i + lane]);
+    }
+    for (; i < size; ++i)
+        take(0, points[i]);
+    return *std::max_element(largest.begin(), largest.end());
+}
+
+} // namespace
 
 int OvTraceGrid::lengthOf(const OvGather& gather, int row)
 {
@@ -19,25 +82,12 @@ int OvTraceGrid::lengthOf(const OvGather& gather, int row)
 
 void OvTraceGrid::take(const float* samples, int count, int every, Span* span, float* out) const
 {
-    const int taken = std::min(count / every, m_points - span->first);
-    span->last = span->first + std::max(taken, 0);
-    const float share = 1.0F / static_cast<float>(every);
-    double sum = 0.0;
-    float* point = out + span->first;
-    for (int i = 0; i < taken; ++i, samples += every) {
-        float value = samples[0];
-        for (int k = 1; k < every; ++k)
-            value += samples[k];
-        point[i] = value * share;
-        sum += static_cast<double>(point[i]);
-    }
-    const float mean = taken > 0 ? static_cast<float>(sum / taken) : 0.0F;
-    float largest = 0.0F;
-    for (int i = 0; i < taken; ++i) {
-        point[i] -= mean;
-        largest = std::max(largest, std::abs(point[i]));
-    }
-    span->largest = largest;
+    const int taken = std::max(std::min(count / every, m_points - span->first), 0);
+    span->last = span->first + taken;
+    float* points = out + span->first;
+    takeMeans(samples, every, taken, points);
+    centre(points, taken);
+    span->largest = largestOf(points, taken);
 }
 
 void OvTraceGrid::load(const OvGather& gather, const OvTraceChain& chain, int every,
@@ -85,8 +135,6 @@ void OvTraceGrid::takeFiltered(const OvTraceGrid& from, const std::vector<float>
         // What a filter makes of the edge is no signal.
         const int settled = std::min(span.first + static_cast<int>(taps.size()) - 1, span.last);
         std::fill(row(i) + span.first, row(i) + settled, 0.0F);
-        span.largest = 0.0F;
-        for (int k = span.first; k < span.last; ++k)
-            span.largest = std::max(span.largest, std::abs(row(i)[k]));
+        span.largest = largestOf(row(i) + span.first, span.last - span.first);
     }
 }
