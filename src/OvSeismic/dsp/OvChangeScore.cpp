@@ -70,7 +70,8 @@ void takeScores(const float* sums, const float* sumsBehind, const float* excessB
 {
     for (int k = 0; k < blocks; ++k) {
         const float inside = sums[k] - sumsBehind[k];
-        out[k] = inside - lackWeight * std::max(leastWindow - inside, 0.0F) + excessBehind[k];
+        const float lacking = inside - lackWeight * (leastWindow - inside);
+        out[k] = (lacking < inside ? lacking : inside) + excessBehind[k];
     }
 }
 

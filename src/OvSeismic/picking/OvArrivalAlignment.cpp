@@ -245,7 +245,12 @@ bool OvArrivalAlignment::align(const Input& input, const std::vector<double>& ti
     m_matches.assign(at(input.rows), {});
     for (int row = 0; row < input.rows; ++row)
         m_matches[at(row)].time = times[at(row)];
-    m_correlations.resize(at(input.rows) * at(2 * m_reach + 1));
+    m_correlations.resize(std::max(m_correlations.size(), at(input.rows) * at(2 * m_reach + 1)));
+    return refine(input, rounds);
+}
+
+bool OvArrivalAlignment::refine(const Input& input, int rounds)
+{
     for (int round = 0; round < rounds; ++round) {
         if (input.cancel && input.cancel->load())
             return false;

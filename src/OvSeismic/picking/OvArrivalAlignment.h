@@ -17,8 +17,8 @@ struct OvTraceChain;
 /// Trans. Inf. Theory 6, 311-329), and that of the trace turning from noise to signal there, so
 /// that a louder wave a cycle behind does not win; a share of a trace's signal counts as noise, so
 /// that of clear traces shape decides, not size. The best path through the shifts of all traces
-/// (OvShiftPath) keeps single traces from skipping a cycle. Several rounds, each with sharper pilots;
-/// the weaker the arrivals, the more neighbours make a pilot.
+/// (OvShiftPath) keeps single traces from skipping a cycle. Several rounds, each with sharper
+/// pilots; the weaker the arrivals, the more neighbours make a pilot.
 class OVSEISMIC_EXPORT OvArrivalAlignment
 {
 public:
@@ -45,10 +45,10 @@ public:
         float sign = 1.0F;     ///< -1 on a channel of reversed polarity
     };
 
-    static constexpr int usualRounds = 4;
-
     /// times holds a point of each row to begin with. False once *cancel is true.
-    bool align(const Input& input, const std::vector<double>& times, int rounds = usualRounds);
+    bool align(const Input& input, const std::vector<double>& times, int rounds = 4);
+    /// Goes on from what align() has found in the same rows. False once *cancel is true.
+    bool refine(const Input& input, int rounds);
     const std::vector<Match>& matches() const { return m_matches; }
     /// How many neighbours on either side made a pilot in the end.
     int neighbours() const { return m_neighbours; }

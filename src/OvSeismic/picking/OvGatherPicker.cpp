@@ -106,7 +106,7 @@ private:
     void chooseInterval();
     void takeLimits();
     void addPrior();
-    bool align(const std::vector<double>& times, int rounds);
+    OvArrivalAlignment::Input alignmentInput() const;
     double contrast(const OvTraceGrid& grid) const;
     void chooseGrid();
     double swingPeriod() const;
@@ -192,7 +192,7 @@ bool Run::findCourse()
     return m_work.guide.find(m_work.grid, m_chain, m_limits);
 }
 
-bool Run::align(const std::vector<double>& times, int rounds)
+OvArrivalAlignment::Input Run::alignmentInput() const
 {
     OvArrivalAlignment::Input input;
     input.rows = rows();
@@ -203,16 +203,20 @@ bool Run::align(const std::vector<double>& times, int rounds)
     input.change = [this](int row, double point) { return m_work.guide.lattice().at(row, point); };
     input.chain = &m_chain;
     input.cancel = m_cancel;
-    return m_work.alignment.align(input, times, rounds);
+    return input;
 }
 
 bool Run::alignTraces()
 {
-    constexpr int roughly = 2;
-    return align(m_work.guide.times(), roughly) &&
-           m_work.mixed.find(m_work.guide, m_work.alignment.matches(), m_work.grid, m_chain,
-                             m_limits) &&
-           align(m_work.mixed.times(), OvArrivalAlignment::usualRounds);
+    constexpr int rounds = 2;
+    const OvArrivalAlignment::Input input = alignmentInput();
+    OvArrivalAlignment& alignment = m_work.alignment;
+    if (!alignment.align(input, m_work.guide.times(), rounds) ||
+        !m_work.mixed.find(m_work.guide, alignment.matches(), m_work.grid, m_chain, m_limits))
+        return false;
+    return m_work.mixed.times() == m_work.guide.times()
+               ? alignment.refine(input, rounds)
+               : alignment.align(input, m_work.mixed.times());
 }
 
 // Median over the rows of the energy behind the course over that ahead of it.

@@ -42,8 +42,7 @@ void OvMixedCourse::clip(const OvOnsetGuide& guide, const Matches& matches, cons
     for (int row = 0; row < grid.rows(); ++row) {
         const float noise = guide.noise(row);
         const float scale = noise > 0.0F ? matches[at(row)].sign / noise : 0.0F;
-        takeClipped(guide.filtered(row), scale, m_points,
-                    m_clipped.row(row));
+        takeClipped(guide.filtered(row), scale, m_points, m_clipped.row(row));
     }
 }
 

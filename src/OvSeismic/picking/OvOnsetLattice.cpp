@@ -53,7 +53,8 @@ float OvOnsetLattice::leakOf(const Rows& rows)
         const int first = rows.grid->first(row) / m_block;
         if (!rows.course) {
             for (int k = first; k + length <= rows.grid->last(row) / m_block; k += length)
-                m_leaks.push_back(OvChangeScore::excess(m_ratios.row(row), standsOut, k, k + length));
+                m_leaks.push_back(
+                    OvChangeScore::excess(m_ratios.row(row), standsOut, k, k + length));
             continue;
         }
         const int clear = rounded((rows.course[row] - 0.3 * rows.period) / m_block);

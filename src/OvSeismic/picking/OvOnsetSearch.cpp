@@ -219,8 +219,8 @@ double reconsidered(Probe* probe, std::size_t link, const Candidates& candidates
 } // namespace
 
 std::vector<OvOnsetSearch::Arrival> OvOnsetSearch::find(const OvTraceGrid& grid, const Scale& scale,
-                                                        const std::vector<double>& guide,
-                                                        Sign sign, const std::atomic<bool>* cancel)
+                                                        const std::vector<double>& guide, Sign sign,
+                                                        const std::atomic<bool>* cancel)
 {
     constexpr int rounds = 3;
     const double allowed = 0.25 * scale.periodMs;

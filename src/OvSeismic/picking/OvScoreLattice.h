@@ -16,8 +16,8 @@ struct OvScoreLattice
     {
         rows = rowCount;
         points = pointCount;
-        scores.resize(std::max(scores.size(), static_cast<std::size_t>(rows) *
-                                                  static_cast<std::size_t>(points)));
+        scores.resize(std::max(scores.size(),
+                               static_cast<std::size_t>(rows) * static_cast<std::size_t>(points)));
     }
     float* row(int index)
     {

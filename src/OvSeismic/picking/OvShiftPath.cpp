@@ -83,8 +83,11 @@ void OvShiftPath::advance(const float* before, const Step& step, const float* sc
     const int expected = std::clamp(step.expected, -m_points, m_points);
     const int ahead = std::max(expected, 0); // places in front of the first point
     const int places = m_points + std::abs(expected);
-    m_reached.assign(static_cast<std::size_t>(places), unreachable);
-    m_spare.resize(m_reached.size());
+    if (m_reached.size() < static_cast<std::size_t>(places)) {
+        m_reached.resize(static_cast<std::size_t>(places));
+        m_spare.resize(m_reached.size());
+    }
+    std::fill_n(m_reached.begin(), places, unreachable);
     std::copy_n(before, m_points, m_reached.begin() + ahead);
     for (int shift = 1; shift < places; shift *= 2) {
         takeFromBefore(m_reached.data(), places, shift, static_cast<float>(shift) * step.later,
