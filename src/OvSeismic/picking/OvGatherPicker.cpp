@@ -112,6 +112,7 @@ private:
     double swingPeriod() const;
     std::vector<OvArrivalStack::Member> members() const;
     void takeOnsets(const std::vector<double>& stacked);
+    std::vector<OvPickEvidence> evidence() const;
     double ratioAt(const OvTraceGrid& grid, int row, double point) const;
     bool passesThresholds(int row, double point) const;
 
@@ -353,32 +354,51 @@ bool Run::passesThresholds(int row, double point) const
     return told >= parameters().snrThreshold;
 }
 
-void Run::deliver(OvPickResult* result)
+// What speaks for the pick of each row.
+std::vector<OvPickEvidence> Run::evidence() const
 {
     const double period = m_work.guide.period();
+    const auto& matches = m_work.alignment.matches();
+    const std::vector<double> strays = OvPickCourse::strays(m_points, 5, m_chain);
+    std::vector<double> strengths;
+    std::vector<double> rises;
+    std::vector<double> foreruns;
+    for (int row = 0; row < rows(); ++row) {
+        strengths.push_back(static_cast<double>(matches[at(row)].strength));
+        rises.push_back(m_work.mixed.riseAt(row, m_points[at(row)]));
+        foreruns.push_back(m_work.mixed.forerunAt(m_work.grid, row, m_points[at(row)]));
+    }
+    rises = OvPickCourse::runningMedians(rises, 4, m_chain.cables);
+    foreruns = OvPickCourse::runningMedians(foreruns, 4, m_chain.cables);
+    const double company = median(strengths);
+    std::vector<OvPickEvidence> all(at(rows()));
+    for (int row = 0; row < rows(); ++row) {
+        const double ratio = ratioAt(*m_clean, row, m_points[at(row)]);
+        OvPickEvidence& one = all[at(row)];
+        one.ratio = std::isfinite(ratio) ? ratio : m_own[at(row)].ratio;
+        one.strength = strengths[at(row)];
+        one.company = company;
+        one.likeness = static_cast<double>(matches[at(row)].likeness);
+        one.rise = rises[at(row)];
+        one.forerun = foreruns[at(row)];
+        one.stray = std::abs(strays[at(row)]) / period;
+        one.gap = m_gaps[at(row)];
+        if (m_chain.isAlone(row))
+            one.standAlone();
+    }
+    return all;
+}
+
+void Run::deliver(OvPickResult* result)
+{
     std::vector<OvArrivalStack::Member> onsets = members();
     for (int row = 0; row < rows(); ++row)
         onsets[at(row)].point = m_points[at(row)];
     const std::vector<double> points =
         OvPhaseSearch::find(*m_clean, onsets, m_swing, m_settings.phase);
-    const std::vector<double> strays = OvPickCourse::strays(m_points, 5, m_chain);
-    std::vector<double> strengths;
-    for (const OvArrivalAlignment::Match& match : m_work.alignment.matches())
-        strengths.push_back(static_cast<double>(match.strength));
-    const double company = median(std::move(strengths));
+    const std::vector<OvPickEvidence> all = evidence();
     for (int row = 0; row < rows(); ++row) {
-        const OvArrivalAlignment::Match& match = m_work.alignment.matches()[at(row)];
-        const double ratio = ratioAt(*m_clean, row, m_points[at(row)]);
-        OvPickEvidence evidence;
-        evidence.ratio = std::isfinite(ratio) ? ratio : m_own[at(row)].ratio;
-        evidence.strength = static_cast<double>(match.strength);
-        evidence.company = company;
-        evidence.likeness = static_cast<double>(match.likeness);
-        evidence.stray = std::abs(strays[at(row)]) / period;
-        evidence.gap = m_gaps[at(row)];
-        if (m_chain.isAlone(row))
-            evidence.standAlone();
-        const double confidence = evidence.confidence();
+        const double confidence = all[at(row)].confidence();
         const int source = m_chain.rows[at(row)];
         if (confidence < m_settings.minimumConfidence ||
             !passesThresholds(row, m_points[at(row)]) ||

@@ -140,6 +140,7 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
                          const OvTraceChain& chain, const OvOnsetLimits& limits)
 {
     m_points = grid.points();
+    m_period = guide.period();
     m_times = guide.times();
     clip(guide, matches, grid);
     mix(matches, grid, chain);
@@ -158,4 +159,30 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
         second.push_back(block * m_lattice.block());
     choose(grid, chain, guide.period(), second);
     return true;
+}
+
+double OvMixedCourse::loudness(int row, int from, int to) const
+{
+    const float noise = m_noise[at(row)];
+    if (to <= from || !(noise > 0.0F))
+        return 1.0;
+    const float energy =
+        OvFir::dot(mixed(row) + from, mixed(row) + from, to - from) / static_cast<float>(to - from);
+    return static_cast<double>(std::sqrt(energy) / noise);
+}
+
+double OvMixedCourse::riseAt(int row, double point) const
+{
+    const int from = std::clamp(rounded(point), 0, m_points);
+    return loudness(row, from, std::clamp(rounded(point + m_period), from, m_points));
+}
+
+double OvMixedCourse::forerunAt(const OvTraceGrid& grid, int row, double point) const
+{
+    const int length = std::max(rounded(m_period), 4);
+    const int end = std::min(rounded(point - m_period), grid.last(row));
+    double largest = 1.0;
+    for (int from = grid.first(row); from + length <= end; from += length / 2)
+        largest = std::max(largest, loudness(row, from, from + length));
+    return largest;
 }

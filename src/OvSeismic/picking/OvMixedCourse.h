@@ -29,7 +29,14 @@ public:
     /// A row mixed with its neighbours, in units of its noise before.
     const float* mixed(int row) const { return m_mixed.row(row); }
 
+    /// RMS of the period behind a point of a mixed row over that of its noise.
+    double riseAt(int row, double point) const;
+    /// RMS of the loudest period of a mixed row that ends a period before a point, over that of its
+    /// noise: how much like an arrival what lies ahead of the point is. 1 without anything ahead.
+    double forerunAt(const OvTraceGrid& grid, int row, double point) const;
+
 private:
+    double loudness(int row, int from, int to) const;
     void clip(const OvOnsetGuide& guide, const std::vector<OvArrivalAlignment::Match>& matches,
               const OvTraceGrid& grid);
     void mix(const std::vector<OvArrivalAlignment::Match>& matches, const OvTraceGrid& grid,
@@ -40,6 +47,7 @@ private:
                 const std::vector<double>& second);
 
     int m_points = 0;
+    double m_period = 0.0;
     OvScoreLattice m_clipped;
     OvScoreLattice m_mixed;
     std::vector<float> m_noise;

@@ -9,15 +9,19 @@ void OvPickEvidence::standAlone()
     strength = loud;
     company = std::sqrt(loud);
     likeness = 1.0 - 1.0 / loud;
+    rise = loud;
+    forerun = 1.0;
 }
 
 double OvPickEvidence::confidence() const
 {
-    const double loud = std::log(std::clamp(ratio, 0.5, 20.0));
-    const double strong = std::log(std::clamp(strength, 0.5, 20.0));
-    const double accompanied = std::log(std::clamp(company, 0.5, 4.0));
-    const double sum = -3.126 + 1.454 * loud + 0.078 * strong + 1.914 * likeness -
-                       4.764 * std::min(stray, 1.0) - 2.527 * std::min(gap, 1.0) +
-                       2.5 * accompanied;
+    const auto logOf = [](double value, double least, double most) {
+        return std::log(std::clamp(value, least, most));
+    };
+    const double sum = -0.756 + 0.245 * logOf(ratio, 0.5, 20.0) +
+                       0.255 * logOf(strength, 0.5, 20.0) + 1.313 * likeness +
+                       0.733 * logOf(company, 0.5, 6.0) + 1.918 * logOf(rise, 0.5, 20.0) -
+                       2.786 * logOf(forerun, 1.0, 6.0) - 4.882 * std::min(stray, 1.0) -
+                       0.888 * std::min(gap, 1.0);
     return 1.0 / (1.0 + std::exp(-sum));
 }
