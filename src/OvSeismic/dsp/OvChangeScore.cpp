@@ -124,14 +124,6 @@ void OvChangeScore::ratios(const Rule& rule, int blocks, float* values)
     std::fill_n(values, std::clamp(rule.first, 0, blocks), least);
 }
 
-float OvChangeScore::excess(const float* ratios, float standsOut, int from, int to)
-{
-    float sum = 0.0F;
-    for (int k = from; k + 1 < to; ++k)
-        sum += std::min(ratios[k], ratios[k + 1]) > standsOut ? ratios[k] : 0.0F;
-    return to - from > 1 ? sum / static_cast<float>(to - from - 1) : 0.0F;
-}
-
 void OvChangeScore::scores(const Rule& rule, int blocks, float* ratios, float* out)
 {
     if (blocks < 1)

@@ -23,14 +23,11 @@ struct Rule
     int window = 1;          ///< blocks from the change on that have to be signal
     int first = 0;           ///< blocks before it are as good as noise
     float standsOut = 0.0F;  ///< later blocks count by what they exceed this
-    float leak = 0.0F;       ///< what noise alone exceeds itself by: its excess()
+    float leak = 0.0F;       ///< what noise alone exceeds that by, on average
 };
 
 /// Turns energies into ratios in place.
 OVSEISMIC_EXPORT void ratios(const Rule& rule, int blocks, float* values);
-
-/// How much, on average, two blocks in a row of [from, to) are both above what noise should be.
-OVSEISMIC_EXPORT float excess(const float* ratios, float standsOut, int from, int to);
 
 /// Score of a change at the start of each block: the ratios of the window from there on, and the
 /// excess of what comes later over the leak. A window of quiet costs, what is loud far behind the

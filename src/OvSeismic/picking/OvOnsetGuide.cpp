@@ -228,7 +228,6 @@ void OvOnsetGuide::follow(const OvTraceChain& chain, const OvTraceGrid& grid,
     rows.grid = &grid;
     rows.values = m_filtered.row(0);
     rows.noise = m_noise.data();
-    rows.course = m_times.empty() ? nullptr : m_times.data();
     rows.period = m_period;
     rows.settle = m_settle;
     m_lattice.build(rows, limits);

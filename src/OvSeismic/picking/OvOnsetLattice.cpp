@@ -10,6 +10,7 @@ namespace {
 
 constexpr double blocksAPeriod = 6.0;
 constexpr float standsOut = 0.5F; // what later blocks have to exceed
+constexpr float leak = 0.01F;     // by which steady noise exceeds it, on average
 
 int rounded(double value)
 {
@@ -35,40 +36,8 @@ OvChangeScore::Rule OvOnsetLattice::ruleFor(const Rows& rows, const OvOnsetLimit
     rule.window = std::max(rounded(length / m_block), 1);
     rule.first = (rows.grid->first(row) + rows.settle + m_block - 1) / m_block;
     rule.standsOut = standsOut;
+    rule.leak = leak;
     return rule;
-}
-
-// What the noise leaks: ahead of the course, the median over the rows; without one, what the
-// quieter stretches of all rows do.
-float OvOnsetLattice::leakOf(const Rows& rows)
-{
-    constexpr float least = 0.01F;
-    constexpr float most = 0.6F;
-    constexpr float margin = 1.5F;
-    constexpr double quieter = 0.3;
-    constexpr int enough = 8;
-    constexpr int length = 16;
-    m_leaks.clear();
-    for (int row = 0; row < m_scores.rows; ++row) {
-        const int first = rows.grid->first(row) / m_block;
-        if (!rows.course) {
-            for (int k = first; k + length <= rows.grid->last(row) / m_block; k += length)
-                m_leaks.push_back(
-                    OvChangeScore::excess(m_ratios.row(row), standsOut, k, k + length));
-            continue;
-        }
-        const int clear = rounded((rows.course[row] - 0.3 * rows.period) / m_block);
-        if (clear - first >= enough)
-            m_leaks.push_back(OvChangeScore::excess(m_ratios.row(row), standsOut, first,
-                                                    std::min(clear, m_scores.points)));
-    }
-    if (m_leaks.empty())
-        return least;
-    const double share = rows.course ? 0.5 : quieter;
-    const auto rank =
-        m_leaks.begin() + static_cast<std::ptrdiff_t>(share * static_cast<double>(m_leaks.size()));
-    std::nth_element(m_leaks.begin(), rank, m_leaks.end());
-    return std::clamp(margin * *rank, least, most);
 }
 
 void OvOnsetLattice::build(const Rows& rows, const OvOnsetLimits& limits)
@@ -85,12 +54,10 @@ void OvOnsetLattice::build(const Rows& rows, const OvOnsetLimits& limits)
         OvChangeScore::energies(values, points, m_block, m_ratios.row(row));
         OvChangeScore::ratios(ruleFor(rows, limits, row), m_scores.points, m_ratios.row(row));
     }
-    const float leak = leakOf(rows);
     const int earliest = std::clamp(limits.earliest / m_block, 0, m_scores.points);
     for (int row = 0; row < m_scores.rows && !isSet(limits.cancel); ++row) {
-        OvChangeScore::Rule rule = ruleFor(rows, limits, row);
-        rule.leak = leak;
-        OvChangeScore::scores(rule, m_scores.points, m_ratios.row(row), m_scores.row(row));
+        OvChangeScore::scores(ruleFor(rows, limits, row), m_scores.points, m_ratios.row(row),
+                              m_scores.row(row));
         std::fill_n(m_scores.row(row), earliest, forbidden);
         holdWithin(limits, row);
         guideBy(limits, row);

@@ -35,7 +35,6 @@ public:
         const OvTraceGrid* grid = nullptr; ///< says where each row begins and ends
         const float* values = nullptr;     ///< of all rows, grid->points() each
         const float* noise = nullptr;      ///< RMS of each row's noise
-        const double* course = nullptr;    ///< points of an earlier course; null for none
         double period = 0.0;               ///< points
         int settle = 0;                    ///< points at the start of a row that say nothing
     };
@@ -63,12 +62,10 @@ public:
 
 private:
     OvChangeScore::Rule ruleFor(const Rows& rows, const OvOnsetLimits& limits, int row) const;
-    float leakOf(const Rows& rows);
     void holdWithin(const OvOnsetLimits& limits, int row);
     void guideBy(const OvOnsetLimits& limits, int row);
 
     int m_block = 1; // points
     OvScoreLattice m_ratios;
-    std::vector<float> m_leaks;
     OvScoreLattice m_scores;
 };

@@ -15,7 +15,7 @@ private slots:
     void forerunnersAreMasked();
     void masksOfLongRows_data();
     void masksOfLongRows();
-    void leakOfSteadyNoise();
+    void laterBlocksLeak();
     void bestWhereSignalBegins();
     void weakFirstWaveIsNotGivenUp();
     void burstIsNotTheArrival();
@@ -132,13 +132,30 @@ void tst_OvChangeScore::masksOfLongRows()
     }
 }
 
-void tst_OvChangeScore::leakOfSteadyNoise()
+void tst_OvChangeScore::laterBlocksLeak()
 {
-    const std::vector<float> ratios{-0.3F, 1.0F, -0.3F, 1.0F, 2.0F, 0.6F, -0.3F};
     // Pairs above a half: 1 and 2, 2 and 0.6.
-    QCOMPARE(OvChangeScore::excess(ratios.data(), 0.5F, 0, 7), 0.5F);
-    QCOMPARE(OvChangeScore::excess(ratios.data(), 0.5F, 0, 4), 0.0F);
-    QCOMPARE(OvChangeScore::excess(ratios.data(), 0.5F, 3, 4), 0.0F);
+    const std::vector<float> ratios{-0.3F, 1.0F, -0.3F, 1.0F, 2.0F, 0.6F, -0.3F};
+    const auto scores = [&ratios](float leak) {
+        OvChangeScore::Rule asked = rule();
+        asked.window = 2;
+        asked.standsOut = 0.5F;
+        asked.leak = leak;
+        std::vector<float> used = ratios;
+        std::vector<float> out(ratios.size());
+        OvChangeScore::scores(asked, static_cast<int>(ratios.size()), used.data(), out.data());
+        return out;
+    };
+    const std::vector<float> tight = scores(0.0F);
+    const std::vector<float> leaking = scores(0.125F);
+    // A window of 0.7 lacks 1.3, twice; 1 and 2 stand out behind it.
+    QVERIFY(std::abs(tight[0] - (0.7F - 2.6F + 3.0F)) < 1e-5F);
+    // The last block has no neighbour to stand out with.
+    for (std::size_t k = 0; k < ratios.size(); ++k) {
+        const float later =
+            std::max(static_cast<float>(ratios.size()) - 3.0F - static_cast<float>(k), 0.0F);
+        QVERIFY(std::abs(tight[k] - leaking[k] - 0.125F * later) < 1e-5F);
+    }
 }
 
 void tst_OvChangeScore::bestWhereSignalBegins()
