@@ -1,4 +1,5 @@
 #include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/picking/OvTraceChain.h"
 
 #include <QtTest>
 
@@ -15,6 +16,8 @@ private slots:
     void strayOfASinglePick();
     void runningMedians();
     void neighboursAreOfTheSameCable();
+    void sidesOfTheShotDoNotMix();
+    void linksThatLeadNowhereKnownCompareAll();
 };
 
 void tst_OvPickCourse::slopeOfALine()
@@ -67,22 +70,63 @@ void tst_OvPickCourse::runningMedians()
 void tst_OvPickCourse::neighboursAreOfTheSameCable()
 {
     std::vector<double> times;
-    std::vector<int> cables;
+    OvTraceChain chain;
     for (int i = 0; i < 16; ++i) {
-        cables.push_back(i / 8);
+        chain.cables.push_back(i / 8);
         times.push_back(i < 8 ? 3.0 * i : 1000.0 - 5.0 * i);
     }
-    const std::vector<double> slopes = OvPickCourse::slopes(times, cables);
-    const std::vector<double> strays = OvPickCourse::strays(times, 5, cables);
+    const std::vector<double> slopes = OvPickCourse::slopes(times, chain);
+    const std::vector<double> strays = OvPickCourse::strays(times, 5, chain);
     for (int i = 0; i < 16; ++i) {
         const auto at = static_cast<std::size_t>(i);
         QCOMPARE(slopes[at], i % 8 == 0 ? 0.0 : i < 8 ? 3.0 : -5.0);
         // The first of a cable has no slope, its neighbours point past it by one step at most.
         QVERIFY2(std::abs(strays[at]) <= 5.0, qPrintable(QString::number(strays[at])));
     }
-    const std::vector<double> medians = OvPickCourse::runningMedians(times, 3, cables);
+    const std::vector<double> medians = OvPickCourse::runningMedians(times, 3, chain.cables);
     QVERIFY(*std::max_element(medians.begin(), medians.begin() + 8) <= 21.0);
     QVERIFY(*std::min_element(medians.begin() + 8, medians.end()) >= 925.0);
+}
+
+namespace {
+
+// A course that comes down by 6 a link to the shot at the link 6 and rises by 4 a link behind it.
+struct SplitCourse
+{
+    std::vector<double> times;
+    OvTraceChain chain;
+
+    SplitCourse()
+    {
+        for (int i = 0; i < 14; ++i) {
+            times.push_back(i <= 6 ? 100.0 - 6.0 * i : 64.0 + 4.0 * (i - 6));
+            chain.away.push_back(i == 0 ? 0 : i <= 6 ? -1 : 1);
+        }
+    }
+};
+
+} // namespace
+
+void tst_OvPickCourse::sidesOfTheShotDoNotMix()
+{
+    const SplitCourse split;
+    const std::vector<double> slopes = OvPickCourse::slopes(split.times, split.chain);
+    const std::vector<double> strays = OvPickCourse::strays(split.times, 5, split.chain);
+    for (std::size_t i = 1; i < slopes.size(); ++i) {
+        QCOMPARE(slopes[i], i <= 6 ? -6.0 : 4.0);
+        QVERIFY2(std::abs(strays[i]) < 1e-9, qPrintable(QString::number(strays[i])));
+    }
+}
+
+void tst_OvPickCourse::linksThatLeadNowhereKnownCompareAll()
+{
+    SplitCourse split;
+    split.chain.away.clear();
+    const std::vector<double> slopes = OvPickCourse::slopes(split.times, split.chain);
+    QCOMPARE(slopes[2], -6.0);
+    QVERIFY(slopes[6] > -6.0);
+    QVERIFY(slopes[7] < 4.0);
+    QCOMPARE(slopes[13], 4.0);
 }
 
 QTEST_GUILESS_MAIN(tst_OvPickCourse)
