@@ -203,6 +203,11 @@ void OvArrivalAlignment::moveTo(const Input& input, int row, int peak)
     const int shifts = 2 * m_reach + 1;
     const float* values = m_correlations.data() + at(row) * at(shifts);
     Match& match = m_matches[at(row)];
+    // The path takes whole steps, and may lie beside a peak between them.
+    if (peak > 0 && values[peak - 1] > values[peak])
+        --peak;
+    else if (peak + 1 < shifts && values[peak + 1] > values[peak])
+        ++peak;
     double shift = peak - m_reach;
     if (peak > 0 && peak + 1 < shifts) {
         const float left = values[peak - 1];
