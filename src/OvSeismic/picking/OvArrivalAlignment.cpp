@@ -145,7 +145,7 @@ void OvArrivalAlignment::correlate(const Input& input, int row, float gain)
 void OvArrivalAlignment::turnReversed()
 {
     constexpr float clearly = 2.0F;
-    constexpr float strong = 4.0F; // of 5.8, which the misfit leaves of a perfect match
+    constexpr float strong = 5.0F; // of 5.8, which the misfit leaves of a perfect match
     const int shifts = 2 * m_reach + 1;
     for (std::size_t row = 0; row < m_matches.size(); ++row) {
         float* values = m_correlations.data() + row * at(shifts);
