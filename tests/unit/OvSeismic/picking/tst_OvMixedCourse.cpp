@@ -1,0 +1,243 @@
+#include "OvSeismic/picking/OvMixedCourse.h"
+
+#include "OvSeismic/picking/OvOnsetGuide.h"
+#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/picking/OvTraceChain.h"
+#include "OvSeismic/picking/OvTraceGrid.h"
+#include "SyntheticGather.h"
+
+#include <QtTest>
+
+/// The second look at a course that was put on a strong wave behind the first one.
+class tst_OvMixedCourse : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void findsAWeakWaveAhead();
+    void staysBehindNoise();
+    void shortStretchesDoNotOverrule();
+    void mixingKeepsTheSizeOfNoise();
+    void mixingLetsTheWaveAddUp();
+    void cablesAreNotMixed();
+    void reversedTracesCountTurnedOver();
+    void stopsWhenCancelled();
+};
+
+namespace {
+
+using Matches = std::vector<OvArrivalAlignment::Match>;
+
+constexpr int rowCount = 60;
+constexpr double gapMs = 120.0; // three periods
+constexpr double noiseRms = 0.8;
+
+std::size_t at(int row)
+{
+    return static_cast<std::size_t>(row);
+}
+
+// A wave of amplitude 20 on every row; on some the arrival of the synthetic gather runs three
+// periods ahead of it, in noise as loud as itself.
+struct Setup
+{
+    SyntheticGather synthetic{rowCount};
+    OvTraceChain chain;
+    OvTraceGrid grid;
+    OvOnsetGuide guide;
+    Matches matches;
+    OvMixedCourse mixed;
+
+    Setup(int firstWeak, int lastWeak)
+    {
+        for (int row = 0; row < rowCount; ++row) {
+            if (row < firstWeak || row >= lastWeak)
+                synthetic.silence(row);
+            synthetic.add(row, strongMs(row), 20.0, 25.0);
+        }
+        synthetic.addNoise(noiseRms);
+        load();
+    }
+
+    double strongMs(int row) const { return synthetic.onsetsMs[at(row)] + gapMs; }
+    double weak(int row) const { return grid.pointAt(row, synthetic.onsetsMs[at(row)]); }
+    double strong(int row) const { return grid.pointAt(row, strongMs(row)); }
+
+    void load()
+    {
+        chain = OvTraceChain::of(synthetic.gather);
+        grid.load(synthetic.gather, chain, 1, 0.0);
+        matches.resize(rowCount);
+        for (int row = 0; row < rowCount; ++row)
+            matches[at(row)].time = strong(row);
+    }
+
+    // The guide held to the strong wave.
+    bool follow()
+    {
+        OvOnsetLimits limits;
+        for (int row = 0; row < rowCount; ++row) {
+            limits.expected.push_back(static_cast<float>(strong(row)));
+            limits.halfWidths.push_back(5.0F);
+            limits.earliestLikely.push_back(static_cast<float>(strong(row) - 8.0));
+            limits.latestLikely.push_back(static_cast<float>(grid.points()));
+        }
+        return guide.find(grid, chain, limits);
+    }
+
+    bool mix(const std::atomic<bool>* cancel = nullptr)
+    {
+        OvOnsetLimits limits;
+        limits.cancel = cancel;
+        return mixed.find(guide, matches, grid, chain, limits);
+    }
+
+    bool run() { return follow() && mix(); }
+
+    int nearWeak(const std::vector<double>& times) const
+    {
+        int count = 0;
+        for (int row = 0; row < rowCount; ++row)
+            count += std::abs(times[at(row)] - weak(row)) < 8.0 ? 1 : 0;
+        return count;
+    }
+    int nearStrong(const std::vector<double>& times) const
+    {
+        int count = 0;
+        for (int row = 0; row < rowCount; ++row)
+            count += std::abs(times[at(row)] - strong(row)) < 8.0 ? 1 : 0;
+        return count;
+    }
+    std::vector<float> mixedRow(int row) const
+    {
+        return {mixed.mixed(row), mixed.mixed(row) + grid.points()};
+    }
+    double mixedRms(int row, double from, double to) const
+    {
+        double sum = 0.0;
+        for (int i = static_cast<int>(from); i < static_cast<int>(to); ++i)
+            sum += std::pow(static_cast<double>(mixed.mixed(row)[i]), 2.0);
+        return std::sqrt(sum / (static_cast<int>(to) - static_cast<int>(from)));
+    }
+};
+
+QString told(int count)
+{
+    return QStringLiteral("%1 of %2").arg(count).arg(rowCount);
+}
+
+} // namespace
+
+void tst_OvMixedCourse::findsAWeakWaveAhead()
+{
+    Setup setup(0, rowCount);
+    QVERIFY(setup.run());
+    const int before = setup.nearStrong(setup.guide.times());
+    QVERIFY2(before >= 58, qPrintable(told(before)));
+    const int after = setup.nearWeak(setup.mixed.times());
+    QVERIFY2(after >= 56, qPrintable(told(after)));
+}
+
+void tst_OvMixedCourse::staysBehindNoise()
+{
+    Setup setup(0, 0);
+    QVERIFY(setup.run());
+    QCOMPARE(setup.mixed.times(), setup.guide.times());
+    QVERIFY(setup.nearStrong(setup.mixed.times()) >= 58);
+}
+
+void tst_OvMixedCourse::shortStretchesDoNotOverrule()
+{
+    Setup few(30, 36);
+    QVERIFY(few.run());
+    QCOMPARE(few.mixed.times(), few.guide.times());
+    Setup many(20, 50);
+    QVERIFY(many.run());
+    const int moved = many.nearWeak(many.mixed.times());
+    QVERIFY2(moved >= 20 && moved <= 36, qPrintable(told(moved)));
+}
+
+void tst_OvMixedCourse::mixingKeepsTheSizeOfNoise()
+{
+    Setup setup(0, 0);
+    QVERIFY(setup.run());
+    std::vector<double> sizes;
+    for (int row = 0; row < rowCount; ++row)
+        sizes.push_back(setup.mixedRms(row, 0.0, setup.strong(row) - 10.0));
+    const double size = OvPickCourse::median(sizes);
+    QVERIFY2(std::abs(size - 1.0) < 0.15, qPrintable(QString::number(size)));
+}
+
+// Weights of 1, 2, 3, 4, 3, 2, 1 let what is alike grow by 16 / sqrt(44).
+void tst_OvMixedCourse::mixingLetsTheWaveAddUp()
+{
+    Setup setup(0, rowCount);
+    QVERIFY(setup.run());
+    std::vector<double> gains;
+    for (int row = 5; row < rowCount - 5; ++row) {
+        const int from = static_cast<int>(setup.weak(row)) + 4;
+        double own = 0.0;
+        double mixed = 0.0;
+        for (int i = from; i < from + 6; ++i) { // the first swing
+            own += static_cast<double>(setup.guide.filtered(row)[i] / setup.guide.noise(row));
+            mixed += static_cast<double>(setup.mixed.mixed(row)[i]);
+        }
+        gains.push_back(mixed / own);
+    }
+    const double gain = OvPickCourse::median(gains);
+    QVERIFY2(std::abs(gain - 16.0 / std::sqrt(44.0)) < 0.4, qPrintable(QString::number(gain)));
+}
+
+// What is said of one cable does not change the mixed rows of the other.
+void tst_OvMixedCourse::cablesAreNotMixed()
+{
+    Setup setup(0, rowCount);
+    setup.chain.cables.assign(rowCount, 0);
+    std::fill(setup.chain.cables.begin() + 30, setup.chain.cables.end(), 1);
+    QVERIFY(setup.run());
+    std::vector<std::vector<float>> before;
+    for (int row = 0; row < rowCount; ++row)
+        before.push_back(setup.mixedRow(row));
+    for (int row = 30; row < rowCount; ++row)
+        setup.matches[at(row)].time += row % 2 == 0 ? 9.0 : -6.0;
+    QVERIFY(setup.mix());
+    for (int row = 0; row < 30; ++row)
+        QCOMPARE(setup.mixedRow(row), before[at(row)]);
+    QVERIFY(setup.mixedRow(30) != before[30]);
+    // On a single cable it does.
+    setup.chain.cables.clear();
+    QVERIFY(setup.mix());
+    QVERIFY(setup.mixedRow(29) != before[29]);
+}
+
+void tst_OvMixedCourse::reversedTracesCountTurnedOver()
+{
+    Setup plain(0, rowCount);
+    QVERIFY(plain.run());
+    Setup turned(0, rowCount);
+    for (const int row : {4, 21, 22, 40}) {
+        turned.synthetic.scale(row, -1.0F);
+        turned.matches[at(row)].sign = -1.0F;
+    }
+    turned.grid.load(turned.synthetic.gather, turned.chain, 1, 0.0);
+    QVERIFY(turned.run());
+    QCOMPARE(turned.mixed.times(), plain.mixed.times());
+    for (int row = 0; row < rowCount; ++row)
+        QCOMPARE(turned.mixedRow(row), plain.mixedRow(row));
+    turned.matches[21].sign = 1.0F;
+    QVERIFY(turned.mix());
+    QVERIFY(turned.mixedRow(20) != plain.mixedRow(20));
+}
+
+void tst_OvMixedCourse::stopsWhenCancelled()
+{
+    Setup setup(0, rowCount);
+    QVERIFY(setup.follow());
+    const std::atomic<bool> cancel{true};
+    QVERIFY(!setup.mix(&cancel));
+    QVERIFY(setup.mix());
+    QVERIFY(setup.nearWeak(setup.mixed.times()) >= 56);
+}
+
+QTEST_GUILESS_MAIN(tst_OvMixedCourse)
+#include "tst_OvMixedCourse.moc"
