@@ -192,11 +192,14 @@ float OvOnsetGuide::noiseEnergy(const OvTraceGrid& grid, int row, bool atCourse)
 {
     const Quiet& quiet = m_quiet[static_cast<std::size_t>(row)];
     const int block = std::max(rounded(0.7 * m_period), 4);
-    if (quiet.size() < block)
+    // The smoother brings in what comes before the whitener has settled.
+    const int settled = m_settle > 0 ? m_settle + rounded(m_period / 6.0) : 0;
+    const int first = std::min(grid.first(row) + settled, grid.last(row));
+    const int from = std::max(quiet.from, first);
+    if (quiet.to - from < block)
         return -1.0F;
     if (atCourse)
-        return m_meter.usual(filtered(row) + quiet.from, quiet.size(), block, m_freedom);
-    const int first = grid.first(row);
+        return m_meter.usual(filtered(row) + from, quiet.to - from, block, m_freedom);
     const int stretch = std::max(rounded(1.5 * m_period), 6);
     return std::max(
         m_meter.quiet(filtered(row) + first, grid.last(row) - first, stretch, m_freedom), 0.0F);
