@@ -10,7 +10,7 @@
 
 #include <QtTest>
 
-/// Alignment, stack and phase of wavelets whose times are known between the samples.
+/// Alignment and phase of wavelets whose times are known between the samples.
 class tst_OvArrivalAlignment : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,8 @@ private slots:
     void turnsReversedTraces();
     void noiseHasLittleStrength();
     void stopsWhenCancelled();
-    void stackFindsTheOnset();
+    void changeHoldsAgainstALouderWave();
+    void weakArrivalsGetMoreNeighbours();
     void phasesOfAKnownWavelet_data();
     void phasesOfAKnownWavelet();
     void straysOfACourse();
@@ -153,7 +154,8 @@ void tst_OvArrivalAlignment::findsShiftsBetweenSamples()
     QVERIFY2(worst < 0.25, qPrintable(QString::number(worst)));
     for (const auto& match : alignment.matches()) {
         QVERIFY(match.likeness > 0.98F);
-        QVERIFY(match.strength > 20.0F);
+        // The misfit leaves 1 / sqrt(0.03) of a perfect match.
+        QVERIFY(match.strength > 5.6F && match.strength < 5.8F);
     }
 }
 
@@ -204,15 +206,49 @@ void tst_OvArrivalAlignment::stopsWhenCancelled()
     QVERIFY(!alignment.align(setup.input(&cancel), setup.guesses()));
 }
 
-void tst_OvArrivalAlignment::stackFindsTheOnset()
+// A wave three times as loud comes 32 ms behind the arrival; every other trace is put on it.
+void tst_OvArrivalAlignment::changeHoldsAgainstALouderWave()
 {
-    const Setup setup(0.25);
-    OvArrivalStack stack;
-    const auto onsets =
-        stack.onsets(setup.grid, setup.onTruth(), 20.0, OvFirstSwing::Sign::Positive);
-    QCOMPARE(onsets.size(), std::size_t(40));
-    for (const double onset : onsets)
-        QVERIFY2(std::abs(onset) < 2.0, qPrintable(QString::number(onset)));
+    Setup setup(0.0);
+    for (int row = 0; row < 40; ++row)
+        setup.synthetic.add(row, setup.synthetic.onsetsMs[static_cast<std::size_t>(row)] + 32.0,
+                            3.0, 25.0);
+    setup.synthetic.addNoise(0.1);
+    setup.noise = 0.1F;
+    setup.load();
+    std::vector<double> guesses;
+    for (int row = 0; row < 40; ++row)
+        guesses.push_back(std::round(setup.truth(row)) + 16 * (row % 2));
+    const auto missed = [&setup, &guesses](const OvArrivalAlignment::Input& input) {
+        OvArrivalAlignment alignment;
+        alignment.align(input, guesses);
+        int count = 0;
+        for (int row = 0; row < 40; ++row)
+            count += std::abs(alignment.matches()[static_cast<std::size_t>(row)].time -
+                              setup.truth(row)) > 6.0;
+        return count;
+    };
+    OvArrivalAlignment::Input input = setup.input();
+    QVERIFY(missed(input) > 20);
+    input.change = [&setup](int row, double point) {
+        return std::abs(point - setup.truth(row)) < 4.0 ? 10.0F : 0.0F;
+    };
+    QCOMPARE(missed(input), 0);
+}
+
+void tst_OvArrivalAlignment::weakArrivalsGetMoreNeighbours()
+{
+    const auto neighboursAt = [](double rms) {
+        const Setup setup(rms, 80);
+        OvArrivalAlignment alignment;
+        alignment.align(setup.input(), setup.guesses());
+        return alignment.neighbours();
+    };
+    // Perfect matches have a strength of 5.8; 16 is wanted of a pilot, with its square.
+    QCOMPARE(neighboursAt(0.0), 8);
+    QVERIFY(neighboursAt(0.3) > 8);
+    QVERIFY(neighboursAt(0.6) > neighboursAt(0.3));
+    QCOMPARE(neighboursAt(2.0), 24);
 }
 
 void tst_OvArrivalAlignment::phasesOfAKnownWavelet_data()
