@@ -152,6 +152,8 @@ void OvOnsetGuide::filter(const OvTraceGrid& grid)
 {
     const int half = std::max(rounded(m_period / 6.0), 1);
     const std::vector<float> smoother = OvFir::triangle(half);
+    // The smoother brings in what comes before the whitener has settled.
+    m_settle += m_settle > 0 ? half : 0;
     const std::vector<float> taps = OvFir::joined(m_whitener, smoother);
     m_freedom = freedomOf(smoother);
     m_filtered.resize(grid.rows(), m_points);
@@ -192,9 +194,7 @@ float OvOnsetGuide::noiseEnergy(const OvTraceGrid& grid, int row, bool atCourse)
 {
     const Quiet& quiet = m_quiet[static_cast<std::size_t>(row)];
     const int block = std::max(rounded(0.7 * m_period), 4);
-    // The smoother brings in what comes before the whitener has settled.
-    const int settled = m_settle > 0 ? m_settle + rounded(m_period / 6.0) : 0;
-    const int first = std::min(grid.first(row) + settled, grid.last(row));
+    const int first = std::min(grid.first(row) + m_settle, grid.last(row));
     const int from = std::max(quiet.from, first);
     if (quiet.to - from < block)
         return -1.0F;
