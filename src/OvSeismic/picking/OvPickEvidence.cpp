@@ -18,10 +18,10 @@ double OvPickEvidence::confidence() const
     const auto logOf = [](double value, double least, double most) {
         return std::log(std::clamp(value, least, most));
     };
-    const double sum = -0.756 + 0.245 * logOf(ratio, 0.5, 20.0) +
-                       0.255 * logOf(strength, 0.5, 20.0) + 1.313 * likeness +
-                       0.733 * logOf(company, 0.5, 6.0) + 1.918 * logOf(rise, 0.5, 20.0) -
-                       2.786 * logOf(forerun, 1.0, 6.0) - 4.882 * std::min(stray, 1.0) -
-                       0.888 * std::min(gap, 1.0);
+    const double sum = -2.392 + 0.087 * logOf(ratio, 0.5, 20.0) +
+                       0.041 * logOf(strength, 0.5, 20.0) + 1.857 * likeness +
+                       0.861 * logOf(company, 0.5, 6.0) + 2.801 * logOf(rise, 0.5, 20.0) -
+                       2.462 * logOf(forerun, 1.0, 6.0) - 4.018 * std::min(stray, 1.0) -
+                       0.513 * std::min(gap, 1.0);
     return 1.0 / (1.0 + std::exp(-sum));
 }
