@@ -110,7 +110,7 @@ void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain, d
                            const std::vector<double>& second)
 {
     constexpr double apart = 0.8; // periods
-    constexpr int shortest = 10;
+    constexpr int shortest = 12;
     constexpr double clearStep = 4.0; // an arrival begins here
     constexpr double noStep = 1.7;    // nothing begins here
     const auto side = [&](int row) {

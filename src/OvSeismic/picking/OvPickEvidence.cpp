@@ -18,10 +18,13 @@ double OvPickEvidence::confidence() const
     const auto logOf = [](double value, double least, double most) {
         return std::log(std::clamp(value, least, most));
     };
-    const double sum = -2.392 + 0.087 * logOf(ratio, 0.5, 20.0) +
-                       0.041 * logOf(strength, 0.5, 20.0) + 1.857 * likeness +
-                       0.861 * logOf(company, 0.5, 6.0) + 2.801 * logOf(rise, 0.5, 20.0) -
-                       2.462 * logOf(forerun, 1.0, 6.0) - 4.018 * std::min(stray, 1.0) -
-                       0.513 * std::min(gap, 1.0);
+    // Fitted -4.3; more, so that a gather of nothing but noise stays empty.
+    constexpr double noArrival = 6.0;
+    const double accompanied = logOf(company, 0.5, 6.0);
+    const double sum = -1.545 + 0.214 * logOf(ratio, 0.5, 20.0) +
+                       0.146 * logOf(strength, 0.5, 20.0) + 1.531 * likeness +
+                       2.900 * logOf(rise, 0.5, 20.0) - 2.360 * logOf(forerun, 1.0, 6.0) -
+                       3.755 * std::min(stray, 1.0) - 0.399 * std::min(gap, 1.0) -
+                       noArrival * std::max(0.5 - accompanied, 0.0);
     return 1.0 / (1.0 + std::exp(-sum));
 }

@@ -299,10 +299,12 @@ void tst_OvArrivalAlignment::straysOfACourse()
 void tst_OvArrivalAlignment::confidenceFollowsTheEvidence()
 {
     OvPickEvidence clear;
-    clear.ratio = 10.0;
-    clear.strength = 20.0;
-    clear.likeness = 0.95;
-    clear.company = 15.0;
+    clear.ratio = 4.0;
+    clear.strength = 4.0;
+    clear.likeness = 0.85;
+    clear.company = 4.0;
+    clear.rise = 4.0;
+    clear.forerun = 1.3;
     QVERIFY(clear.confidence() > 0.97 && clear.confidence() < 1.0);
     const auto falls = [&clear](double OvPickEvidence::*member, double value) {
         OvPickEvidence worse = clear;
@@ -311,13 +313,17 @@ void tst_OvArrivalAlignment::confidenceFollowsTheEvidence()
     };
     QVERIFY(falls(&OvPickEvidence::ratio, 2.0));
     QVERIFY(falls(&OvPickEvidence::likeness, 0.3));
-    QVERIFY(falls(&OvPickEvidence::company, 1.5));
+    QVERIFY(falls(&OvPickEvidence::company, 1.2));
+    QVERIFY(falls(&OvPickEvidence::rise, 2.0));
+    QVERIFY(falls(&OvPickEvidence::forerun, 3.0));
     QVERIFY(falls(&OvPickEvidence::stray, 0.4));
     QVERIFY(falls(&OvPickEvidence::gap, 0.6));
     OvPickEvidence noise;
     noise.ratio = 1.1;
     noise.strength = 1.5;
-    noise.company = 1.5;
+    noise.company = 1.2;
+    noise.rise = 1.3;
+    noise.forerun = 1.6;
     noise.likeness = 0.3;
     noise.stray = 0.3;
     noise.gap = 0.4;

@@ -148,7 +148,7 @@ void tst_OvMixedCourse::staysBehindNoise()
 
 void tst_OvMixedCourse::shortStretchesDoNotOverrule()
 {
-    Setup few(30, 36);
+    Setup few(31, 35);
     QVERIFY(few.run());
     QCOMPARE(few.mixed.times(), few.guide.times());
     Setup many(20, 50);

@@ -169,7 +169,7 @@ void tst_OvOnsetGuide::takesHumOut()
     setup.load();
     QVERIFY(setup.find());
     // The filter is strong, and what is left of an RMS of 0.35 is little.
-    QCOMPARE(setup.guide.settle(), static_cast<int>(setup.guide.whitener().size()));
+    QVERIFY(setup.guide.settle() > static_cast<int>(setup.guide.whitener().size()));
     for (int row = 0; row < 60; ++row)
         QVERIFY2(setup.guide.noise(row) < 0.1F, qPrintable(QString::number(row)));
     const int good = setup.within(periodPoints / 4.0);

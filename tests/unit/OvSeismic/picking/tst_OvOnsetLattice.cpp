@@ -111,27 +111,19 @@ bool isStep(const OvShiftPath::Step& step, int expected, double later, double ea
 void tst_OvOnsetLattice::peaksAtTheChange_data()
 {
     QTest::addColumn<double>("windowPoints");
-    QTest::addColumn<bool>("hasCourse");
-    QTest::newRow("window by the period") << 0.0 << false;
-    QTest::newRow("short window") << 6.0 << false;
-    QTest::newRow("long window") << 40.0 << false;
-    QTest::newRow("with an earlier course") << 0.0 << true;
+    QTest::newRow("window by the period") << 0.0;
+    QTest::newRow("short window") << 6.0;
+    QTest::newRow("long window") << 40.0;
 }
 
 void tst_OvOnsetLattice::peaksAtTheChange()
 {
     QFETCH(double, windowPoints);
-    QFETCH(bool, hasCourse);
     const Setup setup;
-    std::vector<double> course;
-    for (int row = 0; row < rowCount; ++row)
-        course.push_back(Setup::change(row) + 3.0);
-    OvOnsetLattice::Rows rows = setup.rows();
-    rows.course = hasCourse ? course.data() : nullptr;
     OvOnsetLimits limits;
     limits.windowPoints = windowPoints;
     OvOnsetLattice lattice;
-    lattice.build(rows, limits);
+    lattice.build(setup.rows(), limits);
     QCOMPARE(lattice.block(), block);
     QCOMPARE(lattice.scores().rows, rowCount);
     QCOMPARE(lattice.scores().points, points / block);

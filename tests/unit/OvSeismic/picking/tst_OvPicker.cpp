@@ -359,8 +359,8 @@ void tst_OvPicker::confidenceFallsWithNoise()
         return sum / 40.0;
     };
     const double clear = mean(0.01);
-    const double noisy = mean(0.1);
-    const double bad = mean(0.25);
+    const double noisy = mean(0.5);
+    const double bad = mean(1.0);
     QVERIFY(clear > 0.95 && clear <= 1.0);
     QVERIFY(noisy < clear && bad < noisy && bad >= 0.0);
 }
