@@ -286,13 +286,14 @@ std::vector<OvArrivalStack::Member> Run::members() const
     return members;
 }
 
-// A trace's own onset counts where the trace stands clear of the noise: by itself, or when it says
-// about the same as the stack.
+// A trace's own onset counts where the trace stands clear of the noise and its neighbours say the
+// like: by itself, or when it says about the same as the stack.
 void Run::takeOnsets(const std::vector<double>& stacked)
 {
     constexpr double clear = 4.0;
     constexpr double visible = 2.5;
     constexpr double aboutTheSame = 0.2; // periods
+    constexpr double mostStray = 0.5;    // from the neighbours' own onsets
     const double period = m_work.guide.period();
     std::vector<double> ratios;
     for (const OvOnsetSearch::Arrival& arrival : m_own)
@@ -303,9 +304,10 @@ void Run::takeOnsets(const std::vector<double>& stacked)
         const double stack = m_work.alignment.matches()[at(row)].time + stacked[at(row)];
         const double ratio = std::min(ratios[at(row)], around[at(row)]);
         const double gap = std::isfinite(own) ? std::abs(own - stack) / period : 1.0;
-        const bool known = std::isfinite(own);
+        const bool alike = std::isfinite(own) &&
+                           m_own[at(row)].strayMs < mostStray * period * m_work.grid.stepMs();
         m_points.push_back(
-            known && (ratio > clear || (ratio > visible && gap < aboutTheSame)) ? own : stack);
+            alike && (ratio > clear || (ratio > visible && gap < aboutTheSame)) ? own : stack);
         m_gaps.push_back(gap);
     }
 }

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double blocksAPeriod = 6.0;
 constexpr float standsOut = 0.5F; // what later blocks have to exceed
-constexpr float leak = 0.01F;     // by which steady noise exceeds it, on average
+constexpr float leak = 0.015F;    // by which steady noise exceeds it, on average
 
 int rounded(double value)
 {
