@@ -8,14 +8,14 @@
 ///    fifteen points a period.
 /// 2. The course of the arrival: what noise can be predicted is taken out, each trace says where it
 ///    turns from noise to signal, the best path through all traces follows (OvOnsetGuide).
-/// 3. The traces are aligned on each other along the course (OvArrivalAlignment) and stacked; the
-///    onset of the stack is carried back to each of them (OvArrivalStack).
-/// 4. Where the trace itself stands clear of the noise, the onset of its own first swing near the
-///    course (OvOnsetSearch) takes the place of the stack's. In a gather that is clear as a whole
-///    the course is found once more, so that neighbours look alike along it (OvClearCourse), and
-///    every trace has its own onset.
+/// 3. The traces are aligned on each other along the course (OvArrivalAlignment), and mixed with
+///    their neighbours: where the mixed rows show an earlier arrival for a long stretch, that is
+///    the course (OvMixedCourse), and they are aligned once more.
+/// 4. The aligned traces are stacked, the onset of the stack is carried back to each of them
+///    (OvArrivalStack). Where the trace itself stands clear of the noise, the onset of its own
+///    first swing near the course (OvOnsetSearch) takes its place.
 /// 5. The wanted phase of the swing (OvPhaseSearch), and what speaks for each pick
-/// (OvPickEvidence).
+///    (OvPickEvidence).
 ///
 /// Polarity: where a clear trace offers two swings, the one of the asked sign is taken, if it lies
 /// no worse with the neighbours. When the clear first swings of a gather mostly have the other
