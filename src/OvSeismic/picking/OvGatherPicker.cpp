@@ -113,6 +113,7 @@ private:
     std::vector<OvArrivalStack::Member> members() const;
     void takeOnsets(const std::vector<double>& stacked);
     std::vector<OvPickEvidence> evidence() const;
+    void addLeads(std::vector<OvPickEvidence>* all) const;
     double ratioAt(const OvTraceGrid& grid, int row, double point) const;
     bool passesThresholds(int row, double point) const;
 
@@ -388,7 +389,19 @@ std::vector<OvPickEvidence> Run::evidence() const
         if (m_chain.isAlone(row))
             one.standAlone();
     }
+    addLeads(&all);
     return all;
+}
+
+// Picks that are likely right by themselves tell how early those farther out may be.
+void Run::addLeads(std::vector<OvPickEvidence>* all) const
+{
+    std::vector<bool> trusted;
+    for (const OvPickEvidence& one : *all)
+        trusted.push_back(one.confidence() > 0.5);
+    const std::vector<double> leads = OvPickCourse::leads(m_points, trusted, m_chain);
+    for (int row = 0; row < rows(); ++row)
+        (*all)[at(row)].lead = leads[at(row)] / m_work.guide.period();
 }
 
 void Run::deliver(OvPickResult* result)

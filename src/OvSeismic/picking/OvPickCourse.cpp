@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
 
@@ -75,6 +76,26 @@ std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int r
         strays[at] = times[at] - course[at] - median(around);
     }
     return strays;
+}
+
+std::vector<double> OvPickCourse::leads(const std::vector<double>& times,
+                                        const std::vector<bool>& trusted, const OvTraceChain& chain)
+{
+    constexpr double none = -std::numeric_limits<double>::infinity();
+    const std::vector<double> smooth = runningMedians(times, 3, chain.cables);
+    std::vector<double> leads(times.size(), 0.0);
+    // Each row hears of the latest time from the one before it on the way out.
+    const auto hear = [&](std::size_t row, std::size_t nearer, bool isWayOut, double* latest) {
+        *latest = isWayOut ? std::max(*latest, trusted[nearer] ? smooth[nearer] : none) : none;
+        leads[row] = std::max(leads[row], *latest - times[row]);
+    };
+    double latest = none;
+    for (std::size_t i = 1; i < times.size(); ++i)
+        hear(i, i - 1, chain.away[i] > 0 && !chain.beginsCable(static_cast<int>(i)), &latest);
+    latest = none;
+    for (std::size_t i = times.size(); i-- > 1;)
+        hear(i - 1, i, chain.away[i] < 0 && !chain.beginsCable(static_cast<int>(i)), &latest);
+    return leads;
 }
 
 std::vector<double> OvPickCourse::runningMedians(const std::vector<double>& values, int reach,

@@ -22,6 +22,13 @@ OVSEISMIC_EXPORT std::vector<double> slopes(const std::vector<double>& times,
 OVSEISMIC_EXPORT std::vector<double> strays(const std::vector<double>& times, int reach,
                                             const OvTraceChain& chain);
 
+/// How much earlier each time is than the latest of the trusted ones nearer to the shot on its
+/// side, as the medians of seven tell them; 0 where it is not, and where it is unknown which way
+/// the shot lies.
+OVSEISMIC_EXPORT std::vector<double> leads(const std::vector<double>& times,
+                                           const std::vector<bool>& trusted,
+                                           const OvTraceChain& chain);
+
 /// Medians of the values up to `reach` on either side and the one in the middle.
 OVSEISMIC_EXPORT std::vector<double> runningMedians(const std::vector<double>& values, int reach,
                                                     const std::vector<int>& cables);

@@ -10,9 +10,10 @@ struct OVSEISMIC_EXPORT OvPickEvidence
     double likeness = 0.0; ///< correlation coefficient with its neighbours
     double company = 0.0;  ///< median strength of the whole gather: is there any arrival?
     double rise = 0.0;     ///< RMS of the mixed rows behind the pick over that of their noise
-    double forerun = 0.0;  ///< that of the loudest stretch ahead of it: is there an earlier arrival?
-    double stray = 0.0;    ///< distance from where the neighbours point, in periods
-    double gap = 0.0;      ///< distance of the trace's own onset from the stack's, in periods
+    double forerun = 0.0; ///< that of the loudest stretch ahead of it: is there an earlier arrival?
+    double stray = 0.0;   ///< distance from where the neighbours point, in periods
+    double lead = 0.0;    ///< how much earlier than a pick nearer to the shot, in periods
+    double gap = 0.0;     ///< distance of the trace's own onset from the stack's, in periods
 
     /// Fills in what neighbours would say where a trace has none: no more than its loudness lets
     /// expect.

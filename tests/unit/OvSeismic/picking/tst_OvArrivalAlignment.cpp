@@ -318,6 +318,8 @@ void tst_OvArrivalAlignment::confidenceFollowsTheEvidence()
     QVERIFY(falls(&OvPickEvidence::forerun, 3.0));
     QVERIFY(falls(&OvPickEvidence::stray, 0.4));
     QVERIFY(falls(&OvPickEvidence::gap, 0.6));
+    QVERIFY(falls(&OvPickEvidence::lead, 3.0));
+    QVERIFY(!falls(&OvPickEvidence::lead, 1.0));
     OvPickEvidence noise;
     noise.ratio = 1.1;
     noise.strength = 1.5;

@@ -14,6 +14,8 @@ private slots:
     void slopeIgnoresASingleJump();
     void slopesOfShortCourses();
     void strayOfASinglePick();
+    void leadOverNearerTimes();
+    void leadsNeedTrustAndGeometry();
     void runningMedians();
     void neighboursAreOfTheSameCable();
     void sidesOfTheShotDoNotMix();
@@ -56,6 +58,63 @@ void tst_OvPickCourse::strayOfASinglePick()
     QVERIFY2(std::abs(strays[10] - 30.0) < 10.0, qPrintable(QString::number(strays[10])));
     QVERIFY2(std::abs(strays[3]) < 1.0, qPrintable(QString::number(strays[3])));
     QVERIFY(std::abs(strays[10]) > 5.0 * std::abs(strays[17]));
+}
+
+namespace {
+
+// Ten links towards the shot and ten away from it, 10 later each; the four farthest on the one side
+// come at a time of their own.
+struct Spread
+{
+    OvTraceChain chain;
+    std::vector<double> times;
+
+    explicit Spread(double farTime)
+    {
+        for (int i = 0; i < 20; ++i) {
+            chain.away.push_back(i == 0 ? 0 : i <= 9 ? -1 : 1);
+            times.push_back(i < 4 ? farTime : 10.0 * std::abs(i - 9));
+        }
+        chain.rows.resize(20);
+    }
+};
+
+} // namespace
+
+void tst_OvPickCourse::leadOverNearerTimes()
+{
+    const Spread early(5.0);
+    const std::vector<bool> all(20, true);
+    const std::vector<double> leads = OvPickCourse::leads(early.times, all, early.chain);
+    // The latest median of seven on the way out is 20, of the links 3 to 9.
+    QVERIFY2(leads[0] >= 10.0, qPrintable(QString::number(leads[0])));
+    for (std::size_t i = 0; i < 4; ++i)
+        QVERIFY2(leads[i] >= 10.0 && leads[i] <= 45.0, qPrintable(QString::number(leads[i])));
+    // Nothing on the other side, nor what comes later with offset, as it should.
+    for (std::size_t i = 10; i < 20; ++i)
+        QVERIFY2(leads[i] <= 10.0, qPrintable(QString::number(leads[i])));
+    const Spread late(90.0);
+    for (const double lead : OvPickCourse::leads(late.times, all, late.chain))
+        QVERIFY2(lead <= 30.0, qPrintable(QString::number(lead)));
+    QCOMPARE(OvPickCourse::leads(late.times, all, late.chain)[0], 0.0);
+}
+
+void tst_OvPickCourse::leadsNeedTrustAndGeometry()
+{
+    Spread early(5.0);
+    const std::vector<bool> none(20, false);
+    const std::vector<bool> all(20, true);
+    const std::vector<double> nothing(20, 0.0);
+    QCOMPARE(OvPickCourse::leads(early.times, none, early.chain), nothing);
+    early.chain.cables.assign(20, 1);
+    std::fill_n(early.chain.cables.begin(), 4, 0);
+    const std::vector<double> apart = OvPickCourse::leads(early.times, all, early.chain);
+    for (std::size_t i = 0; i < 4; ++i)
+        QCOMPARE(apart[i], 0.0);
+    early.chain.cables.clear();
+    early.chain.away.assign(20, 0);
+    QCOMPARE(OvPickCourse::leads(early.times, all, early.chain), nothing);
+    QVERIFY(OvPickCourse::leads({}, {}, {}).empty());
 }
 
 void tst_OvPickCourse::runningMedians()
