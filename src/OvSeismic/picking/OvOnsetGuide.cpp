@@ -89,7 +89,7 @@ OvOnsetGuide::Quiet OvOnsetGuide::quietest(const OvTraceGrid& grid, int row)
     const float* values = grid.row(row);
     const float largest = grid.largest(row);
     const int loudest = static_cast<int>(
-        std::find_if(values + first, values + std::max(grid.last(row), first + 1),
+        std::find_if(values + first, values + grid.last(row),
                      [largest](float value) { return std::abs(value) >= largest; }) -
         values);
     std::vector<std::pair<float, int>> stretches;

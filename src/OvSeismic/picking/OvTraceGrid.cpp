@@ -89,19 +89,30 @@ void OvTraceGrid::take(const float* samples, int count, int every, Span* span, f
     span->largest = largestOf(points, taken);
 }
 
+OvTraceGrid::Clock OvTraceGrid::clockOf(const OvGather& gather, const OvTraceChain& chain)
+{
+    constexpr double mostRecords = 2.0;
+    std::vector<double> starts;
+    starts.reserve(chain.rows.size());
+    for (const int row : chain.rows)
+        starts.push_back(gather.timeMs(row, 0.0));
+    if (starts.empty())
+        return {};
+    std::sort(starts.begin(), starts.end());
+    const double recordMs = gather.sampleCount * gather.intervalMs;
+    const double usual = starts[starts.size() / 2];
+    const double startMs = std::max(starts.front(), usual - mostRecords * recordMs);
+    return {startMs, std::min(starts.back(), usual + mostRecords * recordMs) + recordMs};
+}
+
 void OvTraceGrid::load(const OvGather& gather, const OvTraceChain& chain, int every,
                        double lengthMs)
 {
     m_rows = chain.size();
     m_cables = chain.cables;
     m_stepMs = gather.intervalMs * every;
-    double startMs = std::numeric_limits<double>::infinity();
-    double latestMs = -startMs;
-    for (const int row : chain.rows) {
-        startMs = std::min(startMs, gather.timeMs(row, 0.0));
-        latestMs = std::max(latestMs, gather.timeMs(row, 0.0));
-    }
-    const double wholeMs = latestMs - startMs + gather.sampleCount * gather.intervalMs;
+    const Clock clock = clockOf(gather, chain);
+    const double wholeMs = clock.endMs - clock.startMs;
     const double usedMs = lengthMs > 0.0 ? std::min(lengthMs, wholeMs) : wholeMs;
     m_points = std::max(static_cast<int>(usedMs / m_stepMs), 1);
     m_spans.assign(static_cast<std::size_t>(m_rows), {});
@@ -111,10 +122,11 @@ void OvTraceGrid::load(const OvGather& gather, const OvTraceChain& chain, int ev
         const int source = chain.rows[static_cast<std::size_t>(i)];
         // A point stands in the middle of the samples that it averages.
         const double ownMs = gather.timeMs(source, 0.5 * (every - 1));
-        span.first =
-            std::min(static_cast<int>(std::lround((ownMs - startMs) / m_stepMs)), m_points);
+        const long long first = std::llround((ownMs - clock.startMs) / m_stepMs);
+        const bool isOnClock = first >= 0 && first < m_points;
+        span.first = isOnClock ? static_cast<int>(first) : 0;
         span.startMs = ownMs - span.first * m_stepMs;
-        take(gather.trace(source), lengthOf(gather, source), every, &span, row(i));
+        take(gather.trace(source), isOnClock ? lengthOf(gather, source) : 0, every, &span, row(i));
     }
 }
 

@@ -14,7 +14,8 @@ class OVSEISMIC_EXPORT OvTraceGrid
 public:
     /// Takes over the traces of a chain. `every` samples are averaged into one point; lengthMs is
     /// the time after the first sample that is taken, 0 all of it. Points where a trace has no
-    /// samples (lengthOf()) are 0. Keeps its memory from gather to gather.
+    /// samples (lengthOf()) are 0. A trace that starts more than two record lengths from where most
+    /// start, as damaged headers would have it, has none. Keeps its memory from gather to gather.
     void load(const OvGather& gather, const OvTraceChain& chain, int every, double lengthMs);
 
     /// The same rows after a filter that looks back only.
@@ -47,6 +48,12 @@ public:
     }
 
 private:
+    struct Clock
+    {
+        double startMs = 0.0;
+        double endMs = 0.0;
+    };
+    static Clock clockOf(const OvGather& gather, const OvTraceChain& chain);
     struct Span
     {
         double startMs = 0.0; // of point 0, which may lie before the first sample

@@ -12,6 +12,8 @@ class tst_OvTraceGrid : public QObject
 
 private slots:
     void oneClockForDelaysThatDiffer();
+    void leavesOutWhatStartsFarAway_data();
+    void leavesOutWhatStartsFarAway();
     void averagesAboutTheMean();
     void samplesThatAreMissingAreNoPartOfARow();
     void rowsKeepTheirCables();
@@ -43,6 +45,29 @@ void tst_OvTraceGrid::oneClockForDelaysThatDiffer()
     QCOMPARE(grid.timeMs(1, grid.first(1)), -11.0);
     QCOMPARE(grid.pointAt(0, 0.0), 10.0);
     QCOMPARE(grid.pointAt(1, -11.0 + 2.0 * 7), 12.0);
+}
+
+void tst_OvTraceGrid::leavesOutWhatStartsFarAway_data()
+{
+    QTest::addColumn<float>("delayMs");
+    QTest::newRow("later") << 3.0e7F;
+    QTest::newRow("earlier") << -3.0e7F;
+}
+
+void tst_OvTraceGrid::leavesOutWhatStartsFarAway()
+{
+    QFETCH(float, delayMs);
+    SyntheticGather made(5, 50);
+    made.gather.headers[3].delayMs = delayMs;
+    const OvTraceChain chain = OvTraceChain::of(made.gather);
+    OvTraceGrid grid;
+    grid.load(made.gather, chain, 1, 0.0);
+    QVERIFY2(grid.points() <= 3 * 50, qPrintable(QString::number(grid.points())));
+    for (int row = 0; row < grid.rows(); ++row) {
+        const bool isFar = chain.rows[static_cast<std::size_t>(row)] == 3;
+        QCOMPARE(grid.last(row) - grid.first(row), isFar ? 0 : 50);
+        QVERIFY(isFar || std::abs(grid.timeMs(row, grid.first(row))) < 1e-6);
+    }
 }
 
 void tst_OvTraceGrid::averagesAboutTheMean()
