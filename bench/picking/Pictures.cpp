@@ -59,7 +59,9 @@ void drawTimes(double startMs, double endMs, double msPerPixel, QPainter* painte
     const auto step = std::find_if(steps.begin(), steps.end() - 1, [&](double candidate) {
         return (endMs - startMs) / candidate <= 12.0;
     });
-    for (double time = std::ceil(startMs / *step) * *step; time <= endMs; time += *step) {
+    const int last = static_cast<int>(std::floor(endMs / *step));
+    for (int mark = static_cast<int>(std::ceil(startMs / *step)); mark <= last; ++mark) {
+        const double time = mark * *step;
         const int y = margin + static_cast<int>((time - startMs) / msPerPixel);
         painter->drawText(QRect(0, y - 8, margin - 4, 16), Qt::AlignRight | Qt::AlignVCenter,
                           QString::number(time));

@@ -99,8 +99,10 @@ struct Wave
 double largestSwing(double decay)
 {
     double largest = 0.0;
-    for (double t = 0.0; t < 2.0; t += 0.005)
+    for (int step = 0; step < 400; ++step) {
+        const double t = 0.005 * step;
         largest = std::max(largest, std::abs(t * std::exp(-decay * t) * std::sin(turn * t)));
+    }
     return largest;
 }
 
@@ -294,7 +296,7 @@ SyntheticShot SyntheticLine::shot(unsigned seed, const NoiseKind& kind)
     shot.gather.sampleCount = sampleCount;
     shot.gather.intervalMs = intervalMs;
     shot.gather.fieldRecord = static_cast<qint32>(seed);
-    shot.gather.samples.assign(static_cast<std::size_t>(channels * sampleCount), 0.0F);
+    shot.gather.samples.assign(std::size_t(channels) * sampleCount, 0.0F);
     for (int channel = 0; channel < channels; ++channel) {
         shot.gather.headers.push_back(headerOf(ground, seed, channel));
         shot.onsetsMs.push_back(ground.firstBreakMs(channel));

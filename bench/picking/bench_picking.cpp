@@ -209,7 +209,8 @@ bool scoreLine(const QDir& data, LineScores* scores)
 {
     const auto picks = RecordedLine::readPicks(data.filePath("picks/lineB_swave_picks.txt"));
     const QDir line(data.filePath("gathers/refr_line_B_swave"));
-    for (const QString& name : line.entryList({"*.sgy"})) {
+    const QStringList names = line.entryList({"*.sgy"});
+    for (const QString& name : names) {
         const bool read =
             RecordedLine::forEachGather(line.filePath(name), [&](const OvGather& gather) {
                 const std::vector<double> manual = RecordedLine::manualTimes(gather, picks);
@@ -320,6 +321,7 @@ double seconds(int threads, const std::vector<SyntheticShot>& shots,
     QElapsedTimer clock;
     clock.start();
     std::vector<std::thread> pool;
+    pool.reserve(static_cast<std::size_t>(threads));
     for (int i = 0; i < threads; ++i)
         pool.emplace_back([&] {
             for (std::size_t at = next++; at < shots.size(); at = next++)
@@ -342,6 +344,7 @@ void reportSpeed()
     constexpr int gathers = 60;
     constexpr int rounds = 5;
     std::vector<SyntheticShot> shots;
+    shots.reserve(gathers);
     for (int i = 0; i < gathers; ++i)
         shots.push_back(
             SyntheticLine::shot(firstSeed + static_cast<unsigned>(i), {Noise::White, 3.0}));

@@ -47,9 +47,10 @@ std::vector<float> OvAutoregression::Covariance::whitener(double white) const
         return taps;
     // Cholesky's factor of the lower right part, then two substitutions.
     const int n = m_order;
-    std::vector<double> factor(static_cast<std::size_t>(n * n), 0.0);
+    std::vector<double> factor(static_cast<std::size_t>(n) * static_cast<std::size_t>(n), 0.0);
     const auto f = [&factor, n](int row, int column) -> double& {
-        return factor[static_cast<std::size_t>(row * n + column)];
+        return factor[static_cast<std::size_t>(row) * static_cast<std::size_t>(n) +
+                      static_cast<std::size_t>(column)];
     };
     for (int row = 0; row < n; ++row) {
         for (int column = 0; column <= row; ++column) {

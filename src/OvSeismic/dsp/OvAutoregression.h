@@ -30,14 +30,13 @@ public:
     std::vector<float> whitener(double white) const;
 
 private:
-    double& at(int row, int column)
+    std::size_t place(int row, int column) const
     {
-        return m_sums[static_cast<std::size_t>(row * (m_order + 1) + column)];
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_order + 1) +
+               static_cast<std::size_t>(column);
     }
-    double at(int row, int column) const
-    {
-        return m_sums[static_cast<std::size_t>(row * (m_order + 1) + column)];
-    }
+    double& at(int row, int column) { return m_sums[place(row, column)]; }
+    double at(int row, int column) const { return m_sums[place(row, column)]; }
 
     int m_order;
     std::vector<double> m_sums; // (order + 1) squared, symmetric

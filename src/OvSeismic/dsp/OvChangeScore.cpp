@@ -111,7 +111,7 @@ void OvChangeScore::energies(const float* samples, int count, int block, float* 
 void OvChangeScore::ratios(const Rule& rule, int blocks, float* values)
 {
     // Values ahead of the stretch at hand have not been replaced yet.
-    std::array<float, 2 * stretch> masks{};
+    std::array<float, std::size_t(2) * stretch> masks{};
     const int ahead = rule.forerunner > 0.0F ? std::clamp(rule.ahead, 0, stretch) : 0;
     for (int from = 0; from < blocks; from += stretch) {
         const int count = std::min(stretch, blocks - from);

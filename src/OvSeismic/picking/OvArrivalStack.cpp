@@ -45,7 +45,7 @@ void OvArrivalStack::stack(const OvTraceGrid& grid, const std::vector<Member>& m
                            double period)
 {
     m_origin = rounded(reachPeriods * period);
-    m_samples.assign(static_cast<std::size_t>(2 * m_origin + 1), 0.0F);
+    m_samples.assign(2 * static_cast<std::size_t>(m_origin) + 1, 0.0F);
     const OvLinkRange near =
         ovNeighbours(grid.cables(), static_cast<int>(members.size()), row, m_neighbours);
     for (int other = near.first; other < near.last; ++other) {

@@ -324,6 +324,7 @@ bool Run::findOnsets()
     scale.periodMs = m_swing * m_work.grid.stepMs();
     scale.tuningMs = tuningMs > 0.0 ? tuningMs : usualTuning * scale.periodMs;
     std::vector<double> course;
+    course.reserve(at(rows()));
     for (int row = 0; row < rows(); ++row)
         course.push_back(m_work.grid.timeMs(row, m_work.mixed.times()[at(row)]) +
                          behindCourse * scale.periodMs);

@@ -109,6 +109,7 @@ std::vector<double> OvPhaseSearch::find(const OvTraceGrid& grid,
 {
     std::vector<double> points;
     std::vector<double> distances;
+    points.reserve(members.size());
     for (const OvArrivalStack::Member& member : members)
         points.push_back(member.point);
     if (phase == OvPickPhase::Onset)

@@ -69,7 +69,8 @@ OvPickDefine OvPickDefine::fromMap(const QVariantMap& map)
 {
     OvPickDefine define;
     QVariantMap tenFields;
-    for (const QString& name : OvPickParameters::names()) {
+    const QStringList names = OvPickParameters::names();
+    for (const QString& name : names) {
         if (map.contains(name))
             tenFields.insert(name, map.value(name));
     }

@@ -184,6 +184,7 @@ private:
             return {};
         const double time = median(times);
         std::vector<double> strays;
+        strays.reserve(times.size());
         for (const double other : times)
             strays.push_back(std::abs(other - time));
         return width(time, std::max(spread, median(strays)));

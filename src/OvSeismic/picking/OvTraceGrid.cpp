@@ -24,8 +24,8 @@ void takeMeans(const float* samples, int every, int count, float* out)
         return;
     }
     const float share = 1.0F / static_cast<float>(every);
-    for (int i = 0; i < count; ++i)
-        out[i] = share * std::accumulate(samples + i * every, samples + (i + 1) * every, 0.0F);
+    for (int i = 0; i < count; ++i, samples += every)
+        out[i] = share * std::accumulate(samples, samples + every, 0.0F);
 }
 
 // Takes the mean off. The first point goes first, so that an offset does not eat up the digits.
