@@ -11,7 +11,6 @@ namespace {
 
 constexpr int fewestNeighbours = 7; // on either side
 constexpr int mostNeighbours = 24;
-constexpr float most = 40.0F;   // a match of this likelihood is as good as certain
 constexpr float misfit = 0.03F; // share of a trace's signal that the pilot does not hold
 
 int rounded(double value)
@@ -163,11 +162,8 @@ void OvArrivalAlignment::score(const Input& input, int row)
     const int shifts = 2 * m_reach + 1;
     const float* values = m_correlations.data() + at(row) * at(shifts);
     float* scores = m_lattice.row(row);
-    const float largest = std::max(*std::max_element(values, values + shifts), 0.0F);
-    // Loud rows are scaled down as a whole, so that their best shift stays the best.
-    const float scale = 0.5F * std::min(1.0F, most / std::max(0.5F * largest * largest, 1.0F));
     std::transform(values, values + shifts, scores,
-                   [scale](float value) { return value > 0.0F ? scale * value * value : 0.0F; });
+                   [](float value) { return value > 0.0F ? 0.5F * value * value : 0.0F; });
     const int start = rounded(m_matches[at(row)].time) - m_reach;
     for (int shift = 0; shift < shifts && input.change; ++shift)
         scores[shift] += input.change(row, start + shift);
@@ -218,11 +214,6 @@ void OvArrivalAlignment::moveTo(const Input& input, int row, int peak)
     }
     match.time = std::clamp(rounded(match.time) + shift, 0.0, input.points - 1.0);
     match.strength = values[peak];
-    const int apart = std::max(rounded(0.4 * input.period), 1);
-    float rival = 0.0F;
-    for (int i = 0; i < shifts; ++i)
-        rival = std::abs(i - peak) >= apart ? std::max(rival, values[i]) : rival;
-    match.margin = match.strength - rival;
 }
 
 void OvArrivalAlignment::settle(const Input& input)

@@ -39,7 +39,6 @@ public:
     {
         double time = 0.0;     ///< point at which the arrival lies
         float strength = 0.0F; ///< correlation with the pilot over that of noise
-        float margin = 0.0F;   ///< how much weaker, in the same unit, the next best cycle is
         float likeness = 0.0F; ///< correlation coefficient with the pilot
         float stray = 0.0F;    ///< distance from where the neighbours point, points
         float sign = 1.0F;     ///< -1 on a channel of reversed polarity

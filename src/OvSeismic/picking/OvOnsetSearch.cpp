@@ -109,7 +109,6 @@ public:
         const double after = m_trace.variance(onset, onset + length);
         const double before = varianceBefore(onset, length);
         arrival.ratio = std::sqrt(after / std::max(before, still));
-        arrival.amplitude = std::min(m_trace.largest(onset, onset + length) / largest, 1.0);
         return arrival;
     }
 

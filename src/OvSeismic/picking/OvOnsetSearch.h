@@ -22,10 +22,9 @@ struct Scale
 /// An arrival on one trace.
 struct Arrival
 {
-    double timeMs = 0.0;    ///< of the onset, after the shot instant; NaN when none was found
-    double ratio = 0.0;     ///< RMS of the period after the onset over that of the two before it
-    double amplitude = 0.0; ///< largest amplitude of that period, as a share of the trace's largest
-    double strayMs = 0.0;   ///< distance from where the neighbours' onsets point
+    double timeMs = 0.0;  ///< of the onset, after the shot instant; NaN when none was found
+    double ratio = 0.0;   ///< RMS of the period after the onset over that of the two before it
+    double strayMs = 0.0; ///< distance from where the neighbours' onsets point
 };
 
 /// One arrival for each row of the grid, guide holding its time there, ms; empty once *cancel is

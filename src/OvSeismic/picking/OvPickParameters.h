@@ -13,7 +13,7 @@ struct OVSEISMIC_EXPORT OvPickParameters
 
     Polarity polarity = Polarity::Positive; ///< sign of the first swing that is picked
     int processingLengthMs = 0; ///< time after the first sample that is searched; 0 the whole trace
-    int quickSearchWindowMs = 0; ///< length of the energy-ratio windows; 0 chosen from the data
+    int quickSearchWindowMs = 0; ///< length of what must be signal from a pick on; 0 from the data
     int tuningSearchWindowMs =
         0;                  ///< half-width of the search for the onset; 0 chosen from the data
     int minimumOffsetM = 0; ///< traces nearer than this are left without a pick

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-/// Scores of every point in time of every trace of a chain, trace after trace.
+/// A value, mostly a score, for every point in time of every trace of a chain, trace after trace.
 struct OvScoreLattice
 {
     int rows = 0;
