@@ -2,7 +2,6 @@
 #include "OvSeismic/picking/OvArrivalStack.h"
 #include "OvSeismic/picking/OvPhaseSearch.h"
 #include "OvSeismic/picking/OvPickCourse.h"
-#include "OvSeismic/picking/OvPickEvidence.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
@@ -27,8 +26,6 @@ private slots:
     void weakArrivalsGetMoreNeighbours();
     void phasesOfAKnownWavelet_data();
     void phasesOfAKnownWavelet();
-    void straysOfACourse();
-    void confidenceFollowsTheEvidence();
 };
 
 namespace {
@@ -279,57 +276,6 @@ void tst_OvArrivalAlignment::phasesOfAKnownWavelet()
                              setup.synthetic.onsetsMs[static_cast<std::size_t>(row)];
         QVERIFY2(std::abs(after - afterMs) < 0.4, qPrintable(QString::number(after)));
     }
-}
-
-void tst_OvArrivalAlignment::straysOfACourse()
-{
-    std::vector<double> times;
-    for (int i = 0; i < 30; ++i)
-        times.push_back(10.0 + 3.0 * i);
-    times[14] += 7.0;
-    const std::vector<double> strays = OvPickCourse::strays(times, 5, {});
-    for (std::size_t i = 0; i < strays.size(); ++i)
-        QVERIFY(std::abs(strays[i] - (i == 14 ? 7.0 : 0.0)) < 1.5);
-    QVERIFY(OvPickCourse::strays({}, 5, {}).empty());
-    QCOMPARE(OvPickCourse::strays({4.0}, 5, {}), std::vector<double>{0.0});
-    QCOMPARE(OvPickCourse::runningMedians({1.0, 9.0, 2.0, 3.0}, 1, {}),
-             (std::vector<double>{9.0, 2.0, 3.0, 3.0}));
-}
-
-void tst_OvArrivalAlignment::confidenceFollowsTheEvidence()
-{
-    OvPickEvidence clear;
-    clear.ratio = 4.0;
-    clear.strength = 4.0;
-    clear.likeness = 0.85;
-    clear.company = 4.0;
-    clear.rise = 4.0;
-    clear.forerun = 1.3;
-    QVERIFY(clear.confidence() > 0.97 && clear.confidence() < 1.0);
-    const auto falls = [&clear](double OvPickEvidence::*member, double value) {
-        OvPickEvidence worse = clear;
-        worse.*member = value;
-        return worse.confidence() < clear.confidence() - 0.001;
-    };
-    QVERIFY(falls(&OvPickEvidence::ratio, 2.0));
-    QVERIFY(falls(&OvPickEvidence::likeness, 0.3));
-    QVERIFY(falls(&OvPickEvidence::company, 1.2));
-    QVERIFY(falls(&OvPickEvidence::rise, 2.0));
-    QVERIFY(falls(&OvPickEvidence::forerun, 3.0));
-    QVERIFY(falls(&OvPickEvidence::stray, 0.4));
-    QVERIFY(falls(&OvPickEvidence::gap, 0.6));
-    QVERIFY(falls(&OvPickEvidence::lead, 3.0));
-    QVERIFY(!falls(&OvPickEvidence::lead, 1.0));
-    OvPickEvidence noise;
-    noise.ratio = 1.1;
-    noise.strength = 1.5;
-    noise.company = 1.2;
-    noise.rise = 1.3;
-    noise.forerun = 1.6;
-    noise.likeness = 0.3;
-    noise.stray = 0.3;
-    noise.gap = 0.4;
-    QVERIFY2(noise.confidence() < 0.1, qPrintable(QString::number(noise.confidence())));
 }
 
 QTEST_GUILESS_MAIN(tst_OvArrivalAlignment)

@@ -16,6 +16,7 @@ class tst_OvMixedCourse : public QObject
 private slots:
     void findsAWeakWaveAhead();
     void staysBehindNoise();
+    void riseAndForerunTellArrivalsFromNoise();
     void shortStretchesDoNotOverrule();
     void mixingKeepsTheSizeOfNoise();
     void mixingLetsTheWaveAddUp();
@@ -144,6 +145,32 @@ void tst_OvMixedCourse::staysBehindNoise()
     QVERIFY(setup.run());
     QCOMPARE(setup.mixed.times(), setup.guide.times());
     QVERIFY(setup.nearStrong(setup.mixed.times()) >= 58);
+}
+
+void tst_OvMixedCourse::riseAndForerunTellArrivalsFromNoise()
+{
+    const auto middle = [](const Setup& setup, const auto& measure) {
+        std::vector<double> values;
+        for (int row = 0; row < rowCount; ++row)
+            values.push_back(measure(setup, row));
+        return OvPickCourse::median(values);
+    };
+    const auto riseAtWeak = [](const Setup& setup, int row) {
+        return setup.mixed.riseAt(row, setup.weak(row));
+    };
+    const auto aheadOfStrong = [](const Setup& setup, int row) {
+        return setup.mixed.forerunAt(setup.grid, row, setup.strong(row));
+    };
+    const auto aheadOfAll = [](const Setup& setup, int row) {
+        return setup.mixed.forerunAt(setup.grid, row, -100.0);
+    };
+    Setup weak(0, rowCount);
+    Setup noise(0, 0);
+    QVERIFY(weak.run() && noise.run());
+    QVERIFY(middle(weak, riseAtWeak) > 1.5 * middle(noise, riseAtWeak));
+    QVERIFY(middle(noise, riseAtWeak) > 0.6 && middle(noise, riseAtWeak) < 1.5);
+    QVERIFY(middle(weak, aheadOfStrong) > 1.3 * middle(noise, aheadOfStrong));
+    QCOMPARE(middle(weak, aheadOfAll), 1.0);
 }
 
 void tst_OvMixedCourse::shortStretchesDoNotOverrule()

@@ -58,6 +58,8 @@ void tst_OvPickCourse::strayOfASinglePick()
     QVERIFY2(std::abs(strays[10] - 30.0) < 10.0, qPrintable(QString::number(strays[10])));
     QVERIFY2(std::abs(strays[3]) < 1.0, qPrintable(QString::number(strays[3])));
     QVERIFY(std::abs(strays[10]) > 5.0 * std::abs(strays[17]));
+    QVERIFY(OvPickCourse::strays({}, 5, {}).empty());
+    QCOMPARE(OvPickCourse::strays({4.0}, 5, {}), std::vector<double>{0.0});
 }
 
 namespace {
