@@ -11,6 +11,10 @@ namespace {
 
 constexpr std::size_t noiseLags = 9;
 constexpr double firstPeriod = 16.0; // points, until it is known
+constexpr double longestPeriod = 120.0;
+// The loudest waves of whole rows are often later and longer ones than the first arrival, such as
+// ground roll; the first arrival should have about 15 points on the grid.
+constexpr double longestOfWholeRows = 24.0;
 
 int rounded(double value)
 {
@@ -37,9 +41,8 @@ double freedomOf(const std::vector<float>& taps)
 void OvOnsetGuide::measurePeriod(const OvTraceGrid& grid, bool atCourse)
 {
     constexpr int mostRows = 24;
-    constexpr double longest = 120.0;
     constexpr double shortest = 8.0;
-    const int lags = static_cast<int>(longest / 6.0) + 2;
+    const int lags = static_cast<int>(longestPeriod / 6.0) + 2;
     std::vector<double> signal(static_cast<std::size_t>(lags), 0.0);
     std::vector<double> one(signal.size());
     std::vector<float> whitened(static_cast<std::size_t>(m_points));
@@ -78,7 +81,7 @@ void OvOnsetGuide::measurePeriod(const OvTraceGrid& grid, bool atCourse)
     const double fall = lag < signal.size() ? signal[lag - 1] - signal[lag] : 1.0;
     const double found = 6.0 * (static_cast<double>(lag) - 1.0 + above / std::max(fall, 1e-12));
     const double least = atCourse ? std::max(0.5 * shortest, m_period / 3.0) : shortest;
-    const double most = atCourse ? m_period * 1.5 : longest;
+    const double most = atCourse ? m_period * 1.5 : m_mostOfRows;
     m_period = std::clamp(found, least, most);
 }
 
@@ -263,6 +266,7 @@ double OvOnsetGuide::scout(const OvTraceGrid& grid, const OvTraceChain& chain,
     limits.cancel = m_cancel = cancel;
     m_points = grid.points();
     m_period = firstPeriod;
+    m_mostOfRows = longestPeriod;
     m_times.clear();
     for (const bool atCourse : {false, true})
         pass(grid, chain, limits, atCourse, true);
@@ -276,6 +280,7 @@ bool OvOnsetGuide::find(const OvTraceGrid& grid, const OvTraceChain& chain,
     m_cancel = limits.cancel;
     m_points = grid.points();
     m_period = firstPeriod;
+    m_mostOfRows = longestOfWholeRows;
     m_times.clear();
     for (int i = 0; i < passes && !isSet(m_cancel); ++i)
         pass(grid, chain, limits, i > 0, i + 1 < passes);

@@ -65,6 +65,7 @@ private:
     int m_points = 0;
     int m_settle = 0;
     double m_period = 0.0;
+    double m_mostOfRows = 0.0; // period that whole rows may show
     double m_quietShare = 1.0;
     double m_freedom = 1.0;
     std::vector<double> m_times;

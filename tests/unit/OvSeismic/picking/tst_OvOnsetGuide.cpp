@@ -22,6 +22,7 @@ private slots:
     void noiseOfKnownSize_data();
     void noiseOfKnownSize();
     void takesHumOut();
+    void loudSlowRollDoesNotSetThePeriod();
     void sharpApexOfASplitSpread();
     void fewRows_data();
     void fewRows();
@@ -177,6 +178,25 @@ void tst_OvOnsetGuide::takesHumOut()
 }
 
 // Beside the shot a direct wave of 40 ms a trace, farther out a refracted one of 5 ms a trace.
+// Most of the energy is ground roll of four times the amplitude and a quarter of the frequency.
+void tst_OvOnsetGuide::loudSlowRollDoesNotSetThePeriod()
+{
+    Setup setup(0.0);
+    for (int row = 0; row < 60; ++row) {
+        const double offset = static_cast<double>(
+            setup.synthetic.gather.headers[static_cast<std::size_t>(row)].offset);
+        for (const double velocity : {1.6, 1.5, 1.4}) // m/ms
+            setup.synthetic.add(row, 60.0 + offset / velocity, 4.0, 25.0 / 4.0);
+    }
+    setup.synthetic.addNoise(0.3);
+    setup.load();
+    QVERIFY(setup.find());
+    const int good = setup.within(periodPoints / 3.0);
+    QVERIFY2(good >= 54, qPrintable(QString::number(good)));
+    QVERIFY2(setup.guide.period() < 1.3 * periodPoints,
+             qPrintable(QString::number(setup.guide.period())));
+}
+
 void tst_OvOnsetGuide::sharpApexOfASplitSpread()
 {
     Setup setup(0.0, 61);
