@@ -138,8 +138,14 @@ void OvPickDlg::retranslate()
 {
     m_guide->retranslate();
     setWindowTitle(tr("Automatic Picking"));
+    m_panel->defaultButton()->setToolTip(
+        tr("Shows the default values again. Nothing is stored by that"));
+    m_panel->saveButton()->setToolTip(
+        tr("Keeps the values shown with the project, for the next time"));
     m_all->setText(tr("&All gathers"));
+    m_all->setToolTip(tr("Picks the gathers that the number of shots and their increment choose"));
     m_one->setText(tr("&This gather"));
+    m_one->setToolTip(tr("Picks the gather on the screen, and no other"));
     m_keepManual->setText(tr("&Keep manual picks"));
     m_keepManual->setToolTip(tr("Picks made or moved by hand stay as they are"));
     m_preview->setText(tr("Previe&w"));

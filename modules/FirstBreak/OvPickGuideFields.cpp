@@ -72,16 +72,20 @@ void OvPickGuideFields::label(QWidget* field, const QString& text, const QString
 
 void OvPickGuideFields::retranslate()
 {
-    label(m_phase, tr("P&hase"), tr("The point of the first arrival that is picked"));
+    label(m_phase, tr("P&hase"),
+          tr("The point of the first arrival that is picked, the same on every trace.\n"
+             "Default: onset"));
     m_phase->setItemText(0, tr("Onset"));
     m_phase->setItemText(1, tr("Peak"));
     m_phase->setItemText(2, tr("Trough"));
     m_phase->setItemText(3, tr("Zero crossing"));
     label(m_confidence, tr("Mi&nimum confidence"),
-          tr("Picks that are less likely right than this are left out (0 to 1)"));
+          tr("Picks that are less likely right than this are left out.\n"
+             "0 to 1, no unit. Default: 0.3"));
     label(m_guide, tr("&Guide"),
           tr("What is known of the first breaks beforehand. A guide helps where the data are poor; "
-             "clear arrivals are picked without it"));
+             "clear arrivals are picked without it.\n"
+             "Default: none"));
     m_guide->setItemText(0, tr("None"));
     m_guide->setItemText(1, tr("Velocity and intercept"));
     m_guide->setItemText(2, tr("My picks"));
@@ -89,9 +93,13 @@ void OvPickGuideFields::retranslate()
     m_guide->setItemData(2, tr("Picks made by hand, and the automatic ones beside them"),
                          Qt::ToolTipRole);
     fitWidths();
-    label(m_velocity, tr("&Velocity"), tr("Velocity of the first arrival, m/s"));
+    label(m_velocity, tr("&Velocity"),
+          tr("Velocity of the first arrival, for the guide by velocity and intercept.\n"
+             "1 to 20000 m/s. Default: 2000"));
     m_velocity->setSuffix(tr(" m/s"));
-    label(m_intercept, tr("&Intercept"), tr("Time of the first arrival at offset 0, ms"));
+    label(m_intercept, tr("&Intercept"),
+          tr("Time of the first arrival at offset 0, for the guide by velocity and intercept.\n"
+             "-10000 to 10000 ms. Default: 0"));
     m_intercept->setSuffix(tr(" ms"));
 }
 

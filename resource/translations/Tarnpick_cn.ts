@@ -252,6 +252,66 @@ p, li { white-space: pre-wrap; }
         <source>Save</source>
         <translation>保存</translation>
     </message>
+    <message>
+        <source>Sign of the first swing in the file. It decides where a trace offers two swings.
+Negative or positive. Default: positive</source>
+        <translation>文件中首波的极性，当一道上有两个可选的摆动时由它决定。
+取值为负或正。默认值：正</translation>
+    </message>
+    <message>
+        <source>How much of the recording is searched, from its first sample on.
+0 to 9999 ms. Default: 0 (all of it)</source>
+        <translation>从第一个采样点起参与搜索的记录长度。
+0 至 9999 ms。默认值：0（全部）</translation>
+    </message>
+    <message>
+        <source>Traces nearer to the shot than this get no pick.
+0 to 9999 m. Default: 0 (no limit)</source>
+        <translation>离炮点比该值更近的道不拾取。
+0 至 9999 m。默认值：0（不限）</translation>
+    </message>
+    <message>
+        <source>How long the arrival must stand out of the noise, from the pick on.
+0 to 9999 ms, not longer than the processing length. Default: 0 (1.2 dominant periods)</source>
+        <translation>从拾取点起，初至波须高于噪声多长时间。
+0 至 9999 ms，不得长于处理长度。默认值：0（1.2 个主周期）</translation>
+    </message>
+    <message>
+        <source>Traces farther from the shot than this get no pick.
+0 to 999999 m. Default: 0 (no limit)</source>
+        <translation>离炮点比该值更远的道不拾取。
+0 至 999999 m。默认值：0（不限）</translation>
+    </message>
+    <message>
+        <source>How far the onset may lie from where the traces around lead to, before or after.
+0 to 9999 ms. Default: 0 (0.6 dominant periods)</source>
+        <translation>起跳点可偏离邻近各道所指时间的最大值，前后各一侧。
+0 至 9999 ms。默认值：0（0.6 个主周期）</translation>
+    </message>
+    <message>
+        <source>Least amplitude of the arrival, as a share of the largest amplitude of its trace.
+0.001 to 100, no unit; no arrival reaches more than 1. Default: 0.001</source>
+        <translation>初至波的最小振幅与该道最大振幅之比。
+0.001 至 100，无单位；任何初至都不会超过 1。默认值：0.001</translation>
+    </message>
+    <message>
+        <source>How many gathers are picked.
+0 to 9999 gathers. Default: 0 (all)</source>
+        <translation>拾取的道集数。
+0 至 9999 个道集。默认值：0（全部）</translation>
+    </message>
+    <message>
+        <source>Least signal-to-noise ratio: root mean square after the pick over that before it.
+0 to 9999, no unit. Default: 0 (no demand)</source>
+        <translation>最小信噪比：拾取点之后与之前的均方根振幅之比。
+0 至 9999，无单位。默认值：0（不作要求）</translation>
+    </message>
+    <message>
+        <source>Every how-manieth gather is picked, from the first of the file on.
+1 to 9999 gathers. Default: 1 (every gather)</source>
+        <translation>从文件的第一个道集起，每隔多少个道集拾取一个。
+1 至 9999 个道集。默认值：1（逐个拾取）</translation>
+    </message>
 </context>
 <context>
     <name>OvProjectCreateDlg</name>

@@ -252,6 +252,66 @@ p, li { white-space: pre-wrap; }
         <source>Save</source>
         <translation>Save</translation>
     </message>
+    <message>
+        <source>Sign of the first swing in the file. It decides where a trace offers two swings.
+Negative or positive. Default: positive</source>
+        <translation>Sign of the first swing in the file. It decides where a trace offers two swings.
+Negative or positive. Default: positive</translation>
+    </message>
+    <message>
+        <source>How much of the recording is searched, from its first sample on.
+0 to 9999 ms. Default: 0 (all of it)</source>
+        <translation>How much of the recording is searched, from its first sample on.
+0 to 9999 ms. Default: 0 (all of it)</translation>
+    </message>
+    <message>
+        <source>Traces nearer to the shot than this get no pick.
+0 to 9999 m. Default: 0 (no limit)</source>
+        <translation>Traces nearer to the shot than this get no pick.
+0 to 9999 m. Default: 0 (no limit)</translation>
+    </message>
+    <message>
+        <source>How long the arrival must stand out of the noise, from the pick on.
+0 to 9999 ms, not longer than the processing length. Default: 0 (1.2 dominant periods)</source>
+        <translation>How long the arrival must stand out of the noise, from the pick on.
+0 to 9999 ms, not longer than the processing length. Default: 0 (1.2 dominant periods)</translation>
+    </message>
+    <message>
+        <source>Traces farther from the shot than this get no pick.
+0 to 999999 m. Default: 0 (no limit)</source>
+        <translation>Traces farther from the shot than this get no pick.
+0 to 999999 m. Default: 0 (no limit)</translation>
+    </message>
+    <message>
+        <source>How far the onset may lie from where the traces around lead to, before or after.
+0 to 9999 ms. Default: 0 (0.6 dominant periods)</source>
+        <translation>How far the onset may lie from where the traces around lead to, before or after.
+0 to 9999 ms. Default: 0 (0.6 dominant periods)</translation>
+    </message>
+    <message>
+        <source>Least amplitude of the arrival, as a share of the largest amplitude of its trace.
+0.001 to 100, no unit; no arrival reaches more than 1. Default: 0.001</source>
+        <translation>Least amplitude of the arrival, as a share of the largest amplitude of its trace.
+0.001 to 100, no unit; no arrival reaches more than 1. Default: 0.001</translation>
+    </message>
+    <message>
+        <source>How many gathers are picked.
+0 to 9999 gathers. Default: 0 (all)</source>
+        <translation>How many gathers are picked.
+0 to 9999 gathers. Default: 0 (all)</translation>
+    </message>
+    <message>
+        <source>Least signal-to-noise ratio: root mean square after the pick over that before it.
+0 to 9999, no unit. Default: 0 (no demand)</source>
+        <translation>Least signal-to-noise ratio: root mean square after the pick over that before it.
+0 to 9999, no unit. Default: 0 (no demand)</translation>
+    </message>
+    <message>
+        <source>Every how-manieth gather is picked, from the first of the file on.
+1 to 9999 gathers. Default: 1 (every gather)</source>
+        <translation>Every how-manieth gather is picked, from the first of the file on.
+1 to 9999 gathers. Default: 1 (every gather)</translation>
+    </message>
 </context>
 <context>
     <name>OvProjectCreateDlg</name>

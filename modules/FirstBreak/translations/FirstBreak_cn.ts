@@ -178,16 +178,28 @@
         <source>&amp;Continue (gathers left: %1)</source>
         <translation>继续(剩余 %1 个道集)(&amp;C)</translation>
     </message>
+    <message>
+        <source>Shows the default values again. Nothing is stored by that</source>
+        <translation>重新显示默认值，不会保存任何内容</translation>
+    </message>
+    <message>
+        <source>Keeps the values shown with the project, for the next time</source>
+        <translation>将当前值随项目保存，供下次使用</translation>
+    </message>
+    <message>
+        <source>Picks the gathers that the number of shots and their increment choose</source>
+        <translation>拾取由总炮数和炮间隔选定的道集</translation>
+    </message>
+    <message>
+        <source>Picks the gather on the screen, and no other</source>
+        <translation>只拾取屏幕上的道集</translation>
+    </message>
 </context>
 <context>
     <name>OvPickGuideFields</name>
     <message>
         <source>P&amp;hase</source>
         <translation>相位(&amp;H)</translation>
-    </message>
-    <message>
-        <source>The point of the first arrival that is picked</source>
-        <translation>拾取初至波的哪一个位置</translation>
     </message>
     <message>
         <source>Onset</source>
@@ -210,16 +222,8 @@
         <translation>最小置信度(&amp;N)</translation>
     </message>
     <message>
-        <source>Picks that are less likely right than this are left out (0 to 1)</source>
-        <translation>置信度低于该值的拾取将被舍去（0 到 1）</translation>
-    </message>
-    <message>
         <source>&amp;Guide</source>
         <translation>引导(&amp;G)</translation>
-    </message>
-    <message>
-        <source>What is known of the first breaks beforehand. A guide helps where the data are poor; clear arrivals are picked without it</source>
-        <translation>事先已知的初至信息。资料品质差时引导有帮助；初至清晰时无需引导也能拾取</translation>
     </message>
     <message>
         <source>None</source>
@@ -246,10 +250,6 @@
         <translation>速度(&amp;V)</translation>
     </message>
     <message>
-        <source>Velocity of the first arrival, m/s</source>
-        <translation>初至波速度，m/s</translation>
-    </message>
-    <message>
         <source> m/s</source>
         <translation> m/s</translation>
     </message>
@@ -258,12 +258,38 @@
         <translation>截距时间(&amp;I)</translation>
     </message>
     <message>
-        <source>Time of the first arrival at offset 0, ms</source>
-        <translation>炮检距为 0 时的初至时间，ms</translation>
-    </message>
-    <message>
         <source> ms</source>
         <translation> ms</translation>
+    </message>
+    <message>
+        <source>The point of the first arrival that is picked, the same on every trace.
+Default: onset</source>
+        <translation>拾取初至波的哪一个位置，各道一致。
+默认值：起跳点</translation>
+    </message>
+    <message>
+        <source>Picks that are less likely right than this are left out.
+0 to 1, no unit. Default: 0.3</source>
+        <translation>置信度低于该值的拾取将被舍去。
+0 至 1，无单位。默认值：0.3</translation>
+    </message>
+    <message>
+        <source>What is known of the first breaks beforehand. A guide helps where the data are poor; clear arrivals are picked without it.
+Default: none</source>
+        <translation>事先已知的初至信息。资料品质差时引导有帮助；初至清晰时无需引导也能拾取。
+默认值：无</translation>
+    </message>
+    <message>
+        <source>Velocity of the first arrival, for the guide by velocity and intercept.
+1 to 20000 m/s. Default: 2000</source>
+        <translation>初至波速度，用于“速度与截距时间”引导。
+1 至 20000 m/s。默认值：2000</translation>
+    </message>
+    <message>
+        <source>Time of the first arrival at offset 0, for the guide by velocity and intercept.
+-10000 to 10000 ms. Default: 0</source>
+        <translation>炮检距为 0 时的初至时间，用于“速度与截距时间”引导。
+-10000 至 10000 ms。默认值：0</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMetaObject>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QtTest>
 
@@ -28,6 +29,8 @@ private slots:
     void shotStepNeverZero();
     void buttonsChangeNothing();
     void keepsItsTextsOnALanguageChange();
+    void everyFieldExplainsItself_data();
+    void everyFieldExplainsItself();
     void placesItsWidgets_data();
     void placesItsWidgets();
     void definesRoundTrip();
@@ -165,6 +168,57 @@ void tst_OvPickFBDefineWidget::keepsItsTextsOnALanguageChange()
     OvPickFBDefineWidget fresh;
     QCOMPARE(find<QLabel>(fresh, "label_20")->text(), QStringLiteral("拾取极性"));
     QCOMPARE(find<QComboBox>(fresh, "polarity_2")->currentIndex(), 1);
+}
+
+void tst_OvPickFBDefineWidget::everyFieldExplainsItself_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::newRow("polarity_2") << QString();
+    for (const char* name : {"sbProl", "sbQwin", "sbBwin"})
+        QTest::newRow(name) << QStringLiteral("ms");
+    for (const char* name : {"sbMinOff", "sbMaxOff"})
+        QTest::newRow(name) << QStringLiteral("m");
+    for (const char* name : {"dbFBAmp", "dbSNR"})
+        QTest::newRow(name) << QStringLiteral("no unit");
+    for (const char* name : {"sbShots", "sbShotStep"})
+        QTest::newRow(name) << QStringLiteral("gathers");
+}
+
+// What it means, and below that its unit, its range and its default.
+void tst_OvPickFBDefineWidget::everyFieldExplainsItself()
+{
+    QFETCH(QString, unit);
+    const char* name = QTest::currentDataTag();
+    const OvPickFBDefineWidget english;
+    OvTranslator::instance().setSessionLanguage(OvTranslator::Chinese);
+    const OvPickFBDefineWidget chinese;
+    const auto* field = find<QWidget>(english, name);
+    const QStringList lines = field->toolTip().split(QLatin1Char('\n'));
+    const QStringList linesInChinese =
+        find<QWidget>(chinese, name)->toolTip().split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(linesInChinese.size(), 2);
+    for (int i = 0; i < lines.size(); ++i) {
+        QVERIFY(!lines.at(i).isEmpty());
+        QVERIFY(!linesInChinese.at(i).isEmpty());
+        QVERIFY(lines.at(i) != linesInChinese.at(i));
+    }
+    if (const auto* choice = qobject_cast<const QComboBox*>(field)) {
+        QVERIFY(lines.at(1).endsWith(QStringLiteral("Default: ") + choice->currentText()));
+        QVERIFY(linesInChinese.at(1).endsWith(find<QComboBox>(chinese, name)->currentText()));
+        return;
+    }
+    // A new panel shows the defaults.
+    const QString least = field->property("minimum").toString();
+    const QString most = field->property("maximum").toString();
+    const QString value = field->property("value").toString();
+    const QString range = QStringLiteral("%1 to %2").arg(least, most);
+    QVERIFY2(lines.at(1).startsWith(range), qPrintable(lines.at(1)));
+    QVERIFY2(lines.at(1).contains(QStringLiteral("Default: ") + value), qPrintable(lines.at(1)));
+    QVERIFY2(QRegularExpression(QStringLiteral("\\b%1\\b").arg(unit)).match(lines.at(1)).hasMatch(),
+             qPrintable(lines.at(1)));
+    for (const QString& number : {least, most, value})
+        QVERIFY2(linesInChinese.at(1).contains(number), qPrintable(linesInChinese.at(1)));
 }
 
 void tst_OvPickFBDefineWidget::placesItsWidgets_data()

@@ -65,6 +65,7 @@ private slots:
     void namesTheParameterThatDoesNotFit();
     void savesTheParametersWithTheProject();
     void everyFieldOfThePanelIsAParameter();
+    void everyFieldOfTheDialogExplainsItself();
     void fieldsStandInTheColumnsOfThePanel_data();
     void fieldsStandInTheColumnsOfThePanel();
     void exportsText();
@@ -840,6 +841,52 @@ void tst_FirstBreak::everyFieldOfThePanelIsAParameter()
     QCOMPARE(dialog->findChild<QComboBox*>(QStringLiteral("polarity_2"))->currentIndex(), 0);
     dialog->reject();
     QTRY_VERIFY(!dialog);
+}
+
+void tst_FirstBreak::everyFieldOfTheDialogExplainsItself()
+{
+    QVERIFY(openLine(1));
+    const auto toolTips = [this] {
+        QMap<QString, QString> texts;
+        QPointer<QDialog> dialog = openPickDialog();
+        const auto widgets = dialog->findChildren<QWidget*>();
+        for (const QWidget* widget : widgets) {
+            const bool isField = widget->inherits("QAbstractSpinBox") ||
+                                 widget->inherits("QComboBox") ||
+                                 widget->inherits("QAbstractButton");
+            const QString name = widget->objectName();
+            // The toolkit's own, and the standard buttons, explain themselves.
+            if (isField && !name.isEmpty() && !name.startsWith(QLatin1String("qt_")))
+                texts.insert(name, widget->toolTip());
+        }
+        delete dialog.data();
+        return texts;
+    };
+    const QMap<QString, QString> english = toolTips();
+    for (auto text = english.begin(); text != english.end(); ++text)
+        QVERIFY2(!text.value().isEmpty(), qPrintable(text.key()));
+    OvTranslator::instance().setSessionLanguage(OvTranslator::Chinese);
+    m_module->changeLanguage();
+    const QMap<QString, QString> chinese = toolTips();
+    // The panel's ten fields speak with the shell's catalogue, which is not here.
+    const QStringList names = {"phase",      "min_confidence", "guide",           "velocity",
+                               "intercept",  "btnDefault",     "btnSave",         "allGathers",
+                               "thisGather", "preview",        "keepManualPicks", "continueButton"};
+    QCOMPARE(english.size(), 10 + names.size());
+    for (const QString& name : names) {
+        QVERIFY2(!chinese.value(name).isEmpty(), qPrintable(name));
+        QVERIFY2(chinese.value(name) != english.value(name), qPrintable(name));
+    }
+    const QPointer<QDialog> dialog = openPickDialog();
+    for (const char* name : {"min_confidence", "velocity", "intercept"}) {
+        const auto* field = dialog->findChild<QDoubleSpinBox*>(QLatin1String(name));
+        const QString range =
+            QStringLiteral("%1 to %2").arg(field->minimum()).arg(field->maximum());
+        const QString value = QStringLiteral("Default: %1").arg(field->value());
+        const QString text = english.value(QLatin1String(name));
+        QVERIFY2(text.contains(range) && text.endsWith(value), qPrintable(text));
+    }
+    delete dialog.data();
 }
 
 void tst_FirstBreak::fieldsStandInTheColumnsOfThePanel_data()
