@@ -1,6 +1,4 @@
 #include "OvSeismic/picking/OvArrivalAlignment.h"
-#include "OvSeismic/picking/OvArrivalStack.h"
-#include "OvSeismic/picking/OvPhaseSearch.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
@@ -9,14 +7,12 @@
 
 #include <QtTest>
 
-/// Alignment and phase of wavelets whose times are known between the samples.
+/// Alignment of wavelets whose times are known between the samples.
 class tst_OvArrivalAlignment : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void gridKeepsTime_data();
-    void gridKeepsTime();
     void findsShiftsBetweenSamples();
     void noiseHidesLittle();
     void turnsReversedTraces();
@@ -24,8 +20,6 @@ private slots:
     void stopsWhenCancelled();
     void changeHoldsAgainstALouderWave();
     void weakArrivalsGetMoreNeighbours();
-    void phasesOfAKnownWavelet_data();
-    void phasesOfAKnownWavelet();
 };
 
 namespace {
@@ -91,56 +85,9 @@ struct Setup
             worst = std::max(worst, std::abs(error - shift));
         return worst;
     }
-
-    std::vector<OvArrivalStack::Member> onTruth() const
-    {
-        std::vector<OvArrivalStack::Member> members;
-        for (int row = 0; row < grid.rows(); ++row)
-            members.push_back({truth(row), 1.0F, 1.0F});
-        return members;
-    }
 };
 
 } // namespace
-
-void tst_OvArrivalAlignment::gridKeepsTime_data()
-{
-    QTest::addColumn<int>("every");
-    QTest::addColumn<float>("delay");
-    QTest::newRow("every sample") << 1 << 0.0F;
-    QTest::newRow("averages of three") << 3 << 0.0F;
-    QTest::newRow("delays that differ") << 1 << 13.0F;
-    QTest::newRow("both") << 2 << 7.0F;
-}
-
-void tst_OvArrivalAlignment::gridKeepsTime()
-{
-    QFETCH(int, every);
-    QFETCH(float, delay);
-    SyntheticGather synthetic(4);
-    synthetic.gather.headers[2].delayMs = delay;
-    const OvTraceChain chain = OvTraceChain::of(synthetic.gather);
-    OvTraceGrid grid;
-    grid.load(synthetic.gather, chain, every, 0.0);
-    QCOMPARE(grid.rows(), 4);
-    QCOMPARE(grid.stepMs(), 2.0 * every);
-    for (int row = 0; row < 4; ++row) {
-        // A point is the mean of the samples about its time.
-        const int point = grid.first(row) + 60 / every;
-        const double sample = synthetic.gather.sampleAt(row, grid.timeMs(row, point));
-        const int from = static_cast<int>(std::lround(sample - 0.5 * (every - 1)));
-        double mean = 0.0;
-        double whole = 0.0;
-        for (int i = 0; i < 400; ++i)
-            whole += static_cast<double>(synthetic.gather.trace(row)[i]) / 400.0;
-        for (int i = 0; i < every; ++i)
-            mean += static_cast<double>(synthetic.gather.trace(row)[from + i]) / every;
-        QVERIFY(std::abs(static_cast<double>(grid.row(row)[point]) - mean + whole) < 2e-3);
-        QVERIFY(std::abs(grid.pointAt(row, grid.timeMs(row, 12.25)) - 12.25) < 1e-9);
-    }
-    grid.load(synthetic.gather, chain, every, 100.0);
-    QCOMPARE(grid.points(), 50 / every);
-}
 
 void tst_OvArrivalAlignment::findsShiftsBetweenSamples()
 {
@@ -246,36 +193,6 @@ void tst_OvArrivalAlignment::weakArrivalsGetMoreNeighbours()
     QVERIFY(neighboursAt(0.3) > 8);
     QVERIFY(neighboursAt(0.6) > neighboursAt(0.3));
     QCOMPARE(neighboursAt(2.0), 24);
-}
-
-void tst_OvArrivalAlignment::phasesOfAKnownWavelet_data()
-{
-    QTest::addColumn<int>("phase");
-    QTest::addColumn<double>("afterMs");
-    // t exp(-a t) sin(w t) with a = 32.5, w = 157.08 a second: zeros at 20 ms and 40 ms, extrema
-    // where 1 / t - a + w / tan(w t) = 0.
-    QTest::newRow("onset") << static_cast<int>(OvPickPhase::Onset) << 0.0;
-    QTest::newRow("peak") << static_cast<int>(OvPickPhase::Peak) << 11.992;
-    QTest::newRow("trough") << static_cast<int>(OvPickPhase::Trough) << 30.110;
-    QTest::newRow("zero") << static_cast<int>(OvPickPhase::ZeroCrossing) << 20.0;
-}
-
-void tst_OvArrivalAlignment::phasesOfAKnownWavelet()
-{
-    QFETCH(int, phase);
-    QFETCH(double, afterMs);
-    Setup setup(0.0);
-    setup.synthetic.scale(11, -1.0F);
-    setup.load();
-    std::vector<OvArrivalStack::Member> members = setup.onTruth();
-    members[11].sign = -1.0F;
-    const auto points =
-        OvPhaseSearch::find(setup.grid, members, 20.0, static_cast<OvPickPhase>(phase));
-    for (int row = 0; row < 40; ++row) {
-        const double after = setup.grid.timeMs(row, points[static_cast<std::size_t>(row)]) -
-                             setup.synthetic.onsetsMs[static_cast<std::size_t>(row)];
-        QVERIFY2(std::abs(after - afterMs) < 0.4, qPrintable(QString::number(after)));
-    }
 }
 
 QTEST_GUILESS_MAIN(tst_OvArrivalAlignment)

@@ -11,6 +11,8 @@ class tst_OvTraceGrid : public QObject
     Q_OBJECT
 
 private slots:
+    void keepsTime_data();
+    void keepsTime();
     void oneClockForDelaysThatDiffer();
     void leavesOutWhatStartsFarAway_data();
     void leavesOutWhatStartsFarAway();
@@ -31,6 +33,45 @@ OvTraceChain chainOf(int rows)
 }
 
 } // namespace
+
+void tst_OvTraceGrid::keepsTime_data()
+{
+    QTest::addColumn<int>("every");
+    QTest::addColumn<float>("delay");
+    QTest::newRow("every sample") << 1 << 0.0F;
+    QTest::newRow("averages of three") << 3 << 0.0F;
+    QTest::newRow("delays that differ") << 1 << 13.0F;
+    QTest::newRow("both") << 2 << 7.0F;
+}
+
+void tst_OvTraceGrid::keepsTime()
+{
+    QFETCH(int, every);
+    QFETCH(float, delay);
+    SyntheticGather synthetic(4);
+    synthetic.gather.headers[2].delayMs = delay;
+    const OvTraceChain chain = OvTraceChain::of(synthetic.gather);
+    OvTraceGrid grid;
+    grid.load(synthetic.gather, chain, every, 0.0);
+    QCOMPARE(grid.rows(), 4);
+    QCOMPARE(grid.stepMs(), 2.0 * every);
+    for (int row = 0; row < 4; ++row) {
+        // A point is the mean of the samples about its time.
+        const int point = grid.first(row) + 60 / every;
+        const double sample = synthetic.gather.sampleAt(row, grid.timeMs(row, point));
+        const int from = static_cast<int>(std::lround(sample - 0.5 * (every - 1)));
+        double mean = 0.0;
+        double whole = 0.0;
+        for (int i = 0; i < 400; ++i)
+            whole += static_cast<double>(synthetic.gather.trace(row)[i]) / 400.0;
+        for (int i = 0; i < every; ++i)
+            mean += static_cast<double>(synthetic.gather.trace(row)[from + i]) / every;
+        QVERIFY(std::abs(static_cast<double>(grid.row(row)[point]) - mean + whole) < 2e-3);
+        QVERIFY(std::abs(grid.pointAt(row, grid.timeMs(row, 12.25)) - 12.25) < 1e-9);
+    }
+    grid.load(synthetic.gather, chain, every, 100.0);
+    QCOMPARE(grid.points(), 50 / every);
+}
 
 void tst_OvTraceGrid::oneClockForDelaysThatDiffer()
 {
