@@ -1,11 +1,18 @@
 #include "OvSeismic/dsp/OvFir.h"
 
+#include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
+
+constexpr int lanes = 16;
+using Lanes = OvLanes<lanes>;
+
+// From element n on the weights of eight values of which the last n count.
+constexpr std::array<float, 16> lastOf8{0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
 
 float beyond(const float* in, int count, int i)
 {
@@ -16,29 +23,120 @@ float beyond(const float* in, int count, int i)
     return in[i];
 }
 
-float atEdge(const std::vector<float>& taps, int ahead, const float* in, int count, int i)
+// A block of sums of the taps times what lies `step` by `step` from each point. The sums stay in
+// registers while all taps go over them.
+template <int registers, int step>
+OV_LANES_INLINE void takeBlock(const float* taps, int length, const float* in, float* out)
+{
+    std::array<Lanes, registers> sums;
+    for (int j = 0; j < registers; ++j)
+        sums[static_cast<std::size_t>(j)] = Lanes::from(in + j * lanes) * Lanes::all(taps[0]);
+    for (int k = 1; k < length; ++k) {
+        const Lanes tap = Lanes::all(taps[k]);
+        for (int j = 0; j < registers; ++j)
+            sums[static_cast<std::size_t>(j)] += Lanes::from(in + j * lanes + k * step) * tap;
+    }
+    for (int j = 0; j < registers; ++j)
+        sums[static_cast<std::size_t>(j)].to(out + j * lanes);
+}
+
+template <int step>
+float takeOne(const float* taps, int length, const float* in)
 {
     float sum = 0.0F;
-    for (int k = 0; k < static_cast<int>(taps.size()); ++k) {
-        sum += taps[static_cast<std::size_t>(k)] * beyond(in, count, i + ahead - k);
-    }
+    for (int k = 0; k < length; ++k)
+        sum += taps[k] * in[k * step];
     return sum;
 }
 
-// Sums of the taps times what lies behind each of count points, a whole number of blocks. A block
-// of outputs stays in registers while all taps go over it.
-constexpr int block = 32;
-OV_VECTOR_CLONES
-void applyBlocks(const float* taps, int length, const float* in, int count, float* out)
+// Wide blocks, or narrow ones of fewer points. What is left over is the end of one more block,
+// which overlaps the last one.
+template <int step>
+OV_LANES_INLINE void takeSums(const float* taps, int length, const float* in, int count, float* out)
 {
-    for (int i = 0; i < count; i += block) {
-        std::array<float, block> sums{};
-        for (int k = 0; k < length; ++k) {
-            const float tap = taps[k];
-            for (int j = 0; j < block; ++j)
-                sums[static_cast<std::size_t>(j)] += tap * in[i + j - k];
-        }
-        std::copy(sums.begin(), sums.end(), out + i);
+    constexpr int registers = 4;
+    constexpr int wide = registers * lanes;
+    int i = 0;
+    for (; i + wide <= count; i += wide)
+        takeBlock<registers, step>(taps, length, in + i, out + i);
+    if (i > 0 && i < count) {
+        const int last = count - wide;
+        takeBlock<registers, step>(taps, length, in + last, out + last);
+        return;
+    }
+    for (; i + lanes <= count; i += lanes)
+        takeBlock<1, step>(taps, length, in + i, out + i);
+    if (i > 0 && i < count) {
+        const int last = count - lanes;
+        takeBlock<1, step>(taps, length, in + last, out + last);
+        return;
+    }
+    for (; i < count; ++i)
+        out[i] = takeOne<step>(taps, length, in + i);
+}
+
+OV_VECTOR_CLONES
+void takeSumsBackward(const float* taps, int length, const float* in, int count, float* out)
+{
+    takeSums<-1>(taps, length, in, count, out);
+}
+
+// The points [from, to) of out, which need some of what lies beyond an end of in.
+void applyAtEdge(const std::vector<float>& taps, int ahead, const float* in, int count, int from,
+                 int to, float* out)
+{
+    constexpr int room = 128;
+    const int before = static_cast<int>(taps.size()) - 1;
+    std::array<float, room + lanes> around;
+    std::array<float, lanes> sums;
+    for (int first = from; first < to && before <= room; first += lanes) {
+        const int last = std::min(first + lanes, to);
+        for (int i = first - before; i < first + lanes; ++i)
+            around[static_cast<std::size_t>(i - first + before)] =
+                i < last ? beyond(in, count, i + ahead) : 0.0F;
+        takeSumsBackward(taps.data(), before + 1, around.data() + before, lanes, sums.data());
+        std::copy_n(sums.data(), last - first, out + first);
+    }
+    for (int i = from; i < to && before > room; ++i) {
+        out[i] = 0.0F;
+        for (int k = 0; k <= before; ++k)
+            out[i] += taps[static_cast<std::size_t>(k)] * beyond(in, count, i + ahead - k);
+    }
+}
+
+// What `registers` full of points add up to.
+template <int registers>
+OV_LANES_INLINE void mixBlock(const OvFir::Part* first, const OvFir::Part* last, int from,
+                              float* out)
+{
+    std::array<Lanes, registers> sums;
+    sums.fill(Lanes::all(0.0F));
+    for (const OvFir::Part* part = first; part != last; ++part) {
+        const Lanes weight = Lanes::all(part->weight);
+        for (int j = 0; j < registers; ++j)
+            sums[static_cast<std::size_t>(j)] +=
+                Lanes::from(part->samples + from + j * lanes) * weight;
+    }
+    for (int j = 0; j < registers; ++j)
+        sums[static_cast<std::size_t>(j)].to(out + from + j * lanes);
+}
+
+OV_VECTOR_CLONES
+void mixParts(const OvFir::Part* first, const OvFir::Part* last, int count, float* out)
+{
+    constexpr int registers = 4;
+    constexpr int wide = registers * lanes;
+    int i = 0;
+    for (; i + wide <= count; i += wide)
+        mixBlock<registers>(first, last, i, out);
+    for (; i + lanes <= count; i += lanes)
+        mixBlock<1>(first, last, i, out);
+    if (i > 0 && i < count)
+        mixBlock<1>(first, last, count - lanes, out);
+    for (; i < count && count < lanes; ++i) {
+        out[i] = 0.0F;
+        for (const OvFir::Part* part = first; part != last; ++part)
+            out[i] += part->samples[i] * part->weight;
     }
 }
 
@@ -49,18 +147,15 @@ void OvFir::apply(const std::vector<float>& taps, int ahead, const float* in, in
     const int length = static_cast<int>(taps.size());
     const int first = std::clamp(length - 1 - ahead, 0, count);
     const int last = std::clamp(count - ahead, first, count);
-    for (int i = 0; i < first; ++i)
-        out[i] = atEdge(taps, ahead, in, count, i);
-    const int whole = (last - first) / block * block;
-    applyBlocks(taps.data(), length, in + first + ahead, whole, out + first);
-    int i = first + whole;
-    // What is left over is the end of one more block, which overlaps the last one.
-    if (whole > 0 && i < last) {
-        applyBlocks(taps.data(), length, in + last - block + ahead, block, out + last - block);
-        i = last;
-    }
-    for (; i < count; ++i)
-        out[i] = atEdge(taps, ahead, in, count, i);
+    applyAtEdge(taps, ahead, in, count, 0, first, out);
+    takeSumsBackward(taps.data(), length, in + first + ahead, last - first, out + first);
+    applyAtEdge(taps, ahead, in, count, last, count, out);
+}
+
+OV_VECTOR_CLONES
+void OvFir::correlate(const float* pattern, int length, const float* in, int count, float* out)
+{
+    takeSums<1>(pattern, length, in, count, out);
 }
 
 std::vector<float> OvFir::triangle(int half)
@@ -90,20 +185,45 @@ void OvFir::addScaled(const float* in, float factor, int count, float* out)
 }
 
 OV_VECTOR_CLONES
+void OvFir::addBetween(const float* in, float part, float factor, int count, float* out)
+{
+    for (int i = 0; i < count; ++i)
+        out[i] += factor * (in[i] + part * (in[i + 1] - in[i]));
+}
+
+void OvFir::mix(const std::vector<Part>& parts, int count, float* out)
+{
+    mixParts(parts.data(), parts.data() + parts.size(), count, out);
+}
+
+OV_VECTOR_CLONES
 float OvFir::dot(const float* a, const float* b, int count)
 {
-    // Independent sums, which a compiler may keep in one vector register.
-    constexpr int lanes = 8;
-    std::array<float, lanes> sums{};
+    using Few = OvLanes<8>;
+    constexpr int few = 8;
+    constexpr int wide = 2 * lanes;
+    const auto product = [a, b](int i) { return Lanes::from(a + i) * Lanes::from(b + i); };
     int i = 0;
-    for (; i + lanes <= count; i += lanes) {
-        for (int j = 0; j < lanes; ++j)
-            sums[static_cast<std::size_t>(j)] += a[i + j] * b[i + j];
-    }
     float sum = 0.0F;
+    if (count >= 2 * wide) {
+        Lanes even = product(0);
+        Lanes odd = product(lanes);
+        for (i = wide; i + wide <= count; i += wide) {
+            even += product(i);
+            odd += product(i + lanes);
+        }
+        sum = (even + odd).sum();
+    }
+    if (count - i >= few) {
+        Few rest = Few::from(a + i) * Few::from(b + i);
+        for (i += few; i + few <= count; i += few)
+            rest += Few::from(a + i) * Few::from(b + i);
+        // The last ones once more, of which those that have been taken count nothing.
+        const int last = count - few;
+        rest += Few::from(a + last) * Few::from(b + last) * Few::from(lastOf8.data() + count - i);
+        return sum + rest.sum();
+    }
     for (; i < count; ++i)
         sum += a[i] * b[i];
-    for (const float part : sums)
-        sum += part;
     return sum;
 }

@@ -18,6 +18,13 @@ private slots:
     void triangleHasUnitSum();
     void joinedIsOneAfterTheOther();
     void dotOfAnyLength();
+    void mirrorsWhatLiesBeyond_data();
+    void mirrorsWhatLiesBeyond();
+    void mixesParts_data();
+    void mixesParts();
+    void addsBetweenSamples();
+    void correlatesAtEachPoint_data();
+    void correlatesAtEachPoint();
 };
 
 namespace {
@@ -64,7 +71,7 @@ void tst_OvFir::sameAsTheSum_data()
 {
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("length");
-    for (const int count : {8, 31, 32, 33, 38, 64, 71, 100}) {
+    for (const int count : {8, 15, 16, 17, 31, 38, 64, 65, 71, 100, 140}) {
         for (const int length : {1, 3, 6})
             QTest::newRow(qPrintable(QStringLiteral("%1 samples, %2 taps").arg(count).arg(length)))
                 << count << length;
@@ -127,8 +134,8 @@ void tst_OvFir::joinedIsOneAfterTheOther()
 
 void tst_OvFir::dotOfAnyLength()
 {
-    const std::vector<float> a = wave(40);
-    for (int count = 0; count <= 40; ++count) {
+    const std::vector<float> a = wave(200);
+    for (int count = 0; count <= 200; ++count) {
         double sum = 0.0;
         for (int i = 0; i < count; ++i)
             sum += static_cast<double>(a[static_cast<std::size_t>(i)]) *
@@ -136,6 +143,110 @@ void tst_OvFir::dotOfAnyLength()
         QVERIFY(std::abs(static_cast<double>(OvFir::dot(a.data(), a.data(), count)) - sum) <
                 1e-4 * (1.0 + sum));
     }
+}
+
+void tst_OvFir::mirrorsWhatLiesBeyond_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("ahead");
+    QTest::newRow("usual") << 90 << 13 << 2;
+    QTest::newRow("looks far ahead") << 90 << 41 << 40;
+    QTest::newRow("long") << 300 << 150 << 70;
+    QTest::newRow("longer than the trace") << 20 << 47 << 23;
+    QTest::newRow("two samples") << 2 << 5 << 2;
+}
+
+// Beyond an end stands the mirror image, turned over; beyond that one, its last sample.
+void tst_OvFir::mirrorsWhatLiesBeyond()
+{
+    QFETCH(int, count);
+    QFETCH(int, length);
+    QFETCH(int, ahead);
+    const std::vector<float> in = wave(count);
+    const std::vector<float> taps = wave(length);
+    const std::vector<float> out = filtered(taps, ahead, in);
+    const auto at = [&](int i) {
+        const auto value = [&](int k) {
+            return static_cast<double>(in[static_cast<std::size_t>(std::clamp(k, 0, count - 1))]);
+        };
+        const int end = i < 0 ? 0 : count - 1;
+        return i < 0 || i >= count ? 2.0 * value(end) - value(2 * end - i) : value(i);
+    };
+    for (int i = 0; i < count; ++i) {
+        double sum = 0.0;
+        double size = 0.0;
+        for (int k = 0; k < length; ++k) {
+            const double product =
+                static_cast<double>(taps[static_cast<std::size_t>(k)]) * at(i + ahead - k);
+            sum += product;
+            size += std::abs(product);
+        }
+        QVERIFY(std::abs(static_cast<double>(out[static_cast<std::size_t>(i)]) - sum) <
+                1e-5 * (1.0 + size));
+    }
+}
+
+void tst_OvFir::correlatesAtEachPoint_data()
+{
+    QTest::addColumn<int>("count");
+    for (const int count : {1, 9, 16, 27, 32, 64, 100})
+        QTest::newRow(qPrintable(QString::number(count))) << count;
+}
+
+void tst_OvFir::correlatesAtEachPoint()
+{
+    QFETCH(int, count);
+    constexpr int length = 22;
+    const std::vector<float> in = wave(count + length - 1);
+    const std::vector<float> pattern = wave(length);
+    std::vector<float> out(static_cast<std::size_t>(count) + 1, -99.0F);
+    OvFir::correlate(pattern.data(), length, in.data(), count, out.data());
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        double sum = 0.0;
+        for (std::size_t k = 0; k < length; ++k)
+            sum += static_cast<double>(pattern[k]) * static_cast<double>(in[i + k]);
+        QVERIFY(std::abs(static_cast<double>(out[i]) - sum) < 1e-4 * (1.0 + std::abs(sum)));
+    }
+    QCOMPARE(out.back(), -99.0F);
+}
+
+void tst_OvFir::mixesParts_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("parts");
+    for (const int count : {1, 15, 16, 22, 64, 90})
+        for (const int parts : {0, 1, 7})
+            QTest::newRow(qPrintable(QStringLiteral("%1 of %2").arg(parts).arg(count)))
+                << count << parts;
+}
+
+void tst_OvFir::mixesParts()
+{
+    QFETCH(int, count);
+    QFETCH(int, parts);
+    const std::vector<float> in = wave(100);
+    std::vector<OvFir::Part> all;
+    for (int k = 0; k < parts; ++k)
+        all.push_back({in.data() + k, 0.5F * static_cast<float>(k) - 1.0F});
+    std::vector<float> out(static_cast<std::size_t>(count) + 1, -99.0F);
+    OvFir::mix(all, count, out.data());
+    for (int i = 0; i < count; ++i) {
+        double sum = 0.0;
+        for (const OvFir::Part& part : all)
+            sum += static_cast<double>(part.weight) * static_cast<double>(part.samples[i]);
+        QVERIFY(std::abs(static_cast<double>(out[static_cast<std::size_t>(i)]) - sum) <
+                1e-4 * (1.0 + std::abs(sum)));
+    }
+    QCOMPARE(out.back(), -99.0F);
+}
+
+void tst_OvFir::addsBetweenSamples()
+{
+    const std::vector<float> in{1.0F, 3.0F, -1.0F, 7.0F};
+    std::vector<float> out(4, 10.0F);
+    OvFir::addBetween(in.data(), 0.25F, 2.0F, 3, out.data());
+    QCOMPARE(out, (std::vector<float>{13.0F, 14.0F, 12.0F, 10.0F}));
 }
 
 QTEST_GUILESS_MAIN(tst_OvFir)
