@@ -1,6 +1,6 @@
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 
-#include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 
@@ -21,6 +21,17 @@ int rounded(double value)
 std::size_t at(int index)
 {
     return static_cast<std::size_t>(index);
+}
+
+// Turns products with the pilot into correlations over those of noise of some power; signal holds
+// the energy of the signal under it.
+OV_VECTOR_CLONES
+void takeStrengths(const float* signal, float noise, float sign, int count, float* values)
+{
+    for (int i = 0; i < count; ++i) {
+        const float power = noise + misfit * std::max(signal[i], 0.0F);
+        values[i] = sign * values[i] / std::sqrt(std::max(power, 1e-30F));
+    }
 }
 
 } // namespace
@@ -56,11 +67,9 @@ void OvArrivalAlignment::cut(const Input& input)
         const double start = m_matches[at(row)].time - m_before;
         const int whole = static_cast<int>(std::floor(start));
         const float part = static_cast<float>(start - whole);
-        for (int i = 0; i < m_length; ++i) {
-            const int k = whole + i;
-            if (k >= 0 && k + 1 < input.points)
-                out[i] = samples[k] + part * (samples[k + 1] - samples[k]);
-        }
+        const int first = std::clamp(-whole, 0, m_length);
+        const int last = std::clamp(input.points - 1 - whole, first, m_length);
+        OvFir::addBetween(samples + whole + first, part, 1.0F, last - first, out + first);
         const float energy = OvFir::dot(out, out, m_length) / static_cast<float>(m_length);
         const float noise = input.noise(row);
         if (!(energy > 0.0F))
@@ -76,15 +85,15 @@ void OvArrivalAlignment::cut(const Input& input)
 
 void OvArrivalAlignment::stack(const Input& input, int row)
 {
-    m_pilot.assign(at(m_length), 0.0F);
+    m_parts.clear();
     const OvLinkRange near = input.chain->neighbours(row, m_neighbours);
     for (int other = near.first; other < near.last; ++other) {
-        if (other == row)
-            continue;
         const float weight = m_weights[at(other)] * m_taper[at(std::abs(other - row))];
-        OvFir::addScaled(m_cuts.data() + at(other) * at(m_length), weight, m_length,
-                         m_pilot.data());
+        if (other != row)
+            m_parts.push_back({m_cuts.data() + at(other) * at(m_length), weight});
     }
+    m_pilot.resize(at(m_length));
+    OvFir::mix(m_parts, m_length, m_pilot.data());
     const float energy = OvFir::dot(m_pilot.data(), m_pilot.data(), m_length);
     const float scale = energy > 0.0F ? 1.0F / std::sqrt(energy) : 0.0F;
     for (float& value : m_pilot)
@@ -115,29 +124,37 @@ float OvArrivalAlignment::noiseGain(const Input& input)
     return static_cast<float>(used >= enough ? std::max(std::sqrt(sum / used), 0.3) : usual);
 }
 
+// Copies what lies under the pilot at all shifts, zeros where the row has ended.
+void OvArrivalAlignment::takeUnder(const float* samples, int start, int points)
+{
+    const int count = static_cast<int>(m_under.size());
+    const int first = std::clamp(-start, 0, count);
+    const int last = std::clamp(points - start, first, count);
+    std::fill(m_under.begin(), m_under.begin() + first, 0.0F);
+    std::copy(samples + start + first, samples + start + last, m_under.begin() + first);
+    std::fill(m_under.begin() + last, m_under.end(), 0.0F);
+}
+
 void OvArrivalAlignment::correlate(const Input& input, int row, float gain)
 {
     const int shifts = 2 * m_reach + 1;
     float* out = m_correlations.data() + at(row) * at(shifts);
     const float noise = input.noise(row) * input.noise(row);
     const int start = rounded(m_matches[at(row)].time) - m_before - m_reach;
-    const float* samples = input.samples(row);
-    float energy = 0.0F; // of the samples under the pilot
-    int first = std::clamp(start, 0, input.points);
-    int last = first;
+    m_under.resize(at(shifts + m_length - 1));
+    takeUnder(input.samples(row), start, input.points);
+    OvFir::correlate(m_pilot.data(), m_length, m_under.data(), shifts, out);
+    for (float& value : m_under)
+        value *= value;
+    m_ones.assign(at(m_length), 1.0F);
+    m_energies.resize(at(shifts));
+    OvFir::correlate(m_ones.data(), m_length, m_under.data(), shifts, m_energies.data());
     for (int shift = 0; shift < shifts; ++shift) {
         const int from = std::clamp(start + shift, 0, input.points);
         const int to = std::clamp(start + shift + m_length, from, input.points);
-        for (; last < to; ++last)
-            energy += samples[last] * samples[last];
-        for (; first < from; ++first)
-            energy -= samples[first] * samples[first];
-        const float* pilot = m_pilot.data() + (from - start - shift);
-        const float product = OvFir::dot(pilot, samples + from, to - from);
-        const float signal = std::max(energy - static_cast<float>(to - from) * noise, 0.0F);
-        const float power = noise * gain * gain + misfit * signal;
-        out[shift] = m_matches[at(row)].sign * product / std::sqrt(std::max(power, 1e-30F));
+        m_energies[at(shift)] -= static_cast<float>(to - from) * noise;
     }
+    takeStrengths(m_energies.data(), noise * gain * gain, m_matches[at(row)].sign, shifts, out);
 }
 
 // A channel whose best correlation is much stronger turned over is wired that way.
@@ -165,8 +182,8 @@ void OvArrivalAlignment::score(const Input& input, int row)
     std::transform(values, values + shifts, scores,
                    [](float value) { return value > 0.0F ? 0.5F * value * value : 0.0F; });
     const int start = rounded(m_matches[at(row)].time) - m_reach;
-    for (int shift = 0; shift < shifts && input.change; ++shift)
-        scores[shift] += input.change(row, start + shift);
+    if (input.addChange)
+        input.addChange(row, start, shifts, scores);
 }
 
 void OvArrivalAlignment::follow(const Input& input)

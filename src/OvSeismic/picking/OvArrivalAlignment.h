@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/picking/OvShiftPath.h"
 
 #include <atomic>
@@ -29,8 +30,9 @@ public:
         double period = 0.0; ///< points
         std::function<const float*(int row)> samples;
         std::function<float(int row)> noise; ///< RMS
-        /// Log-likelihood of a row turning from noise to signal at a point; may be empty.
-        std::function<float(int row, double point)> change;
+        /// Adds the log-likelihood of a row turning from noise to signal at each of `count` points
+        /// from one on to out; may be empty. Points may lie outside.
+        std::function<void(int row, int point, int count, float* out)> addChange;
         const OvTraceChain* chain = nullptr;
         const std::atomic<bool>* cancel = nullptr;
     };
@@ -57,6 +59,7 @@ private:
     void cut(const Input& input);
     void stack(const Input& input, int row);
     float noiseGain(const Input& input);
+    void takeUnder(const float* samples, int start, int points);
     void correlate(const Input& input, int row, float gain);
     void turnReversed();
     void score(const Input& input, int row);
@@ -73,6 +76,10 @@ private:
     std::vector<float> m_cuts; // of each row, aligned, of unit size
     std::vector<float> m_weights;
     std::vector<float> m_pilot;
+    std::vector<OvFir::Part> m_parts; // of the pilot
+    std::vector<float> m_under;       // samples that lie under the pilot at any shift
+    std::vector<float> m_ones;
+    std::vector<float> m_energies;     // of what lies under it at each shift
     std::vector<float> m_correlations; // of each row, 2 * reach + 1
     std::vector<OvShiftPath::Step> m_steps;
     OvScoreLattice m_lattice;

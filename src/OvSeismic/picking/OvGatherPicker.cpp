@@ -202,7 +202,9 @@ OvArrivalAlignment::Input Run::alignmentInput() const
     input.period = m_work.guide.period();
     input.samples = [this](int row) { return m_work.guide.filtered(row); };
     input.noise = [this](int row) { return m_work.guide.noise(row); };
-    input.change = [this](int row, double point) { return m_work.guide.lattice().at(row, point); };
+    input.addChange = [this](int row, int point, int count, float* out) {
+        m_work.guide.lattice().addScores(row, point, count, out);
+    };
     input.chain = &m_chain;
     input.cancel = m_cancel;
     return input;

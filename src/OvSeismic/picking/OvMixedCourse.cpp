@@ -53,20 +53,45 @@ void OvMixedCourse::mix(const Matches& matches, const OvTraceGrid& grid, const O
     };
     m_mixed.resize(grid.rows(), m_points);
     for (int row = 0; row < grid.rows(); ++row) {
-        float* mixed = m_mixed.row(row);
-        std::fill_n(mixed, m_points, 0.0F);
         const OvLinkRange near = chain.neighbours(row, neighbours);
         float squares = 0.0F;
         for (int other = near.first; other < near.last; ++other)
             squares += weightOf(other - row) * weightOf(other - row);
         const float scale = 1.0F / std::sqrt(squares); // independent noise keeps its size
+        m_parts.clear();
         for (int other = near.first; other < near.last; ++other) {
             const int shift = rounded(matches[at(other)].time - matches[at(row)].time);
-            const int first = std::max(grid.first(row), -shift);
-            const int last = std::min(grid.last(row), m_points - shift);
-            if (first < last)
-                OvFir::addScaled(m_clipped.row(other) + (first + shift),
-                                 scale * weightOf(other - row), last - first, mixed + first);
+            m_parts.push_back({m_clipped.row(other), scale * weightOf(other - row), shift});
+        }
+        mixRow(grid.first(row), grid.last(row), m_mixed.row(row));
+    }
+}
+
+// What all parts cover at once, and then what single ones do beside it.
+void OvMixedCourse::mixRow(int first, int last, float* mixed)
+{
+    int from = first;
+    int to = last;
+    for (const Part& part : m_parts) {
+        from = std::max(from, -part.shift);
+        to = std::min(to, m_points - part.shift);
+    }
+    from = std::min(from, last);
+    to = std::max(to, from);
+    m_shifted.clear();
+    for (const Part& part : m_parts)
+        m_shifted.push_back({part.samples + from + part.shift, part.weight});
+    std::fill_n(mixed, from, 0.0F);
+    OvFir::mix(m_shifted, to - from, mixed + from);
+    std::fill(mixed + to, mixed + m_points, 0.0F);
+    for (const Part& part : m_parts) {
+        const int begin = std::max(first, -part.shift);
+        const int end = std::min(last, m_points - part.shift);
+        const float* samples = part.samples + part.shift;
+        for (const auto& [one, other] :
+             {std::pair(begin, std::min(end, from)), std::pair(std::max(begin, to), end)}) {
+            if (one < other)
+                OvFir::addScaled(samples + one, part.weight, other - one, mixed + one);
         }
     }
 }

@@ -41,15 +41,26 @@ private:
               const OvTraceGrid& grid);
     void mix(const std::vector<OvArrivalAlignment::Match>& matches, const OvTraceGrid& grid,
              const OvTraceChain& chain);
+    void mixRow(int first, int last, float* mixed);
     void measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& grid);
     double stepAt(const OvTraceGrid& grid, int row, double point, double period) const;
     void choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
                 const std::vector<double>& second);
 
+    // A row that is mixed into another one, and by how much it lies behind that.
+    struct Part
+    {
+        const float* samples;
+        float weight;
+        int shift;
+    };
+
     int m_points = 0;
     double m_period = 0.0;
     OvScoreLattice m_clipped;
     OvScoreLattice m_mixed;
+    std::vector<Part> m_parts;
+    std::vector<OvFir::Part> m_shifted;
     std::vector<float> m_noise;
     std::vector<double> m_times;
     OvNoiseLevel::Meter m_meter;

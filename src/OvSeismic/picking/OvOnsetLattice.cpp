@@ -4,6 +4,7 @@
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -98,6 +99,27 @@ void OvOnsetLattice::guideBy(const OvOnsetLimits& limits, int row)
         const float away = (static_cast<float>(k * m_block) - expected) / half;
         scores[k] -= std::min(2.0F * away * away, most);
     }
+}
+
+void OvOnsetLattice::addScores(int row, int point, int count, float* out) const
+{
+    const float* scores = m_scores.row(row);
+    const float share = 1.0F / static_cast<float>(m_block);
+    const int first = std::clamp(-point, 0, count);
+    const int last = std::clamp((m_scores.points - 1) * m_block - point, first, count);
+    for (int i = 0; i < first; ++i)
+        out[i] += scores[0];
+    int block = (point + first) / m_block;
+    int beyond = (point + first) % m_block;
+    for (int i = first; i < last; ++i) {
+        const float part = share * static_cast<float>(beyond);
+        out[i] += scores[block] + part * (scores[block + 1] - scores[block]);
+        const bool isNext = ++beyond == m_block;
+        block += isNext ? 1 : 0;
+        beyond = isNext ? 0 : beyond;
+    }
+    for (int i = last; i < count; ++i)
+        out[i] += scores[m_scores.points - 1];
 }
 
 std::vector<OvShiftPath::Step> OvOnsetLattice::steps(const OvTraceChain& chain,

@@ -5,7 +5,6 @@
 #include "OvSeismic/picking/OvScoreLattice.h"
 #include "OvSeismic/picking/OvShiftPath.h"
 
-#include <algorithm>
 #include <atomic>
 #include <vector>
 
@@ -44,16 +43,9 @@ public:
     const OvScoreLattice& scores() const { return m_scores; }
     int block() const { return m_block; } ///< points
 
-    /// Score of a row at a point, between blocks in proportion.
-    float at(int row, double point) const
-    {
-        const double place =
-            std::clamp(point / m_block, 0.0, std::max(m_scores.points - 1.001, 0.0));
-        const int block = static_cast<int>(place);
-        const auto part = static_cast<float>(place - block);
-        const float* scores = m_scores.row(row) + block;
-        return scores[0] + (part > 0.0F ? part * (scores[1] - scores[0]) : 0.0F);
-    }
+    /// Adds the scores of a row at `count` points from one on, between blocks in proportion, to
+    /// out; before the first block and behind the last one theirs.
+    void addScores(int row, int point, int count, float* out) const;
 
     /// What moves from link to link cost: with an earlier course (may be empty) those that do not
     /// keep its slopes, without one all, and those that lead back towards the shot threefold.

@@ -174,8 +174,9 @@ void tst_OvArrivalAlignment::changeHoldsAgainstALouderWave()
     };
     OvArrivalAlignment::Input input = setup.input();
     QVERIFY(missed(input) > 20);
-    input.change = [&setup](int row, double point) {
-        return std::abs(point - setup.truth(row)) < 4.0 ? 10.0F : 0.0F;
+    input.addChange = [&setup](int row, int point, int count, float* out) {
+        for (int i = 0; i < count; ++i)
+            out[i] += std::abs(point + i - setup.truth(row)) < 4.0 ? 10.0F : 0.0F;
     };
     QCOMPARE(missed(input), 0);
 }

@@ -208,14 +208,29 @@ void tst_OvOnsetLattice::betweenBlocks()
     const OvOnsetLattice lattice = setup.built();
     const float* scores = lattice.scores().row(1);
     const int last = points / block - 1;
+    const auto added = [&lattice](int point, int count) {
+        std::vector<float> out(static_cast<std::size_t>(count), 0.5F);
+        lattice.addScores(1, point, count, out.data());
+        return out;
+    };
+    const auto near = [](float a, float b) { return std::abs(a - b) < 1e-3F; };
+    const std::vector<float> all = added(0, points);
     for (const int k : {0, 7, 34, 35, last - 1}) {
-        const auto near = [](float a, float b) { return std::abs(a - b) < 1e-3F; };
-        QVERIFY(near(lattice.at(1, block * k), scores[k]));
-        QVERIFY(near(lattice.at(1, block * k + 1.0), 0.5F * (scores[k] + scores[k + 1])));
-        QVERIFY(near(lattice.at(1, block * k + 0.5), 0.75F * scores[k] + 0.25F * scores[k + 1]));
+        const auto at = static_cast<std::size_t>(block * k);
+        QVERIFY(near(all[at], 0.5F + scores[k]));
+        QVERIFY(near(all[at + 1], 0.5F + 0.5F * (scores[k] + scores[k + 1])));
     }
-    QCOMPARE(lattice.at(1, -30.0), scores[0]);
-    QVERIFY(std::abs(lattice.at(1, 10.0 * points) - scores[last]) < 0.01F);
+    // A stretch of any length says the same, and beyond the ends the end blocks do.
+    const std::vector<float> few = added(2 * block - 1, 5);
+    for (std::size_t i = 0; i < few.size(); ++i)
+        QCOMPARE(few[i], all[i + 2 * block - 1]);
+    for (const float value : added(-30, 20))
+        QCOMPARE(value, 0.5F + scores[0]);
+    for (const float value : added(10 * points, 3))
+        QCOMPARE(value, 0.5F + scores[last]);
+    const std::vector<float> across = added(-3, 5);
+    QCOMPARE(across[2], 0.5F + scores[0]);
+    QCOMPARE(across[4], all[1]);
 }
 
 void tst_OvOnsetLattice::stepsWithoutACourse()
