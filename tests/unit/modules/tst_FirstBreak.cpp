@@ -558,6 +558,7 @@ void tst_FirstBreak::picksAndPreviewsInEveryOrder_data()
     QTest::addColumn<int>("gather");
     QTest::newRow("source") << static_cast<int>(OvGatherKey::Source) << 3;
     QTest::newRow("receiver") << static_cast<int>(OvGatherKey::Receiver) << 12;
+    QTest::newRow("CDP") << static_cast<int>(OvGatherKey::Cdp) << 20;
     QTest::newRow("offset") << static_cast<int>(OvGatherKey::OffsetBin) << 2;
     QTest::newRow("record, sorted") << static_cast<int>(OvGatherKey::FieldRecord) << 5;
 }
@@ -566,7 +567,13 @@ void tst_FirstBreak::picksAndPreviewsInEveryOrder()
 {
     QFETCH(int, key);
     QFETCH(int, gather);
-    QVERIFY(openLine(30));
+    SegyWriter writer;
+    writer.sampleCount = 500;
+    writer.cdpSpacing = 10.0;
+    for (int shot = 0; shot < 30; ++shot)
+        writer.addShot(100 + shot, shot * 20.0, 24, 10.0);
+    QVERIFY(writer.write(m_session->path(QStringLiteral("line.sgy"))));
+    QVERIFY(openFile());
     QVERIFY(showView());
     OvGatherViewController* view = m_session->lastView();
     OvGatherOrder order;
@@ -580,6 +587,10 @@ void tst_FirstBreak::picksAndPreviewsInEveryOrder()
     const std::vector<qint64> traces = view->gatherIndex()->gatherTraces(gather);
     const auto count = static_cast<int>(traces.size());
     QVERIFY(count >= 12);
+    if (order.key == OvGatherKey::Cdp) {
+        for (const OvTraceHeader& header : canvas()->gather()->headers)
+            QCOMPARE(header.cdp, gather + 1);
+    }
 
     QDialog* dialog = openPickDialog();
     dialog->findChild<QCheckBox*>(QStringLiteral("preview"))->setChecked(true);
