@@ -14,10 +14,9 @@ constexpr std::size_t gathersShownAtOnce = 32;
 
 } // namespace
 
-void OvPickJob::Queue::add(std::vector<OvFirstBreakUpdate>&& stored, const OvFirstBreaks& replaced)
+void OvPickJob::Queue::add(std::vector<OvFirstBreakUpdate>&& stored)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    before = replaced;
     std::move(stored.begin(), stored.end(), std::back_inserter(updates));
 }
 
@@ -91,10 +90,9 @@ OvDocumentJob::Work OvPickJob::makeWork()
     order.keepManualPicks = m_options.keepManualPicks;
     order.resume = m_options.resume;
     return [order, shared = shared(), queue = m_queue] {
-        OvPickWork work(
-            order, [queue](std::vector<OvFirstBreakUpdate>&& stored, const OvFirstBreaks& before) {
-                queue->add(std::move(stored), before);
-            });
+        OvPickWork work(order, [queue](std::vector<OvFirstBreakUpdate>&& stored) {
+            queue->add(std::move(stored));
+        });
         const auto progress = [&shared](int done, int total) {
             shared->total = total;
             shared->done = done;
@@ -121,7 +119,7 @@ bool OvPickJob::takeResults()
 
 void OvPickJob::noteStep(const OvFirstBreakUpdate& update)
 {
-    document()->pickHistory()->note(update.traces, m_queue->before, update.breaks,
+    document()->pickHistory()->note(update.traces, update.before, update.breaks,
                                     tr("Pick This Gather"));
 }
 

@@ -40,9 +40,8 @@ private:
     {
         std::mutex mutex;
         std::vector<OvFirstBreakUpdate> updates;
-        OvFirstBreaks before; // of the only gather
 
-        void add(std::vector<OvFirstBreakUpdate>&& stored, const OvFirstBreaks& replaced);
+        void add(std::vector<OvFirstBreakUpdate>&& stored);
         /// The oldest entries, at most limit; *more tells whether others are left.
         std::vector<OvFirstBreakUpdate> take(std::size_t limit, bool* more);
     };

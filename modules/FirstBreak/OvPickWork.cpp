@@ -151,9 +151,7 @@ OvStatus OvPickWork::pickOne(const std::atomic<bool>* cancel)
     const OvPickResult result = OvPicker::create()->pick(gather, m_settings, cancel);
     if (isSet(cancel))
         return status;
-    status = m_file.read(m_order.grouping().gatherTraces(m_order.gather), &m_before);
-    if (status)
-        status = take(gather, result);
+    status = take(gather, result);
     return status ? flush() : status;
 }
 
@@ -163,6 +161,7 @@ OvStatus OvPickWork::take(const OvGather& gather, const OvPickResult& result)
     update.traces = m_order.grouping().gatherTraces(gather.ordinal);
     update.breaks = breaksOf(result);
     update.keepManual = m_order.keepManualPicks;
+    update.wantsBefore = m_order.gather >= 0;
     update.doneGather = m_order.gather < 0 ? gather.ordinal : -1;
     m_waiting.push_back(std::move(update));
     const bool due = m_sinceFlush.elapsed() >= flushIntervalMs || m_waiting.size() >= mostWaiting;
@@ -176,7 +175,7 @@ OvStatus OvPickWork::flush()
         return OvStatus::success();
     OvStatus status = m_file.write(&m_waiting);
     if (status)
-        m_stored(std::move(m_waiting), m_before);
+        m_stored(std::move(m_waiting));
     m_waiting.clear();
     return status;
 }

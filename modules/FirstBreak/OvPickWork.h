@@ -28,9 +28,8 @@ public:
 
         const OvSegyIndex& grouping() const { return gathers ? *gathers : *index; }
     };
-    /// Takes what has been stored; before is what the only gather to pick had, else empty.
-    using Stored =
-        std::function<void(std::vector<OvFirstBreakUpdate>&& updates, const OvFirstBreaks& before)>;
+    /// Takes what has been stored; the only gather to pick comes with what it had before.
+    using Stored = std::function<void(std::vector<OvFirstBreakUpdate>&& updates)>;
 
     /// A result as automatic picks.
     static OvFirstBreaks breaksOf(const OvPickResult& result);
@@ -61,6 +60,5 @@ private:
     OvFirstBreakFile m_file;
     OvPickSettings m_settings;
     std::vector<OvFirstBreakUpdate> m_waiting;
-    OvFirstBreaks m_before; // of the only gather
     QElapsedTimer m_sinceFlush;
 };

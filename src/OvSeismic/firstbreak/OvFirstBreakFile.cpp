@@ -195,6 +195,8 @@ OvStatus OvFirstBreakFile::Private::store(std::vector<OvFirstBreakUpdate>* updat
     for (OvFirstBreakUpdate& update : *updates) {
         if (update.keepManual)
             keepManual(blocks.read(update.traces), &update.breaks);
+        if (update.wantsBefore)
+            update.before = blocks.read(update.traces);
         blocks.write(update.traces, update.breaks);
     }
     status = OvFirstBreakRows::write(file, blocks);

@@ -19,6 +19,8 @@ struct OvFirstBreakUpdate
     OvFirstBreaks breaks;       ///< one entry a trace
     bool keepManual = false;    ///< traces whose pick was made by hand keep it
     int doneGather = -1;        ///< gather of the automatic run that this completes; -1 none
+    bool wantsBefore = false;   ///< before is asked for
+    OvFirstBreaks before;       ///< set by the write: what it has replaced
 };
 
 /// How far an automatic run has come that has not ended yet.
@@ -82,7 +84,8 @@ public:
     /// Replaces the entries of traces.
     OvStatus write(const std::vector<qint64>& traces, const OvFirstBreaks& breaks);
     /// Several updates in one transaction; all or none. What others have written meanwhile is seen.
-    /// On success the breaks of each update are those that are stored now.
+    /// On success the breaks of each update are those that are stored now, and before, where it is
+    /// asked for, is read under the same lock.
     OvStatus write(std::vector<OvFirstBreakUpdate>* updates);
 
     /// The automatic run that has not ended.

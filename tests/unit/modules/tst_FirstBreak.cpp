@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <QSettings>
 #include <QSpinBox>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QtTest>
 
 #include <cmath>
@@ -52,6 +54,7 @@ private slots:
     void namesTheGuideThatHasNothingToLearnFrom();
     void previewStoresNothing();
     void picksTheGatherShownInOneStep();
+    void undoKeepsWhatAnotherProgramWroteMeanwhile();
     void thisGatherInTheDialogIsOneStep();
     void picksAndPreviewsInEveryOrder_data();
     void picksAndPreviewsInEveryOrder();
@@ -531,6 +534,45 @@ void tst_FirstBreak::picksTheGatherShownInOneStep()
     QCOMPARE(storedBreaks(1).timesMs[7], 333.0F);
     m_session->lastView()->redoPickEdit();
     QVERIFY(storedBreaks(1).pickedCount() > 12);
+}
+
+void tst_FirstBreak::undoKeepsWhatAnotherProgramWroteMeanwhile()
+{
+    QVERIFY(openLine(1));
+    QVERIFY(showView());
+    const auto pick = [this] {
+        PluginSession::action(m_menu, "actionPick_Gather")->trigger();
+        return QTest::qWaitFor(
+            [] { return PluginSession::actionJobs().last()->state() == OvAbstractJob::Finished; });
+    };
+    // Nothing but the picks is left to be written by the second one.
+    QVERIFY(pick());
+    m_session->lastView()->undoPickEdit();
+    QVERIFY(document()->pickHistory()->edit(0, {OvTracePick::manual(7, 333.0)}, "pick"));
+    const QString name = QStringLiteral("another program");
+    {
+        auto other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        other.setDatabaseName(document()->firstBreakPath());
+        QVERIFY(other.open());
+        QSqlQuery query(other);
+        QVERIFY(query.exec(QStringLiteral("BEGIN IMMEDIATE")));
+        // The picks are found, and have to wait until the other has erased all that there was.
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, &timer, [&] {
+            timer.stop();
+            QVERIFY(PluginSession::actionJobs().last()->isRunning());
+            QVERIFY(query.exec(QStringLiteral("DELETE FROM trace_block")));
+            QVERIFY(query.exec(QStringLiteral("COMMIT")));
+        });
+        timer.start(500);
+        QVERIFY(pick());
+        QVERIFY(!timer.isActive());
+    }
+    QSqlDatabase::removeDatabase(name);
+    QVERIFY(storedBreaks(0).pickedCount() > 12);
+    QCOMPARE(storedBreaks(0).states[7], OvPickState::Automatic);
+    m_session->lastView()->undoPickEdit();
+    QCOMPARE(storedBreaks(0).pickedCount(), 0);
 }
 
 void tst_FirstBreak::thisGatherInTheDialogIsOneStep()

@@ -90,6 +90,7 @@ private slots:
     void tracesThatAreNotThereAreRefused();
     void severalUpdatesAllOrNone();
     void keepsManualPicksUnderTheWriteLock();
+    void tellsWhatAWriteHasReplaced();
     void remembersHowFarARunHasCome();
     void tellsOfWritesByOthers();
     void reopenKeepsEverything();
@@ -273,6 +274,33 @@ void tst_OvFirstBreakFile::keepsManualPicksUnderTheWriteLock()
     QVERIFY(job.write(&updates));
     QVERIFY(byHand.read({2}, &read));
     QCOMPARE(read.states[0], OvPickState::Automatic);
+}
+
+void tst_OvFirstBreakFile::tellsWhatAWriteHasReplaced()
+{
+    OvFirstBreakFile byHand;
+    OvFirstBreakFile job;
+    QVERIFY(open(&byHand));
+    QVERIFY(open(&job));
+    QVERIFY(job.write(traces(0, 10), someBreaks(10, 1.0F)));
+    std::vector<OvFirstBreakUpdate> updates(3);
+    updates[0].traces = traces(0, 10);
+    updates[0].breaks = someBreaks(10, 2.0F);
+    updates[0].wantsBefore = true;
+    updates[1] = updates[0]; // the same traces once more
+    updates[1].breaks = someBreaks(10, 3.0F);
+    updates[2].traces = traces(300, 10);
+    updates[2].breaks = someBreaks(10, 4.0F);
+    // After the job has made up its mind, and before it stores.
+    const OvFirstBreaks manual = someBreaks(4, 77.0F);
+    QVERIFY(byHand.write(traces(3, 4), manual));
+    OvFirstBreaks present;
+    QVERIFY(byHand.read(traces(0, 10), &present));
+    QVERIFY(!same(present, someBreaks(10, 1.0F)));
+    QVERIFY(job.write(&updates));
+    QVERIFY(same(updates[0].before, present));
+    QVERIFY(same(updates[1].before, updates[0].breaks));
+    QVERIFY(updates[2].before.isEmpty());
 }
 
 void tst_OvFirstBreakFile::remembersHowFarARunHasCome()
