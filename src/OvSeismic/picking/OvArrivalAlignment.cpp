@@ -186,8 +186,10 @@ void OvArrivalAlignment::score(const Input& input, int row)
         input.addChange(row, start, shifts, scores);
 }
 
-void OvArrivalAlignment::follow(const Input& input)
+// How far nearly all rows have moved no farther than, points.
+double OvArrivalAlignment::follow(const Input& input)
 {
+    constexpr double nearlyAll = 0.95;
     std::vector<double> times;
     for (const Match& match : m_matches)
         times.push_back(match.time);
@@ -206,8 +208,14 @@ void OvArrivalAlignment::follow(const Input& input)
         m_steps[at(row)] = {rounded(slopes[at(row)] - moved), penalty, penalty};
     }
     const std::vector<int>& path = m_path.find(m_lattice, m_steps);
-    for (int row = 0; row < input.rows; ++row)
+    for (int row = 0; row < input.rows; ++row) {
         moveTo(input, row, path[at(row)]);
+        times[at(row)] = std::abs(m_matches[at(row)].time - times[at(row)]);
+    }
+    const auto rank =
+        times.begin() + static_cast<std::ptrdiff_t>(nearlyAll * static_cast<double>(times.size()));
+    std::nth_element(times.begin(), rank, times.end());
+    return *rank;
 }
 
 // To the vertex of the parabola through a correlation and its neighbours.
@@ -264,6 +272,7 @@ bool OvArrivalAlignment::align(const Input& input, const std::vector<double>& ti
 
 bool OvArrivalAlignment::refine(const Input& input, int rounds)
 {
+    constexpr double settled = 0.05; // periods
     for (int round = 0; round < rounds; ++round) {
         if (input.cancel && input.cancel->load())
             return false;
@@ -277,7 +286,8 @@ bool OvArrivalAlignment::refine(const Input& input, int rounds)
             correlate(input, row, gain);
         }
         turnReversed();
-        follow(input);
+        if (follow(input) < settled * input.period)
+            break;
     }
     settle(input);
     return true;

@@ -19,7 +19,7 @@ struct OvTraceChain;
 /// that a louder wave a cycle behind does not win; a share of a trace's signal counts as noise, so
 /// that of clear traces shape decides, not size. The best path through the shifts of all traces
 /// (OvShiftPath) keeps single traces from skipping a cycle. Several rounds, each with sharper
-/// pilots; the weaker the arrivals, the more neighbours make a pilot.
+/// pilots, until hardly a trace moves; the weaker the arrivals, the more neighbours make a pilot.
 class OVSEISMIC_EXPORT OvArrivalAlignment
 {
 public:
@@ -46,7 +46,8 @@ public:
         float sign = 1.0F;     ///< -1 on a channel of reversed polarity
     };
 
-    /// times holds a point of each row to begin with. False once *cancel is true.
+    /// times holds a point of each row to begin with; at most so many rounds. False once *cancel is
+    /// true.
     bool align(const Input& input, const std::vector<double>& times, int rounds = 4);
     /// Goes on from what align() has found in the same rows. False once *cancel is true.
     bool refine(const Input& input, int rounds);
@@ -63,7 +64,7 @@ private:
     void correlate(const Input& input, int row, float gain);
     void turnReversed();
     void score(const Input& input, int row);
-    void follow(const Input& input);
+    double follow(const Input& input);
     void moveTo(const Input& input, int row, int peak);
     void settle(const Input& input);
 

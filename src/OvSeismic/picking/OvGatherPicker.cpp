@@ -122,6 +122,7 @@ private:
     const OvPickSettings& m_settings;
     const std::atomic<bool>* m_cancel;
     Workspace& m_work;
+    double m_scouted = 0.0; // period, points
     OvOnsetLimits m_limits;
     const OvTraceGrid* m_clean = nullptr; // the rows, or without their predictable noise
     double m_swing = 0.0;                 // dominant period of the clean rows, points
@@ -138,11 +139,12 @@ void Run::chooseInterval()
     int every = 1;
     for (int round = 0; round < rounds && !isSet(m_cancel); ++round) {
         m_work.grid.load(m_gather, sample, every, parameters().processingLengthMs);
-        const int coarser =
-            static_cast<int>(m_work.guide.scout(m_work.grid, sample, m_cancel) / pointsAPeriod);
+        m_scouted = m_work.guide.scout(m_work.grid, sample, m_cancel);
+        const int coarser = static_cast<int>(m_scouted / pointsAPeriod);
         if (coarser < 2 || m_work.grid.points() / coarser < leastPoints)
             break;
         every *= coarser;
+        m_scouted /= coarser;
     }
     m_work.grid.load(m_gather, m_chain, every, parameters().processingLengthMs);
 }
@@ -191,7 +193,7 @@ bool Run::findCourse()
 {
     chooseInterval();
     takeLimits();
-    return m_work.guide.find(m_work.grid, m_chain, m_limits);
+    return m_work.guide.find(m_work.grid, m_chain, m_limits, m_scouted);
 }
 
 OvArrivalAlignment::Input Run::alignmentInput() const

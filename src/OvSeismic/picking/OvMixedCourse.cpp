@@ -16,6 +16,8 @@ using Matches = std::vector<OvArrivalAlignment::Match>;
 
 constexpr int neighbours = 3;     // on either side
 constexpr float mostNoise = 4.0F; // what is louder counts like this: bursts, and late waves
+constexpr double clearStep = 4.0; // of energies: an arrival begins here
+constexpr double noStep = 1.7;    // nothing begins here
 
 std::size_t at(int index)
 {
@@ -136,8 +138,6 @@ void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain, d
 {
     constexpr double apart = 0.8; // periods
     constexpr int shortest = 12;
-    constexpr double clearStep = 4.0; // an arrival begins here
-    constexpr double noStep = 1.7;    // nothing begins here
     const auto side = [&](int row) {
         const double distance = second[at(row)] - m_times[at(row)];
         return std::abs(distance) < apart * period ? 0 : distance < 0.0 ? -1 : 1;
@@ -161,6 +161,23 @@ void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain, d
     }
 }
 
+// The course begins a step everywhere, and nothing ahead of it could be one.
+bool OvMixedCourse::isBeyondDoubt(const OvTraceGrid& grid, const OvTraceChain& chain) const
+{
+    constexpr int reach = 4;
+    std::vector<double> steps;
+    std::vector<double> foreruns;
+    for (int row = 0; row < grid.rows(); ++row) {
+        const double step = stepAt(grid, row, m_times[at(row)], m_period);
+        steps.push_back(std::isfinite(step) ? step : noStep);
+        foreruns.push_back(forerunAt(grid, row, m_times[at(row)]));
+    }
+    steps = OvPickCourse::runningMedians(steps, reach, chain.cables);
+    foreruns = OvPickCourse::runningMedians(foreruns, reach, chain.cables);
+    return *std::min_element(steps.begin(), steps.end()) >= noStep &&
+           *std::max_element(foreruns.begin(), foreruns.end()) < std::sqrt(clearStep);
+}
+
 bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, const OvTraceGrid& grid,
                          const OvTraceChain& chain, const OvOnsetLimits& limits)
 {
@@ -170,6 +187,8 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
     clip(guide, matches, grid);
     mix(matches, grid, chain);
     measureNoise(guide, grid);
+    if (isBeyondDoubt(grid, chain))
+        return true;
     OvOnsetLattice::Rows rows;
     rows.grid = &grid;
     rows.values = m_mixed.row(0);

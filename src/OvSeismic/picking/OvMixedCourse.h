@@ -15,8 +15,9 @@ class OvOnsetGuide;
 /// What runs along the course, weaker and ahead of the wave that was followed, is as hidden on each
 /// trace as any wave is in noise. Rows mixed with their neighbours, shifted along the course, show
 /// it: it adds up, noise does not (Mayne, W., 1962, Common reflection point horizontal data
-/// stacking techniques, Geophysics 27, 927-938). The course is found again in the mixed rows; where
-/// the two part for a long stretch, the one stays that the energies about it speak for.
+/// stacking techniques, Geophysics 27, 927-938). Unless they show that the arrivals begin on the
+/// course and nothing ahead of it, the course is found again in the mixed rows; where the two part
+/// for a long stretch, the one stays that the energies about it speak for.
 class OVSEISMIC_EXPORT OvMixedCourse
 {
 public:
@@ -44,6 +45,7 @@ private:
     void mixRow(int first, int last, float* mixed);
     void measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& grid);
     double stepAt(const OvTraceGrid& grid, int row, double point, double period) const;
+    bool isBeyondDoubt(const OvTraceGrid& grid, const OvTraceChain& chain) const;
     void choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
                 const std::vector<double>& second);
 

@@ -273,16 +273,33 @@ double OvOnsetGuide::scout(const OvTraceGrid& grid, const OvTraceChain& chain,
     return m_period;
 }
 
-bool OvOnsetGuide::find(const OvTraceGrid& grid, const OvTraceChain& chain,
-                        const OvOnsetLimits& limits)
+// Hardly a row has left the course of the pass before.
+bool OvOnsetGuide::hasSettled(const std::vector<double>& last) const
 {
-    constexpr int passes = 3;
+    constexpr double near = 0.5; // periods
+    constexpr double hardly = 0.05;
+    if (last.size() != m_times.size())
+        return false;
+    int left = 0;
+    for (std::size_t row = 0; row < last.size(); ++row)
+        left += std::abs(m_times[row] - last[row]) > near * m_period ? 1 : 0;
+    return left <= hardly * static_cast<double>(last.size());
+}
+
+bool OvOnsetGuide::find(const OvTraceGrid& grid, const OvTraceChain& chain,
+                        const OvOnsetLimits& limits, double scouted)
+{
+    constexpr int mostPasses = 3;
     m_cancel = limits.cancel;
     m_points = grid.points();
-    m_period = firstPeriod;
+    m_period = scouted > 0.0 ? scouted : firstPeriod;
     m_mostOfRows = longestOfWholeRows;
     m_times.clear();
-    for (int i = 0; i < passes && !isSet(m_cancel); ++i)
-        pass(grid, chain, limits, i > 0, i + 1 < passes);
+    bool isSettled = false;
+    for (int i = 0; i < mostPasses && !isSettled && !isSet(m_cancel); ++i) {
+        const std::vector<double> last = m_times;
+        pass(grid, chain, limits, i > 0, i + 1 < mostPasses);
+        isSettled = hasSettled(last);
+    }
     return !isSet(m_cancel);
 }

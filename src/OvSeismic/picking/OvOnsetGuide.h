@@ -16,16 +16,18 @@ struct OvTraceChain;
 /// Every trace says at each time how likely it turns from noise to signal there (OvOnsetLattice),
 /// in traces from which the predictable part of the gather's noise has been taken
 /// (OvAutoregression); the best path through all traces (OvShiftPath) is the course. It is found
-/// three times: with the quietest stretch of each trace for its noise, then with what lies ahead of
-/// the course before, and with the slopes of that course.
+/// first with the quietest stretch of each trace for its noise, then with what lies ahead of the
+/// course before, and with the slopes of that course; a third time if the second has moved it.
 class OVSEISMIC_EXPORT OvOnsetGuide
 {
 public:
     /// Dominant period, points, of the waves of some traces, from a first look.
     double scout(const OvTraceGrid& grid, const OvTraceChain& chain,
                  const std::atomic<bool>* cancel);
-    /// False once *limits.cancel is true; what follows then means nothing.
-    bool find(const OvTraceGrid& grid, const OvTraceChain& chain, const OvOnsetLimits& limits);
+    /// scouted is a period to begin with, points; 0 unknown. False once *limits.cancel is true;
+    /// what follows then means nothing.
+    bool find(const OvTraceGrid& grid, const OvTraceChain& chain, const OvOnsetLimits& limits,
+              double scouted = 0.0);
 
     double period() const { return m_period; } ///< dominant period of the arrival, points
     const std::vector<double>& times() const { return m_times; } ///< point of each row
@@ -51,6 +53,7 @@ private:
 
     void pass(const OvTraceGrid& grid, const OvTraceChain& chain, const OvOnsetLimits& limits,
               bool atCourse, bool measures);
+    bool hasSettled(const std::vector<double>& last) const;
     void measurePeriod(const OvTraceGrid& grid, bool atCourse);
     void findQuiet(const OvTraceGrid& grid, bool atCourse);
     Quiet quietest(const OvTraceGrid& grid, int row);

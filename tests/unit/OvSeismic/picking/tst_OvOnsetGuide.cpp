@@ -23,6 +23,7 @@ private slots:
     void noiseOfKnownSize();
     void takesHumOut();
     void loudSlowRollDoesNotSetThePeriod();
+    void scoutedPeriodHelpsAgainstSwell();
     void sharpApexOfASplitSpread();
     void fewRows_data();
     void fewRows();
@@ -195,6 +196,31 @@ void tst_OvOnsetGuide::loudSlowRollDoesNotSetThePeriod()
     QVERIFY2(good >= 54, qPrintable(QString::number(good)));
     QVERIFY2(setup.guide.period() < 1.3 * periodPoints,
              qPrintable(QString::number(setup.guide.period())));
+}
+
+// Noise of many hundred milliseconds a cycle shows itself in long stretches only.
+void tst_OvOnsetGuide::scoutedPeriodHelpsAgainstSwell()
+{
+    Setup setup(0.15);
+    std::mt19937 engine(5);
+    std::uniform_real_distribution<double> phase(0.0, 6.283185307);
+    for (int row = 0; row < 60; ++row) {
+        float* trace = setup.synthetic.gather.trace(row);
+        for (const double frequencyHz : {2.5, 3.5, 5.0}) {
+            const double start = phase(engine);
+            for (int i = 0; i < setup.synthetic.gather.sampleCount; ++i)
+                trace[i] += static_cast<float>(
+                    2.0 * std::sin(6.283185307 * frequencyHz * 0.002 * i + start));
+        }
+    }
+    setup.load();
+    const double scouted = setup.guide.scout(setup.grid, setup.chain, nullptr);
+    QVERIFY(setup.guide.find(setup.grid, setup.chain, {}, scouted));
+    const int good = setup.within(periodPoints / 3.0);
+    QVERIFY(setup.find());
+    const int without = setup.within(periodPoints / 3.0);
+    QVERIFY2(good >= 50 && good > without,
+             qPrintable(QStringLiteral("%1, %2").arg(good).arg(without)));
 }
 
 void tst_OvOnsetGuide::sharpApexOfASplitSpread()
