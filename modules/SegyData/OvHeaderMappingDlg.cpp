@@ -32,6 +32,7 @@ const QString placeKey = QStringLiteral("headerMappingDialog");
 constexpr int shownTraces = 200;
 constexpr int settleMs = 200;
 constexpr int visibleProblems = 4;
+constexpr int leastValueDigits = 20; // that are to be seen beside each other
 
 using Mapping = OvTraceHeaderMapping;
 
@@ -54,6 +55,7 @@ QLabel* addTable(QSplitter* splitter, QTableView* table)
     auto* side = new QWidget(splitter);
     auto* label = new QLabel(side);
     label->setBuddy(table);
+    label->setWordWrap(true); // is not to keep its side of the splitter wide
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(label);
@@ -117,6 +119,8 @@ void OvHeaderMappingDlg::makeTables()
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->verticalHeader()->hide();
     m_valueTable = makeTable("valueTable", m_values, this);
+    m_valueTable->setMinimumWidth(
+        fontMetrics().horizontalAdvance(QString(leastValueDigits, QLatin1Char('0'))));
     m_tableLabel = addTable(m_splitter, m_table);
     m_valuesLabel = addTable(m_splitter, m_valueTable);
     m_splitter->setStretchFactor(0, 3);
@@ -209,13 +213,30 @@ void OvHeaderMappingDlg::restorePlace()
     if (restoreGeometry(place.value(QStringLiteral("geometry")).toByteArray()) &&
         m_splitter->restoreState(place.value(QStringLiteral("splitter")).toByteArray()))
         return;
-    // The values, which are not found yet, are wider than the titles of their columns.
-    const int values = fontMetrics().horizontalAdvance(QStringLiteral("0000000000"));
-    const int words = m_table->horizontalHeader()->length() + values + 2 * m_table->frameWidth() +
-                      style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    m_splitter->setSizes({words, words * 3 / 4});
+    const int words = widthOfWords();
     const QSize wanted(words * 7 / 4, 720);
     resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize() * 9 / 10));
+    // Where the screen is too narrow for both, the values can be scrolled better than the words.
+    layout()->activate();
+    m_splitter->setSizes({words, qMax(m_splitter->width() - m_splitter->handleWidth() - words, 0)});
+}
+
+// Of the table with its columns as wide as what will be found, and with the icons of remarks.
+int OvHeaderMappingDlg::widthOfWords() const
+{
+    const auto metric = [this](QStyle::PixelMetric what) {
+        return m_table->style()->pixelMetric(what, nullptr, m_table);
+    };
+    const int margin = metric(QStyle::PM_FocusFrameHMargin) + 1;
+    const qint64 traces = m_document->file().info().traceCount;
+    int width = 2 * m_table->frameWidth() + metric(QStyle::PM_ScrollBarExtent) +
+                metric(QStyle::PM_SmallIconSize) + 2 * margin;
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        const QString found = OvHeaderMappingModel::longestFound(column, traces);
+        const int text = m_table->fontMetrics().horizontalAdvance(found) + 2 * margin;
+        width += qMax(m_table->columnWidth(column), text + 1); // a line of the grid
+    }
+    return width;
 }
 
 void OvHeaderMappingDlg::done(int result)

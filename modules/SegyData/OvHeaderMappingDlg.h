@@ -51,6 +51,7 @@ private:
     void connectFields();
     void connectExamination();
     void restorePlace();
+    int widthOfWords() const;
     void retranslate();
     void retranslatePresets();
     void usePreset(int index);

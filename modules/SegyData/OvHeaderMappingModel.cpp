@@ -160,6 +160,22 @@ QString OvHeaderMappingModel::foundText(Quantity quantity, int column) const
     }
 }
 
+QString OvHeaderMappingModel::longestFound(int column, qint64 traces)
+{
+    constexpr auto most = static_cast<qint64>(OvHeaderSurvey::mostValues);
+    switch (column) {
+    case Minimum:
+    case Maximum:
+        return QLatin1Char('-') + QString(significantDigits, QLatin1Char('0'));
+    case Values:
+        return traces < most ? count(traces) : tr("over %1").arg(count(most));
+    case Zeros:
+        return count(traces);
+    default:
+        return {};
+    }
+}
+
 QVariant OvHeaderMappingModel::editValue(Quantity quantity, int column) const
 {
     const OvHeaderWord& word = m_mapping.word(quantity);

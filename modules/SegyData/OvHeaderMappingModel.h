@@ -36,6 +36,9 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
     static QString orderName(OvHeaderOrder order);
+    /// About the longest text that can be found in a column, in a file of so many traces; empty for
+    /// the columns that say what is looked for.
+    static QString longestFound(int column, qint64 traces);
 
 signals:
     void mappingChanged();

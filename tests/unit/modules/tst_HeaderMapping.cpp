@@ -12,7 +12,10 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
+#include <QScopeGuard>
+#include <QScrollBar>
 #include <QSpinBox>
+#include <QSplitter>
 #include <QTableView>
 #include <QtTest>
 
@@ -64,6 +67,8 @@ private slots:
     void aCancelKeepsTheGathersFromBefore();
     void aFileWithoutSuchBytesKeepsTheStandard();
     void cancelKeepsNothing();
+    void showsAllColumnsAtFirst_data();
+    void showsAllColumnsAtFirst();
     void remembersItsPlace();
     void opensItsPageWithF1();
     void speaksChinese();
@@ -463,6 +468,58 @@ void tst_HeaderMapping::cancelKeepsNothing()
     press(QDialogButtonBox::Cancel);
     QTRY_VERIFY(!m_dialog);
     QVERIFY(OvProjectMapping::mapping().isDefault());
+}
+
+void tst_HeaderMapping::showsAllColumnsAtFirst_data()
+{
+    QTest::addColumn<bool>("chinese");
+    QTest::addColumn<double>("pointSize");
+    QTest::addColumn<bool>("fits");
+    // Small fonts, for the screen of the tests is small.
+    QTest::newRow("English") << false << 5.0 << true;
+    QTest::newRow("English, 150 %") << false << 7.5 << true;
+    QTest::newRow("Chinese") << true << 5.0 << true;
+    QTest::newRow("Chinese, 150 %") << true << 7.5 << true;
+    QTest::newRow("English, wider than the screen") << false << 14.0 << false;
+    QTest::newRow("Chinese, wider than the screen") << true << 14.0 << false;
+}
+
+void tst_HeaderMapping::showsAllColumnsAtFirst()
+{
+    QFETCH(bool, chinese);
+    QFETCH(double, pointSize);
+    QFETCH(bool, fits);
+    QVERIFY(OvBaseUtil::setGlobalValue(QStringLiteral("headerMappingDialog"), QVariant()));
+    const QFont usual = QApplication::font();
+    const auto putBack = qScopeGuard([&] {
+        delete m_dialog.data();
+        QApplication::setFont(usual);
+        OvTranslator::instance().setSessionLanguage(OvTranslator::English);
+    });
+    QFont font = usual;
+    font.setPointSizeF(pointSize);
+    QApplication::setFont(font);
+    OvTranslator::instance().setSessionLanguage(chinese ? OvTranslator::Chinese
+                                                        : OvTranslator::English);
+    // Large values, many of them, and some that are remarked on.
+    const SegyWriter writer = SegyWriter::of(1200, 2, [](int i, SegyTrace* trace) {
+        trace->fieldRecord = 1;
+        trace->channel = i;
+        trace->sourceX = -1234567890 + i;
+        trace->receiverX = 1234567890 + i;
+    });
+    QVERIFY(writer.write(path()));
+    QVERIFY(m_session->openProject());
+    QVERIFY(openView());
+    QVERIFY(ModuleFixture::openDialog("actionHeader_Mapping", "OvHeaderMappingDlg"));
+    QTRY_VERIFY(!text(Mapping::FieldRecord, Minimum).isEmpty());
+    QVERIFY(!cell(Mapping::FieldRecord, Name).data(Qt::DecorationRole).isNull());
+    QTRY_VERIFY(values()->rowCount() > 0);
+    const auto* splitter = m_dialog->findChild<QSplitter*>();
+    if (fits)
+        QCOMPARE(table()->horizontalScrollBar()->maximum(), 0);
+    else // then the words have all that the values can do without
+        QCOMPARE(splitter->sizes().at(1), splitter->widget(1)->minimumSizeHint().width());
 }
 
 void tst_HeaderMapping::remembersItsPlace()
