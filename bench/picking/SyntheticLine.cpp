@@ -17,7 +17,7 @@ constexpr double turn = 6.283185307179586;
 constexpr double burstShare = 0.04;
 constexpr double deadShare = 0.02;
 constexpr double reversedShare = 0.01;
-constexpr double rollShare = 2.0; // of the first arrival
+constexpr double rollSum = 4.0; // of the modes' peaks, over the first arrival's
 
 double between(DemoRandom* random, double least, double most)
 {
@@ -214,7 +214,7 @@ void addGroundRoll(const Source& source, double offset, double peak, float* trac
     constexpr int modes = 6;
     for (int mode = 0; mode < modes; ++mode) {
         const double velocity = source.rollVelocity * (1.0 - 0.04 * mode);
-        add({20.0 + 1000.0 * offset / velocity, rollShare * peak / modes * 2.0,
+        add({20.0 + 1000.0 * offset / velocity, rollSum * peak / modes,
              source.rollHz * (1.0 + 0.12 * mode), 0.8},
             trace);
     }
