@@ -110,6 +110,18 @@ void OvMixedCourse::measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& g
     }
 }
 
+void OvMixedCourse::measureHalves(const OvTraceGrid& grid)
+{
+    m_half = std::max(rounded(0.5 * m_period), 2);
+    m_halves.resize(grid.rows(), m_points / m_half);
+    for (int row = 0; row < grid.rows(); ++row) {
+        const float* values = mixed(row) + grid.first(row);
+        const int halves = (grid.last(row) - grid.first(row)) / m_half;
+        for (int k = 0; k < halves; ++k, values += m_half)
+            m_halves.row(row)[k] = OvFir::dot(values, values, m_half);
+    }
+}
+
 // Energy of the period behind a point over that of what lies ahead of it; NaN at the ends of a row.
 double OvMixedCourse::stepAt(const OvTraceGrid& grid, int row, double point, double period) const
 {
@@ -187,6 +199,7 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
     clip(guide, matches, grid);
     mix(matches, grid, chain);
     measureNoise(guide, grid);
+    measureHalves(grid);
     if (isBeyondDoubt(grid, chain))
         return true;
     OvOnsetLattice::Rows rows;
@@ -223,10 +236,15 @@ double OvMixedCourse::riseAt(int row, double point) const
 
 double OvMixedCourse::forerunAt(const OvTraceGrid& grid, int row, double point) const
 {
-    const int length = std::max(rounded(m_period), 4);
     const int end = std::min(rounded(point - m_period), grid.last(row));
-    double largest = 1.0;
-    for (int from = grid.first(row); from + length <= end; from += length / 2)
-        largest = std::max(largest, loudness(row, from, from + length));
-    return largest;
+    const int halves = std::min((end - grid.first(row)) / m_half, m_halves.points);
+    const float noise = m_noise[at(row)];
+    const float* energies = m_halves.row(row);
+    float largest = 0.0F;
+    for (int k = 0; k + 1 < halves; ++k)
+        largest = std::max(largest, energies[k] + energies[k + 1]);
+    if (!(noise > 0.0F))
+        return 1.0;
+    const float mean = largest / static_cast<float>(2 * m_half);
+    return std::max(static_cast<double>(std::sqrt(mean) / noise), 1.0);
 }

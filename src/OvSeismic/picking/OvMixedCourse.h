@@ -44,6 +44,7 @@ private:
              const OvTraceChain& chain);
     void mixRow(int first, int last, float* mixed);
     void measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& grid);
+    void measureHalves(const OvTraceGrid& grid);
     double stepAt(const OvTraceGrid& grid, int row, double point, double period) const;
     bool isBeyondDoubt(const OvTraceGrid& grid, const OvTraceChain& chain) const;
     void choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
@@ -61,6 +62,8 @@ private:
     double m_period = 0.0;
     OvScoreLattice m_clipped;
     OvScoreLattice m_mixed;
+    OvScoreLattice m_halves; // energies of the half periods of each mixed row
+    int m_half = 1;          // points
     std::vector<Part> m_parts;
     std::vector<OvFir::Part> m_shifted;
     std::vector<float> m_noise;
