@@ -32,7 +32,7 @@ const QString placeKey = QStringLiteral("headerMappingDialog");
 constexpr int shownTraces = 200;
 constexpr int settleMs = 200;
 constexpr int visibleProblems = 4;
-constexpr int leastValueDigits = 20; // that are to be seen beside each other
+constexpr int leastValueDigits = 14; // that are to be seen beside each other
 
 using Mapping = OvTraceHeaderMapping;
 
