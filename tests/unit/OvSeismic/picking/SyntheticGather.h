@@ -19,7 +19,8 @@ struct SyntheticGather
     {
         gather.sampleCount = samples;
         gather.intervalMs = 2.0;
-        gather.samples.assign(static_cast<std::size_t>(traces * samples), 0.0F);
+        gather.samples.assign(static_cast<std::size_t>(traces) * static_cast<std::size_t>(samples),
+                              0.0F);
         for (int row = 0; row < traces; ++row) {
             OvTraceHeader header;
             header.channel = row + 1;

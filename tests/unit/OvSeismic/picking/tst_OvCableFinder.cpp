@@ -58,8 +58,9 @@ int countOf(const std::vector<int>& cables)
 std::vector<float> rising(float from, float to, float step)
 {
     std::vector<float> offsets;
-    for (float offset = from; offset <= to; offset += step)
-        offsets.push_back(offset);
+    const int steps = static_cast<int>((to - from) / step + 1e-3F);
+    for (int i = 0; i <= steps; ++i)
+        offsets.push_back(from + step * static_cast<float>(i));
     return offsets;
 }
 

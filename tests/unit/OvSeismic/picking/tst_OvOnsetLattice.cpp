@@ -216,14 +216,15 @@ void tst_OvOnsetLattice::betweenBlocks()
     const auto near = [](float a, float b) { return std::abs(a - b) < 1e-3F; };
     const std::vector<float> all = added(0, points);
     for (const int k : {0, 7, 34, 35, last - 1}) {
-        const auto at = static_cast<std::size_t>(block * k);
+        const auto at = static_cast<std::size_t>(block) * static_cast<std::size_t>(k);
         QVERIFY(near(all[at], 0.5F + scores[k]));
         QVERIFY(near(all[at + 1], 0.5F + 0.5F * (scores[k] + scores[k + 1])));
     }
     // A stretch of any length says the same, and beyond the ends the end blocks do.
-    const std::vector<float> few = added(2 * block - 1, 5);
+    constexpr int first = 2 * block - 1;
+    const std::vector<float> few = added(first, 5);
     for (std::size_t i = 0; i < few.size(); ++i)
-        QCOMPARE(few[i], all[i + 2 * block - 1]);
+        QCOMPARE(few[i], all[i + first]);
     for (const float value : added(-30, 20))
         QCOMPARE(value, 0.5F + scores[0]);
     for (const float value : added(10 * points, 3))

@@ -85,7 +85,8 @@ void tst_OvPickPrior::learnsACurve()
         builder.add(trace(10.0 * i), curved(10.0 * i));
     QCOMPARE(builder.count(), qint64(201));
     const auto prior = builder.build();
-    for (double offset = 50.0; offset < 1950.0; offset += 33.0) {
+    for (int metres = 50; metres < 1950; metres += 33) {
+        const double offset = metres;
         const auto expected = prior->expected({trace(offset)}).front();
         QVERIFY(expected.isKnown());
         QVERIFY2(std::abs(expected.timeMs - curved(offset)) < 4.0,
@@ -103,8 +104,8 @@ void tst_OvPickPrior::wrongPicksDoNoHarm()
                         (i + shot) % 5 == 0 ? 900.0 : curved(20.0 * i));
     }
     const auto prior = builder.build();
-    for (double offset = 100.0; offset < 1900.0; offset += 50.0)
-        QVERIFY(std::abs(timeAt(*prior, trace(offset, 250.0)) - curved(offset)) < 10.0);
+    for (int metres = 100; metres < 1900; metres += 50)
+        QVERIFY(std::abs(timeAt(*prior, trace(metres, 250.0)) - curved(metres)) < 10.0);
 }
 
 void tst_OvPickPrior::tellsDirectionsApart()

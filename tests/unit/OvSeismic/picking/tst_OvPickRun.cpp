@@ -141,7 +141,7 @@ void tst_OvPickRun::agreesWithThePicker()
         request(3),
         [&](const OvGather& gather, const OvPickResult& result) {
             OvGather own;
-            const OvStatus read = m_index.readGather(m_file, gather.ordinal, &own);
+            OvStatus read = m_index.readGather(m_file, gather.ordinal, &own);
             const OvPickResult alone = picker->pick(own, OvPickSettings(), nullptr);
             const auto same = [](float a, float b) {
                 return a == b || (std::isnan(a) && std::isnan(b));
