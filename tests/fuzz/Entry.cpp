@@ -30,7 +30,7 @@ void require(bool held, const char* what)
 QString fileWith(const QByteArray& bytes, const char* name)
 {
     static const QTemporaryDir folder;
-    const QString path = folder.filePath(QLatin1String(name));
+    QString path = folder.filePath(QLatin1String(name));
     QFile file(path);
     REQUIRE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     REQUIRE(file.write(bytes) == bytes.size());

@@ -18,7 +18,8 @@ inline OvGather silent(int traces, int samples, double intervalMs)
     gather.fieldRecord = 7;
     gather.sampleCount = samples;
     gather.intervalMs = intervalMs;
-    gather.samples.assign(static_cast<std::size_t>(traces * samples), 0.0F);
+    gather.samples.assign(static_cast<std::size_t>(traces) * static_cast<std::size_t>(samples),
+                          0.0F);
     for (int row = 0; row < traces; ++row) {
         OvTraceHeader header;
         header.traceIndex = row;

@@ -15,7 +15,7 @@ namespace Views {
 inline QSharedPointer<OvSegyDocument> openComplete(const QString& path)
 {
     OvStatus status;
-    const auto document = OvSegyDocument::open(path, &status);
+    auto document = OvSegyDocument::open(path, &status);
     if (!document || document->isIndexComplete())
         return document;
     QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);

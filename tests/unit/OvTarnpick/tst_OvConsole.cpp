@@ -123,8 +123,9 @@ void tst_OvConsole::metaObjectOrder()
 {
     const QMetaObject& meta = OvConsole::staticMetaObject;
     QCOMPARE(meta.methodCount() - meta.methodOffset(), 3);
-    const auto signature = [&meta](int i) {
-        return meta.method(meta.methodOffset() + i).methodSignature();
+    const auto signature = [](int i) {
+        const QMetaObject& own = OvConsole::staticMetaObject;
+        return own.method(own.methodOffset() + i).methodSignature();
     };
     QCOMPARE(signature(0), QByteArray("output(QString)"));
     QCOMPARE(signature(1), QByteArray("qOutput(QtMsgType,const char*)"));
@@ -218,8 +219,10 @@ void tst_OvConsole::manyThreadsLoseNothing()
             for (int i = 0; i < loadMessages; ++i)
                 qInfo("thread %d message %d", t, i);
         });
-    const int all = loadThreads * loadMessages;
-    const auto isShown = [all] { return area()->document()->blockCount() >= all; };
+    const auto isShown = [] {
+        constexpr int all = loadThreads * loadMessages;
+        return area()->document()->blockCount() >= all;
+    };
     const bool shown = QTest::qWaitFor(isShown, 240000);
     for (std::thread& worker : workers)
         worker.join();

@@ -30,7 +30,7 @@ protected:
     {
         delete m_dialog.data();
         m_session.reset();
-        const QStringList warnings = m_log->takeAll();
+        QStringList warnings = m_log->takeAll();
         m_log.reset();
         return warnings;
     }
@@ -43,7 +43,7 @@ protected:
     QSharedPointer<OvSegyDocument> openDocument() const
     {
         OvStatus status;
-        const auto document = OvSegyDocument::open(path(), &status);
+        auto document = OvSegyDocument::open(path(), &status);
         if (!document)
             qWarning("%s", qPrintable(status.message()));
         return document;

@@ -129,7 +129,7 @@ private:
 
 void tst_OvFirstBreakFile::init()
 {
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
 }
 

@@ -80,7 +80,7 @@ private:
 void tst_OvFirstBreakText::init()
 {
     m_file.close();
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
 }
 
 void tst_OvFirstBreakText::oneRowATrace()

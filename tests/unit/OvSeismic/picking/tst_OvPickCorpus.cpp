@@ -129,7 +129,8 @@ void tst_OvPickCorpus::shearWaveLineAgainstManualPicks()
     const QDir line(path("gathers/refr_line_B_swave"));
     std::vector<double> errors;
     std::vector<double> confident;
-    for (const QString& name : line.entryList({"*.sgy"})) {
+    const QStringList names = line.entryList({"*.sgy"});
+    for (const QString& name : names) {
         for (const Picked& picked : pickFile(line.filePath(name), {}, 0.0)) {
             const std::vector<double> more = errorsOf(picked, manual);
             errors.insert(errors.end(), more.begin(), more.end());
