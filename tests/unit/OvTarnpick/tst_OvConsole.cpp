@@ -219,10 +219,8 @@ void tst_OvConsole::manyThreadsLoseNothing()
             for (int i = 0; i < loadMessages; ++i)
                 qInfo("thread %d message %d", t, i);
         });
-    const auto isShown = [] {
-        constexpr int all = loadThreads * loadMessages;
-        return area()->document()->blockCount() >= all;
-    };
+    constexpr int all = loadThreads * loadMessages;
+    const auto isShown = [] { return area()->document()->blockCount() >= all; };
     const bool shown = QTest::qWaitFor(isShown, 240000);
     for (std::thread& worker : workers)
         worker.join();
