@@ -26,7 +26,7 @@ void tst_OvValueCodec::typesAreKept_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::newRow("text") << QVariant(QStringLiteral("A|B||C"));
-    QTest::newRow("empty text") << QVariant(QStringLiteral(""));
+    QTest::newRow("empty text") << QVariant(QString(QLatin1String("")));
     QTest::newRow("quotes") << QVariant(QStringLiteral("O'Brien \"%1\" \\ \n\t|"));
     QTest::newRow("chinese and emoji") << QVariant(QStringLiteral("初至 🌋"));
     QTest::newRow("zero character")

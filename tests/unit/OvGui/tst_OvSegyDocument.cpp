@@ -21,7 +21,7 @@ namespace {
 QSharedPointer<OvSegyDocument> open(const QString& path)
 {
     OvStatus status;
-    const auto document = OvSegyDocument::open(path, &status);
+    auto document = OvSegyDocument::open(path, &status);
     if (!status)
         qWarning("%s", qPrintable(status.message()));
     return document;
@@ -46,7 +46,7 @@ private:
 
     QSharedPointer<OvSegyDocument> openComplete() const
     {
-        const auto document = open(path());
+        auto document = open(path());
         QSignalSpy complete(document.data(), &OvSegyDocument::indexComplete);
         if (!document->isIndexComplete())
             complete.wait();

@@ -240,7 +240,7 @@ void tst_OvHostLook::messageBoxesHaveSharpSigns()
     seen.append(picture);
     // Drawn for the largest screens too, not blown up from a small bitmap.
     const QIcon icon = box.style()->standardIcon(
-        static_cast<QStyle::StandardPixmap>(QStyle::SP_MessageBoxInformation + sign - 1));
+        static_cast<QStyle::StandardPixmap>(int(QStyle::SP_MessageBoxInformation) + sign - 1));
     QCOMPARE(icon.actualSize(QSize(96, 96)), QSize(96, 96));
     QCOMPARE(icon.pixmap(96, 96).toImage().pixelColor(0, 0).alpha(), 0);
 }

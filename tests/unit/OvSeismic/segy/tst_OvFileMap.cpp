@@ -38,10 +38,10 @@ private:
 
 void tst_OvFileMap::init()
 {
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
     m_path = m_folder->filePath(QStringLiteral("shared.sgy"));
     QVERIFY(SegyWriter::ramps(traces, samples).write(m_path));
-    m_file.reset(new OvSegyFile);
+    m_file = std::make_unique<OvSegyFile>();
     QVERIFY(m_file->open(m_path));
     QVERIFY(m_index.build(*m_file));
 }

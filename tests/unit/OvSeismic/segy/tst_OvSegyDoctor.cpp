@@ -93,7 +93,7 @@ private:
 void tst_OvSegyDoctor::init()
 {
     m_file.close();
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
 }
 

@@ -63,7 +63,7 @@ private:
 void tst_OvSegyFile::init()
 {
     m_file.close();
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
 }
 

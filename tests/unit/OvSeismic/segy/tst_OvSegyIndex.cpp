@@ -91,7 +91,7 @@ private:
 void tst_OvSegyIndex::init()
 {
     m_file.close();
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
     m_index = OvSegyIndex();
 }
 

@@ -86,7 +86,7 @@ bool sameIndex(const OvSegyFile& file, const OvSegyIndex& a, const OvSegyIndex& 
 void tst_OvSegyIndexCache::init()
 {
     m_file.reset();
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
     m_cacheFolder = m_folder->filePath(QStringLiteral("cache"));
     m_path = m_folder->filePath(QStringLiteral("炮集.sgy"));
     m_limits = {};
@@ -102,7 +102,7 @@ void tst_OvSegyIndexCache::write(const SegyWriter& writer)
 
 void tst_OvSegyIndexCache::open()
 {
-    m_file.reset(new OvSegyFile);
+    m_file = std::make_unique<OvSegyFile>();
     const OvStatus status = m_file->open(m_path);
     QVERIFY2(status, qPrintable(status.message()));
 }

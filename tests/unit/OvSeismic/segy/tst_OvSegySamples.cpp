@@ -71,7 +71,7 @@ bool sameBits(float a, float b)
 {
     if (std::isnan(a) || std::isnan(b))
         return std::isnan(a) && std::isnan(b);
-    return std::memcmp(&a, &b, sizeof(a)) == 0;
+    return a == b && std::signbit(a) == std::signbit(b);
 }
 
 } // namespace
