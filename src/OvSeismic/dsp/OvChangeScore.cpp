@@ -1,10 +1,11 @@
 #include "OvSeismic/dsp/OvChangeScore.h"
 
+#include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 
 namespace {
 
@@ -16,31 +17,39 @@ constexpr float most = 2.5F;
 // A window that holds less than this is no arrival, and what it lacks counts this many times more.
 constexpr float leastWindow = 2.0F;
 constexpr float lackWeight = 2.0F;
-constexpr int stretch = 256;
+constexpr int stretch = 512;
+constexpr int lanes = 16;
+using Lanes = OvLanes<lanes>;
 
-// Largest of each of count values and the `ahead` behind it, in place, by windows that double: each
-// takes the larger of two of half its length. values holds count + ahead.
-OV_VECTOR_CLONES
-void takeLargest(float* values, int count, int ahead)
+// The ratios of some blocks in place of their energies, which `ahead` more blocks follow.
+template <int count>
+OV_LANES_INLINE void takeRatios(const OvChangeScore::Rule& rule, int ahead, float* values)
 {
-    int length = 1;
-    for (int left = count + ahead; length <= ahead;) {
-        const int shift = std::min(length, ahead + 1 - length);
-        left -= shift;
-        for (int i = 0; i < left; ++i)
-            values[i] = std::max(values[i], values[i + shift]);
-        length += shift;
-    }
+    using Some = OvLanes<count>;
+    const Some energies = Some::from(values);
+    Some mask = energies;
+    for (int i = 1; i <= ahead; ++i)
+        mask = mask.orMore(Some::from(values + i));
+    const Some whole = Some::all(rule.noise).orMore(Some::all(rule.forerunner) * mask);
+    const Some ratios = Some::all(slope) * energies / whole - Some::all(level);
+    ratios.orMore(Some::all(least))
+        .orLess(Some::all(most))
+        .whereLess(Some::all(0.0F), whole, least)
+        .to(values);
 }
 
 OV_VECTOR_CLONES
-void takeRatios(const float* masks, float noise, float share, int count, float* values)
+void takeAllRatios(const OvChangeScore::Rule& rule, int blocks, float* values)
 {
-    for (int k = 0; k < count; ++k) {
-        const float whole = std::max(noise, share * masks[k]);
-        const float ratio = slope * values[k] / whole - level;
-        values[k] = whole > 0.0F ? std::min(std::max(ratio, least), most) : least;
-    }
+    constexpr int few = 4;
+    const int ahead = rule.forerunner > 0.0F ? std::max(rule.ahead, 0) : 0;
+    int k = 0;
+    for (; k + ahead + lanes <= blocks; k += lanes)
+        takeRatios<lanes>(rule, ahead, values + k);
+    for (; k + ahead + few <= blocks; k += few)
+        takeRatios<few>(rule, ahead, values + k);
+    for (; k < blocks; ++k)
+        takeRatios<1>(rule, std::min(ahead, blocks - 1 - k), values + k);
 }
 
 template <int block>
@@ -63,26 +72,78 @@ void takeExcess(const float* ratios, float standsOut, float leak, int blocks, fl
         out[k] = (std::min(ratios[k], ratios[k + 1]) > standsOut ? ratios[k] : 0.0F) - leak;
 }
 
-// From sums of the ratios from each block and from behind its window on, and the excess there.
-OV_VECTOR_CLONES
-void takeScores(const float* sums, const float* sumsBehind, const float* excessBehind, int blocks,
-                float* out)
+// What the ratios of a window count.
+template <int count>
+OV_LANES_INLINE OvLanes<count> weighed(const OvLanes<count>& inside)
 {
-    for (int k = 0; k < blocks; ++k) {
-        const float inside = sums[k] - sumsBehind[k];
-        const float lacking = inside - lackWeight * (leastWindow - inside);
-        out[k] = (lacking < inside ? lacking : inside) + excessBehind[k];
+    using Some = OvLanes<count>;
+    const Some lacking = inside - Some::all(lackWeight) * (Some::all(leastWindow) - inside);
+    return lacking.orLess(inside);
+}
+
+// The scores of some blocks in place of the excess from them on, windows being full.
+template <int count>
+OV_LANES_INLINE void takeScores(const float* ratios, int window, float* out)
+{
+    using Some = OvLanes<count>;
+    Some inside = Some::from(ratios);
+    for (int i = 1; i < window; ++i)
+        inside += Some::from(ratios + i);
+    (weighed(inside) + Some::from(out + window)).to(out);
+}
+
+OV_VECTOR_CLONES
+void takeAllScores(const float* ratios, int window, int blocks, float* out)
+{
+    constexpr int few = 4;
+    const int full = std::max(blocks - window, 0);
+    int k = 0;
+    for (; k + lanes <= full; k += lanes)
+        takeScores<lanes>(ratios + k, window, out + k);
+    for (; k + few <= full; k += few)
+        takeScores<few>(ratios + k, window, out + k);
+    for (; k < full; ++k)
+        takeScores<1>(ratios + k, window, out + k);
+    // Behind the last full window comes nothing.
+    float inside = 0.0F;
+    for (k = blocks - 1; k >= full; --k) {
+        inside += ratios[k];
+        weighed(OvLanes<1>::all(inside)).to(out + k);
     }
 }
 
-// Both at once, as each addition waits for the one before.
-void turnIntoSumsFromBehind(float* one, float* other, int count)
+// Sums of each value and the `lanes` - 1 behind it, in place; values holds as many more.
+OV_LANES_INLINE void takeSumsAhead(float* values, int count)
 {
-    float sum = 0.0F;
-    float otherSum = 0.0F;
-    for (int k = count - 1; k >= 0; --k) {
-        one[k] = sum += one[k];
-        other[k] = otherSum += other[k];
+    for (const int step : {1, 4}) {
+        for (int i = 0; i < count; i += lanes) {
+            const Lanes two = Lanes::from(values + i) + Lanes::from(values + i + step);
+            const Lanes next =
+                Lanes::from(values + i + 2 * step) + Lanes::from(values + i + 3 * step);
+            (two + next).to(values + i);
+        }
+    }
+}
+
+// Turns values into what they and all behind them add up to.
+OV_VECTOR_CLONES
+void turnIntoSumsFromBehind(float* values, int count)
+{
+    std::array<float, stretch + 2 * lanes> sums;
+    float behind = 0.0F;
+    for (int last = count; last > 0; last -= std::min(last, stretch)) {
+        const int size = std::min(last, stretch);
+        float* from = values + (last - size);
+        std::copy_n(from, size, sums.begin());
+        std::fill(sums.begin() + size, sums.begin() + size + 2 * lanes, 0.0F);
+        takeSumsAhead(sums.data(), size);
+        Lanes later = Lanes::all(behind);
+        for (int i = (size - 1) / lanes * lanes; i >= 0; i -= lanes) {
+            later += Lanes::from(sums.data() + i);
+            later.to(sums.data() + i);
+        }
+        std::copy_n(sums.begin(), size, from);
+        behind = sums[0];
     }
 }
 
@@ -105,42 +166,21 @@ void OvChangeScore::energies(const float* samples, int count, int block, float* 
     }
     const float share = 1.0F / static_cast<float>(block);
     for (int k = 0; k < blocks; ++k, samples += block)
-        out[k] = share * std::inner_product(samples, samples + block, samples, 0.0F);
+        out[k] = share * OvFir::dot(samples, samples, block);
 }
 
 void OvChangeScore::ratios(const Rule& rule, int blocks, float* values)
 {
-    // Values ahead of the stretch at hand have not been replaced yet.
-    std::array<float, std::size_t(2) * stretch> masks{};
-    const int ahead = rule.forerunner > 0.0F ? std::clamp(rule.ahead, 0, stretch) : 0;
-    for (int from = 0; from < blocks; from += stretch) {
-        const int count = std::min(stretch, blocks - from);
-        const int known = std::min(count + ahead, blocks - from);
-        std::copy_n(values + from, known, masks.begin());
-        std::fill(masks.begin() + known, masks.begin() + count + ahead, 0.0F);
-        takeLargest(masks.data(), count, ahead);
-        takeRatios(masks.data(), rule.noise, rule.forerunner, count, values + from);
-    }
+    takeAllRatios(rule, blocks, values);
     std::fill_n(values, std::clamp(rule.first, 0, blocks), least);
 }
 
-void OvChangeScore::scores(const Rule& rule, int blocks, float* ratios, float* out)
+void OvChangeScore::scores(const Rule& rule, int blocks, const float* ratios, float* out)
 {
     if (blocks < 1)
         return;
     takeExcess(ratios, rule.standsOut, rule.leak, blocks, out);
     out[blocks - 1] = 0.0F;
-    turnIntoSumsFromBehind(ratios, out, blocks);
-    std::array<float, stretch> excess{};
-    std::array<float, stretch> sums{};
-    for (int from = 0; from < blocks; from += stretch) {
-        const int count = std::min(stretch, blocks - from);
-        const int first = std::min(from + rule.window, blocks);
-        const int known = std::min(count, blocks - first);
-        std::copy_n(out + first, known, excess.begin());
-        std::fill(excess.begin() + known, excess.begin() + count, 0.0F);
-        std::copy_n(ratios + first, known, sums.begin());
-        std::fill(sums.begin() + known, sums.begin() + count, 0.0F);
-        takeScores(ratios + from, sums.data(), excess.data(), count, out + from);
-    }
+    turnIntoSumsFromBehind(out, blocks);
+    takeAllScores(ratios, rule.window, blocks, out);
 }

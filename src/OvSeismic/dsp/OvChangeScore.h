@@ -32,7 +32,7 @@ OVSEISMIC_EXPORT void ratios(const Rule& rule, int blocks, float* values);
 /// Score of a change at the start of each block: the ratios of the window from there on, and the
 /// excess of what comes later over the leak. A window of quiet costs, what is loud far behind the
 /// window counts wherever the change is put: a weak first wave is not given up for a strong later
-/// one. ratios and out must not overlap; ratios is used up.
-OVSEISMIC_EXPORT void scores(const Rule& rule, int blocks, float* ratios, float* out);
+/// one. ratios and out must not overlap.
+OVSEISMIC_EXPORT void scores(const Rule& rule, int blocks, const float* ratios, float* out);
 
 } // namespace OvChangeScore

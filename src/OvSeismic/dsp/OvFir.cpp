@@ -11,6 +11,12 @@ namespace {
 constexpr int lanes = 16;
 using Lanes = OvLanes<lanes>;
 
+// Where the lanes of one of several registers begin.
+constexpr std::ptrdiff_t startOf(int index)
+{
+    return static_cast<std::ptrdiff_t>(index) * lanes;
+}
+
 // From element n on the weights of eight values of which the last n count.
 constexpr std::array<float, 16> lastOf8{0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
 
@@ -30,21 +36,21 @@ OV_LANES_INLINE void takeBlock(const float* taps, int length, const float* in, f
 {
     std::array<Lanes, registers> sums;
     for (int j = 0; j < registers; ++j)
-        sums[static_cast<std::size_t>(j)] = Lanes::from(in + j * lanes) * Lanes::all(taps[0]);
-    for (int k = 1; k < length; ++k) {
+        sums[static_cast<std::size_t>(j)] = Lanes::from(in + startOf(j)) * Lanes::all(taps[0]);
+    for (std::ptrdiff_t k = 1; k < length; ++k) {
         const Lanes tap = Lanes::all(taps[k]);
         for (int j = 0; j < registers; ++j)
-            sums[static_cast<std::size_t>(j)] += Lanes::from(in + j * lanes + k * step) * tap;
+            sums[static_cast<std::size_t>(j)] += Lanes::from(in + startOf(j) + k * step) * tap;
     }
     for (int j = 0; j < registers; ++j)
-        sums[static_cast<std::size_t>(j)].to(out + j * lanes);
+        sums[static_cast<std::size_t>(j)].to(out + startOf(j));
 }
 
 template <int step>
 float takeOne(const float* taps, int length, const float* in)
 {
     float sum = 0.0F;
-    for (int k = 0; k < length; ++k)
+    for (std::ptrdiff_t k = 0; k < length; ++k)
         sum += taps[k] * in[k * step];
     return sum;
 }
@@ -115,10 +121,10 @@ OV_LANES_INLINE void mixBlock(const OvFir::Part* first, const OvFir::Part* last,
         const Lanes weight = Lanes::all(part->weight);
         for (int j = 0; j < registers; ++j)
             sums[static_cast<std::size_t>(j)] +=
-                Lanes::from(part->samples + from + j * lanes) * weight;
+                Lanes::from(part->samples + from + startOf(j)) * weight;
     }
     for (int j = 0; j < registers; ++j)
-        sums[static_cast<std::size_t>(j)].to(out + from + j * lanes);
+        sums[static_cast<std::size_t>(j)].to(out + from + startOf(j));
 }
 
 OV_VECTOR_CLONES

@@ -1,10 +1,9 @@
 #include "OvSeismic/dsp/OvFirstSwing.h"
 
-#include "OvSeismic/dsp/OvTraceSums.h"
+#include "OvSeismic/dsp/OvTraceView.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace {
 
@@ -16,12 +15,6 @@ double deflection(double value, Sign sign)
     if (sign == Sign::Either)
         return std::abs(value);
     return sign == Sign::Positive ? value : -value;
-}
-
-double meanOf(const float* samples, int first, int last)
-{
-    return first < last ? std::accumulate(samples + first, samples + last, 0.0) / (last - first)
-                        : 0.0;
 }
 
 // Deflections of a trace from its level of rest.
@@ -106,16 +99,16 @@ double crossing(const float* samples, const Swing& swing, double share)
 
 } // namespace
 
-OvFirstSwing::Swing OvFirstSwing::find(const float* samples, const OvTraceSums& trace,
-                                       const Window& window, Sign sign)
+OvFirstSwing::Swing OvFirstSwing::find(const OvTraceView& trace, const Window& window, Sign sign)
 {
     constexpr double clearOfNoise = 2.0;
     constexpr double mostShare = 0.8;
+    const float* samples = trace.samples();
     const int first = std::clamp(window.first, 0, trace.size());
     const int last = std::clamp(window.last, first, trace.size());
     const int quiet = std::max(first - window.quiet, 0);
     Swing swing;
-    swing.rest = meanOf(samples, quiet, first);
+    swing.rest = trace.mean(quiet, first);
     const double largest = largestOf(Deflections(samples, swing.rest, Sign::Either), first, last);
     const double noise = std::sqrt(trace.variance(quiet, first));
     const double least =

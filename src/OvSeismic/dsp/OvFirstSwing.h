@@ -2,7 +2,7 @@
 
 #include "OvSeismic/OvSeismicExport.h"
 
-class OvTraceSums;
+class OvTraceView;
 
 /// The first swing of an arrival, and its onset.
 namespace OvFirstSwing {
@@ -30,8 +30,7 @@ struct Swing
 /// quiet samples), though never asked to be higher than 0.8 of the largest. With either sign a lobe
 /// of the other sign right before it is the first swing when it has a third of the height and
 /// stands clear of the noise, for the first swing of a wave is often weaker than the second.
-OVSEISMIC_EXPORT Swing find(const float* samples, const OvTraceSums& trace, const Window& window,
-                            Sign sign);
+OVSEISMIC_EXPORT Swing find(const OvTraceView& trace, const Window& window, Sign sign);
 
 /// Onset of a swing as a fractional sample: where the straight line through the points of its flank
 /// at 0.3 and at 0.7 of its height meets the level of rest. The flank stands clear of the noise,

@@ -1,6 +1,7 @@
 #include "OvSeismic/dsp/OvNoiseLevel.h"
 
-#include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvChangeScore.h"
+#include "OvSeismic/dsp/OvRank.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,17 +35,14 @@ double OvNoiseLevel::freedomOf(const std::vector<double>& correlation)
 
 void OvNoiseLevel::Meter::load(const float* samples, int count, int stretch)
 {
-    m_energies.clear();
-    for (int at = 0; at + stretch <= count; at += stretch)
-        m_energies.push_back(OvFir::dot(samples + at, samples + at, stretch) /
-                             static_cast<float>(stretch));
+    m_energies.resize(static_cast<std::size_t>(count / stretch));
+    OvChangeScore::energies(samples, count, stretch, m_energies.data());
 }
 
-float OvNoiseLevel::Meter::ranked(std::size_t rank)
+float OvNoiseLevel::Meter::ranked(std::size_t rank) const
 {
-    const auto at = m_energies.begin() + static_cast<std::ptrdiff_t>(rank);
-    std::nth_element(m_energies.begin(), at, m_energies.end());
-    return *at;
+    return OvRank::of(m_energies.data(), static_cast<int>(m_energies.size()),
+                      static_cast<int>(rank));
 }
 
 float OvNoiseLevel::Meter::quiet(const float* samples, int count, int stretch, double freedom)

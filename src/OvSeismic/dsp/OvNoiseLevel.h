@@ -32,7 +32,7 @@ public:
 
 private:
     void load(const float* samples, int count, int stretch);
-    float ranked(std::size_t rank);
+    float ranked(std::size_t rank) const;
 
     std::vector<float> m_energies; // of the stretches
 };

@@ -45,7 +45,7 @@ void OvArrivalAlignment::chooseNeighbours(int mostOnASide)
     std::vector<double> strengths;
     for (const Match& match : m_matches)
         strengths.push_back(static_cast<double>(match.strength));
-    const double usual = std::max(OvPickCourse::median(std::move(strengths)), least);
+    const double usual = std::max(OvPickCourse::median(strengths), least);
     if (usual > least)
         m_neighbours =
             std::clamp(rounded(wanted * wanted / (usual * usual)), fewestNeighbours, mostOnASide);

@@ -1,6 +1,7 @@
 #include "OvSeismic/picking/OvArrivalStack.h"
 
 #include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvTraceView.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
@@ -57,11 +58,11 @@ void OvArrivalStack::stack(const OvTraceGrid& grid, const std::vector<Member>& m
     }
 }
 
-double OvArrivalStack::onset(double period, OvFirstSwing::Sign asked)
+double OvArrivalStack::onset(double period, OvFirstSwing::Sign asked) const
 {
     using OvFirstSwing::Sign;
     constexpr double muchWeaker = 0.55;
-    m_sums.assign(m_samples.data(), static_cast<int>(m_samples.size()));
+    const OvTraceView trace(m_samples.data(), static_cast<int>(m_samples.size()));
     OvFirstSwing::Window window;
     window.first = rounded(m_origin - 0.5 * period);
     window.last = rounded(m_origin + 0.9 * period);
@@ -71,11 +72,11 @@ double OvArrivalStack::onset(double period, OvFirstSwing::Sign asked)
         return static_cast<double>(m_samples[static_cast<std::size_t>(swing.peak)]) - swing.rest;
     };
     const float* samples = m_samples.data();
-    auto swing = OvFirstSwing::find(samples, m_sums, window, Sign::Either);
+    auto swing = OvFirstSwing::find(trace, window, Sign::Either);
     if (!swing.found())
         return 0.0;
     if ((height(swing) > 0.0) != (asked == Sign::Positive)) {
-        const auto other = OvFirstSwing::find(samples, m_sums, window, asked);
+        const auto other = OvFirstSwing::find(trace, window, asked);
         if (other.found() && other.peak > swing.peak &&
             std::abs(height(swing)) < muchWeaker * std::abs(height(other)))
             swing = other;

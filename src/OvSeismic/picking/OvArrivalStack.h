@@ -2,7 +2,6 @@
 
 #include "OvSeismic/OvSeismicExport.h"
 #include "OvSeismic/dsp/OvFirstSwing.h"
-#include "OvSeismic/dsp/OvTraceSums.h"
 
 #include <vector>
 
@@ -33,7 +32,7 @@ public:
     /// Onset of the first swing near the origin, as points from it; 0 when there is none. A swing
     /// of the other sign than the asked one is passed over when it is much weaker than the asked
     /// one right behind it.
-    double onset(double period, OvFirstSwing::Sign asked);
+    double onset(double period, OvFirstSwing::Sign asked) const;
 
     /// Onsets at every row, points from the member's own; medians of nine, so that the onset does
     /// not jump from one neighbourhood to the next.
@@ -46,5 +45,4 @@ private:
     int m_neighbours = 7;
     int m_origin = 0;
     std::vector<float> m_samples;
-    OvTraceSums m_sums;
 };

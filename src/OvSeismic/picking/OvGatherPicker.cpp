@@ -234,7 +234,7 @@ double Run::contrast(const OvTraceGrid& grid) const
         if (std::isfinite(ratio))
             ratios.push_back(ratio * ratio);
     }
-    return ratios.empty() ? 0.0 : median(std::move(ratios));
+    return ratios.empty() ? 0.0 : median(ratios);
 }
 
 // RMS of the period from a point on over that of the periods ahead of it; NaN too near to an end of

@@ -167,7 +167,7 @@ void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain, d
         }
         if (where == 0 || end - row < shortest || steps.empty())
             continue;
-        const double step = OvPickCourse::median(std::move(steps));
+        const double step = OvPickCourse::median(steps);
         if (where < 0 ? step > clearStep : step < noStep)
             std::copy(second.begin() + row, second.begin() + end, m_times.begin() + row);
     }

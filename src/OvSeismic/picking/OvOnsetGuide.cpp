@@ -1,11 +1,15 @@
 #include "OvSeismic/picking/OvOnsetGuide.h"
 
 #include "OvSeismic/dsp/OvAutoregression.h"
+#include "OvSeismic/dsp/OvChangeScore.h"
+#include "OvSeismic/dsp/OvExtent.h"
 #include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -91,21 +95,23 @@ OvOnsetGuide::Quiet OvOnsetGuide::quietest(const OvTraceGrid& grid, int row)
     const int first = grid.first(row);
     const float* values = grid.row(row);
     const float largest = grid.largest(row);
-    const int loudest = static_cast<int>(
-        std::find_if(values + first, values + grid.last(row),
-                     [largest](float value) { return std::abs(value) >= largest; }) -
-        values);
-    std::vector<std::pair<float, int>> stretches;
-    for (int from = first; from + length <= loudest; from += length) {
-        const float energy = OvFir::dot(values + from, values + from, length);
-        if (energy > 0.0F)
-            stretches.emplace_back(energy, from);
+    const int loudest =
+        first + OvExtent::firstAsLarge(values + first, grid.last(row) - first, largest);
+    constexpr float silent = std::numeric_limits<float>::infinity(); // says nothing
+    m_energies.resize(static_cast<std::size_t>((loudest - first) / length));
+    OvChangeScore::energies(values + first, loudest - first, length, m_energies.data());
+    int known = 0;
+    for (float& energy : m_energies) {
+        known += energy > 0.0F ? 1 : 0;
+        energy = energy > 0.0F ? energy : silent;
     }
-    if (stretches.empty())
+    if (known == 0)
         return {};
-    const auto rank = stretches.begin() + static_cast<std::ptrdiff_t>(stretches.size() / 8);
-    std::nth_element(stretches.begin(), rank, stretches.end());
-    return {rank->second, rank->second + length};
+    const float quiet =
+        OvRank::of(m_energies.data(), static_cast<int>(m_energies.size()), known / 8);
+    const auto at = std::find(m_energies.begin(), m_energies.end(), quiet) - m_energies.begin();
+    const int from = first + static_cast<int>(at) * length;
+    return {from, from + length};
 }
 
 void OvOnsetGuide::findQuiet(const OvTraceGrid& grid, bool atCourse)

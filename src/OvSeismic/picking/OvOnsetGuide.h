@@ -73,6 +73,7 @@ private:
     double m_freedom = 1.0;
     std::vector<double> m_times;
     std::vector<Quiet> m_quiet;
+    std::vector<float> m_energies; // of stretches of one row
     std::vector<float> m_noise;
     std::vector<float> m_whitener;
     OvScoreLattice m_filtered;

@@ -1,11 +1,13 @@
 #include "OvSeismic/picking/OvOnsetSearch.h"
 
-#include "OvSeismic/dsp/OvTraceSums.h"
+#include "OvSeismic/dsp/OvRank.h"
+#include "OvSeismic/dsp/OvTraceView.h"
 #include "OvSeismic/picking/OvPickParameters.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -64,7 +66,7 @@ public:
         m_from = std::clamp(floored(guess - reach), 0, m_grid.points());
         const int to = std::clamp(floored(guess + reach) + leastSamples, m_from, m_grid.points());
         m_samples = m_grid.row(m_row) + m_from;
-        m_trace.assign(m_samples, to - m_from);
+        m_trace = {m_samples, to - m_from};
     }
 
     // Onset of the first swing within halfMs of a distance from the guide, as such a distance; NaN
@@ -85,7 +87,7 @@ public:
         auto window = this->window(0.0, m_scale.tuningMs, Sign::Either);
         // Where there is hardly any noise a weaker first lobe can be told from it.
         window.lobeShare = 0.3;
-        const auto swing = OvFirstSwing::find(m_samples, m_trace, window, Sign::Either);
+        const auto swing = OvFirstSwing::find(m_trace, window, Sign::Either);
         if (!swing.found())
             return Sign::Either;
         const double height = static_cast<double>(m_samples[swing.peak]) - swing.rest;
@@ -128,7 +130,7 @@ private:
 
     OvFirstSwing::Swing swing(double distanceMs, double halfMs, Sign sign) const
     {
-        return OvFirstSwing::find(m_samples, m_trace, window(distanceMs, halfMs, sign), sign);
+        return OvFirstSwing::find(m_trace, window(distanceMs, halfMs, sign), sign);
     }
 
     // Variance of the two periods before the onset; where the trace does not reach so far back,
@@ -137,8 +139,7 @@ private:
     {
         if (onset >= length / 2 + 2)
             return m_trace.variance(onset - 2 * length, onset);
-        OvTraceSums whole;
-        whole.assign(m_grid.row(m_row), m_grid.points());
+        const OvTraceView whole(m_grid.row(m_row), m_grid.points());
         std::vector<double> quiet;
         for (int from = 0; from + length <= whole.size(); from += length)
             quiet.push_back(whole.variance(from, from + length));
@@ -157,7 +158,7 @@ private:
     int m_row = 0;
     int m_from = 0; // sample at which what is loaded of the trace begins
     const float* m_samples = nullptr;
-    OvTraceSums m_trace;
+    OvTraceView m_trace;
 };
 
 // The sign that was asked for, unless the clear first swings of the gather mostly have the other.
@@ -188,17 +189,14 @@ double pointedAt(const OvTraceGrid& grid, const std::vector<double>& distances, 
     constexpr int reach = 4;
     const OvLinkRange near = ovNeighbours(grid.cables(), static_cast<int>(distances.size()),
                                           static_cast<int>(link), reach);
-    std::vector<double> around;
+    std::array<double, 2 * reach> around;
+    int count = 0;
     for (auto i = static_cast<std::size_t>(near.first); i < static_cast<std::size_t>(near.last);
          ++i) {
         if (i != link && std::isfinite(distances[i]))
-            around.push_back(distances[i]);
+            around[static_cast<std::size_t>(count++)] = distances[i];
     }
-    if (around.empty())
-        return 0.0;
-    const auto middle = around.begin() + static_cast<std::ptrdiff_t>(around.size() / 2);
-    std::nth_element(around.begin(), middle, around.end());
-    return *middle;
+    return count > 0 ? OvRank::median(around.data(), count) : 0.0;
 }
 
 // What a trace says when it is asked near to where its neighbours point.

@@ -1,6 +1,7 @@
 #include "OvSeismic/picking/OvPickCourse.h"
 
 #include "OvSeismic/dsp/OvDominantPeriod.h"
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
@@ -46,8 +47,10 @@ std::vector<double> OvPickCourse::slopes(const std::vector<double>& times,
             around[static_cast<std::size_t>(reach - 1)] =
                 (times[right] - times[left]) / static_cast<double>(right - left);
         }
-        std::sort(around.begin(), around.end());
-        slopes[static_cast<std::size_t>(i)] = 0.5 * (around[1] + around[2]);
+        // The two in the middle, each of which is the smaller or larger one of a pair.
+        const auto [a, b] = std::minmax(around[0], around[1]);
+        const auto [c, d] = std::minmax(around[2], around[3]);
+        slopes[static_cast<std::size_t>(i)] = 0.5 * (std::max(a, c) + std::min(b, d));
     }
     return slopes;
 }
@@ -106,16 +109,14 @@ std::vector<double> OvPickCourse::runningMedians(const std::vector<double>& valu
     const int count = static_cast<int>(values.size());
     for (int i = 0; i < count; ++i) {
         const OvLinkRange near = ovNeighbours(cables, count, i, reach);
-        medians.push_back(median({values.begin() + near.first, values.begin() + near.last}));
+        medians.push_back(OvRank::median(values.data() + near.first, near.last - near.first));
     }
     return medians;
 }
 
-double OvPickCourse::median(std::vector<double> values)
+double OvPickCourse::median(const std::vector<double>& values)
 {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+    return OvRank::median(values.data(), static_cast<int>(values.size()));
 }
 
 double OvPickCourse::periodBehind(const OvTraceGrid& grid, const std::vector<double>& starts,
@@ -130,5 +131,5 @@ double OvPickCourse::periodBehind(const OvTraceGrid& grid, const std::vector<dou
         if (period > 0.0)
             periods.push_back(period);
     }
-    return periods.empty() ? 0.0 : median(std::move(periods));
+    return periods.empty() ? 0.0 : median(periods);
 }

@@ -34,7 +34,7 @@ OVSEISMIC_EXPORT std::vector<double> runningMedians(const std::vector<double>& v
                                                     const std::vector<int>& cables);
 
 /// Median; the upper of two in the middle. values must not be empty.
-OVSEISMIC_EXPORT double median(std::vector<double> values);
+OVSEISMIC_EXPORT double median(const std::vector<double>& values);
 
 /// Median over the rows of the dominant period (ovDominantPeriod) of `length` points from each
 /// row's start on, points; 0 when no row has one.

@@ -2,7 +2,7 @@
 
 #include "OvSeismic/dsp/OvDominantPeriod.h"
 #include "OvSeismic/dsp/OvFirstSwing.h"
-#include "OvSeismic/dsp/OvTraceSums.h"
+#include "OvSeismic/dsp/OvTraceView.h"
 #include "OvSeismic/segy/OvGather.h"
 
 #include <algorithm>
@@ -42,9 +42,8 @@ double onsetNear(const float* samples, int count, double centre, double half, do
     window.last = static_cast<int>(std::floor(centre + half + peakAfterOnset * period)) + 1;
     window.quiet = static_cast<int>(period) + 1;
     window.share = leastShare;
-    OvTraceSums trace;
-    trace.assign(samples, count);
-    const auto swing = OvFirstSwing::find(samples, trace, window, OvFirstSwing::Sign::Either);
+    const OvTraceView trace(samples, count);
+    const auto swing = OvFirstSwing::find(trace, window, OvFirstSwing::Sign::Either);
     if (!swing.found())
         return NAN;
     const double height = std::abs(static_cast<double>(samples[swing.peak]) - swing.rest);

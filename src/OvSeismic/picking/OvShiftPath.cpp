@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvShiftPath.h"
 
+#include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 
 #include <algorithm>
@@ -10,21 +11,50 @@ namespace {
 
 constexpr float unreachable = -1e30F;
 
-// Of each place the larger of its own value and what comes from `shift` places before it.
-OV_VECTOR_CLONES
-void takeFromBefore(const float* in, int places, int shift, float cost, float* out)
+constexpr int lanes = 16;
+using Lanes = OvLanes<lanes>;
+
+// What a place can be reached for from itself and the three `step`s nearest to it on one side, at a
+// cost a place.
+OV_LANES_INLINE Lanes largestOfFour(const float* place, int step, const Lanes& cost)
 {
-    std::copy_n(in, shift, out);
-    for (int i = shift; i < places; ++i)
-        out[i] = std::max(in[i], in[i - shift] - cost);
+    const Lanes one = Lanes::from(place + step) - cost;
+    const Lanes two = Lanes::from(place + 2 * step) - (cost + cost);
+    const Lanes three = Lanes::from(place + 3 * step) - (cost + cost + cost);
+    return Lanes::from(place).orMore(one).orMore(two.orMore(three));
+}
+
+// Of all places what they can be reached for from the places on one side (`side` -1 before them, 1
+// behind them) at a cost a place: from four of them, by these from sixteen, by these from all.
+// There are `lanes` unreachable places at either end of values and spare.
+template <int side>
+OV_LANES_INLINE void reachFrom(float* values, float* spare, int places, float cost)
+{
+    const Lanes each = Lanes::all(cost);
+    const Lanes four = Lanes::all(4.0F * cost);
+    const Lanes all = Lanes::all(lanes * cost);
+    for (int i = 0; i < places; i += lanes)
+        largestOfFour(values + i, side, each).to(spare + i);
+    Lanes nearer = Lanes::all(unreachable);
+    for (int i = 0; i < places; i += lanes) {
+        const int at = side < 0 ? i : places - lanes - i;
+        nearer = largestOfFour(spare + at, 4 * side, four).orMore(nearer - all);
+        nearer.to(values + at);
+    }
 }
 
 OV_VECTOR_CLONES
-void takeFromBehind(const float* in, int places, int shift, float cost, float* out)
+void reach(float* values, float* spare, int places, float later, float earlier)
 {
-    for (int i = 0; i < places - shift; ++i)
-        out[i] = std::max(in[i], in[i + shift] - cost);
-    std::copy(in + (places - shift), in + places, out + (places - shift));
+    reachFrom<-1>(values, spare, places, later);
+    reachFrom<1>(values, spare, places, earlier);
+}
+
+OV_VECTOR_CLONES
+void takeSums(const float* one, const float* other, int count, float* out)
+{
+    for (int i = 0; i < count; ++i)
+        out[i] = one[i] + other[i];
 }
 
 // The point of the row before from which a point is reached for `best`: the nearest to where no
@@ -82,24 +112,19 @@ void OvShiftPath::advance(const float* before, const Step& step, const float* sc
 {
     const int expected = std::clamp(step.expected, -m_points, m_points);
     const int ahead = std::max(expected, 0); // places in front of the first point
-    const int places = m_points + std::abs(expected);
-    if (m_reached.size() < static_cast<std::size_t>(places)) {
-        m_reached.resize(static_cast<std::size_t>(places));
-        m_spare.resize(m_reached.size());
+    const int places = (m_points + std::abs(expected) + lanes - 1) / lanes * lanes;
+    const auto room = static_cast<std::size_t>(places + 2 * lanes);
+    if (m_reached.size() < room) {
+        m_reached.resize(room);
+        m_spare.resize(room);
     }
-    std::fill_n(m_reached.begin(), places, unreachable);
-    std::copy_n(before, m_points, m_reached.begin() + ahead);
-    for (int shift = 1; shift < places; shift *= 2) {
-        takeFromBefore(m_reached.data(), places, shift, static_cast<float>(shift) * step.later,
-                       m_spare.data());
-        m_reached.swap(m_spare);
-    }
-    for (int shift = 1; shift < places; shift *= 2) {
-        takeFromBehind(m_reached.data(), places, shift, static_cast<float>(shift) * step.earlier,
-                       m_spare.data());
-        m_reached.swap(m_spare);
-    }
-    const float* from = m_reached.data() + (ahead - expected);
-    for (int point = 0; point < m_points; ++point)
-        out[point] = from[point] + scores[point];
+    const auto first = m_reached.begin() + lanes + ahead;
+    std::fill(m_reached.begin(), first, unreachable);
+    std::copy_n(before, m_points, first);
+    std::fill(first + m_points, m_reached.begin() + places + 2 * lanes, unreachable);
+    std::fill_n(m_spare.begin(), lanes, unreachable);
+    std::fill_n(m_spare.begin() + lanes + places, lanes, unreachable);
+    float* reached = m_reached.data() + lanes;
+    reach(reached, m_spare.data() + lanes, places, step.later, step.earlier);
+    takeSums(reached + (ahead - expected), scores, m_points, out);
 }

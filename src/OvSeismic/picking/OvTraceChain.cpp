@@ -1,11 +1,10 @@
 #include "OvSeismic/picking/OvTraceChain.h"
 
-#include "OvSeismic/dsp/OvVectorClones.h"
+#include "OvSeismic/dsp/OvExtent.h"
 #include "OvSeismic/picking/OvCableFinder.h"
 #include "OvSeismic/segy/OvGather.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numeric>
 
@@ -19,47 +18,12 @@ bool isAuxiliary(const OvTraceHeader& header)
     return header.traceId >= firstOther && header.traceId <= lastOther;
 }
 
-struct Extent
-{
-    float least;
-    float most;
-    bool finite;
-};
-
-OV_VECTOR_CLONES
-Extent extentOf(const float* samples, int count)
-{
-    // Independent lanes, which a compiler may keep in one vector register.
-    constexpr std::size_t lanes = 8;
-    std::array<float, lanes> least{};
-    std::array<float, lanes> most{};
-    std::array<float, lanes> zeros{}; // no longer 0 after what is no finite number
-    least.fill(samples[0]);
-    most.fill(samples[0]);
-    const auto take = [&](std::size_t lane, float value) {
-        least[lane] = value < least[lane] ? value : least[lane];
-        most[lane] = value > most[lane] ? value : most[lane];
-        zeros[lane] += value * 0.0F;
-    };
-    const auto size = static_cast<std::size_t>(count);
-    std::size_t i = 0;
-    for (; i + lanes <= size; i += lanes) {
-        for (std::size_t lane = 0; lane < lanes; ++lane)
-            take(lane, samples[i + lane]);
-    }
-    for (; i < size; ++i)
-        take(0, samples[i]);
-    return {*std::min_element(least.begin(), least.end()),
-            *std::max_element(most.begin(), most.end()),
-            std::accumulate(zeros.begin(), zeros.end(), 0.0F) == 0.0F};
-}
-
 bool isLive(const OvGather& gather, int row)
 {
     if (isAuxiliary(gather.headers[static_cast<std::size_t>(row)]) || gather.sampleCount < 1)
         return false;
-    const Extent extent = extentOf(gather.trace(row), gather.sampleCount);
-    return extent.finite && extent.most > extent.least;
+    const OvExtent extent = OvExtent::of(gather.trace(row), gather.sampleCount);
+    return extent.isFinite && extent.most > extent.least;
 }
 
 const OvTraceHeader& header(const OvGather& gather, int row)

@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvTraceGrid.h"
 
+#include "OvSeismic/dsp/OvExtent.h"
 #include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvTraceChain.h"
@@ -49,25 +50,6 @@ void centre(float* points, int count)
         points[k] -= mean;
 }
 
-OV_VECTOR_CLONES
-float largestOf(const float* points, int count)
-{
-    std::array<float, lanes> largest{};
-    const auto take = [&](std::size_t lane, float value) {
-        const float amount = std::abs(value);
-        largest[lane] = amount > largest[lane] ? amount : largest[lane];
-    };
-    const auto size = static_cast<std::size_t>(count);
-    std::size_t i = 0;
-    for (; i + lanes <= size; i += lanes) {
-        for (std::size_t lane = 0; lane < lanes; ++lane)
-            take(lane, points[i + lane]);
-    }
-    for (; i < size; ++i)
-        take(0, points[i]);
-    return *std::max_element(largest.begin(), largest.end());
-}
-
 } // namespace
 
 int OvTraceGrid::lengthOf(const OvGather& gather, int row)
@@ -86,7 +68,7 @@ void OvTraceGrid::take(const float* samples, int count, int every, Span* span, f
     float* points = out + span->first;
     takeMeans(samples, every, taken, points);
     centre(points, taken);
-    span->largest = largestOf(points, taken);
+    span->largest = OvExtent::of(points, taken).amount();
 }
 
 OvTraceGrid::Clock OvTraceGrid::clockOf(const OvGather& gather, const OvTraceChain& chain)
@@ -146,6 +128,6 @@ void OvTraceGrid::takeFiltered(const OvTraceGrid& from, const std::vector<float>
         // What a filter makes of the edge is no signal.
         const int settled = std::min(span.first + static_cast<int>(taps.size()) - 1, span.last);
         std::fill(row(i) + span.first, row(i) + settled, 0.0F);
-        span.largest = largestOf(row(i) + span.first, span.last - span.first);
+        span.largest = OvExtent::of(row(i) + span.first, span.last - span.first).amount();
     }
 }

@@ -1,6 +1,6 @@
 #include "OvSeismic/dsp/OvFirstSwing.h"
 
-#include "OvSeismic/dsp/OvTraceSums.h"
+#include "OvSeismic/dsp/OvTraceView.h"
 
 #include <QtTest>
 
@@ -41,9 +41,8 @@ void addTriangle(std::vector<float>* samples, double onset, float height)
 OvFirstSwing::Swing findIn(const std::vector<float>& samples, const OvFirstSwing::Window& window,
                            Sign sign)
 {
-    OvTraceSums trace;
-    trace.assign(samples.data(), static_cast<int>(samples.size()));
-    return OvFirstSwing::find(samples.data(), trace, window, sign);
+    const OvTraceView trace(samples.data(), static_cast<int>(samples.size()));
+    return OvFirstSwing::find(trace, window, sign);
 }
 
 OvFirstSwing::Window windowOf(int first, int last)

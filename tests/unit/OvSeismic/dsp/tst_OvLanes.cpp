@@ -13,6 +13,7 @@ class tst_OvLanes : public QObject
 private slots:
     void arithmetic();
     void largerAndSmaller();
+    void comparisons();
     void allAreTheSame();
     void sumIsOfAll();
 };
@@ -43,6 +44,7 @@ void tst_OvLanes::arithmetic()
         QCOMPARE(valuesOf(one + two)[i], a[i] + b[i]);
         QCOMPARE(valuesOf(one - two)[i], a[i] - b[i]);
         QCOMPARE(valuesOf(one * two)[i], a[i] * b[i]);
+        QCOMPARE(valuesOf(one / two)[i], a[i] / b[i]);
         QCOMPARE(valuesOf(sum)[i], a[i] + b[i]);
     }
 }
@@ -55,6 +57,19 @@ void tst_OvLanes::largerAndSmaller()
         QCOMPARE(valuesOf(one.orMore(two))[i], std::max(a[i], b[i]));
         QCOMPARE(valuesOf(one.orLess(two))[i], std::min(a[i], b[i]));
     }
+}
+
+void tst_OvLanes::comparisons()
+{
+    const Lanes one = Lanes::from(a.data());
+    const Lanes two = Lanes::from(b.data());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        QCOMPARE(valuesOf(one.isLess(two))[i], a[i] < b[i] ? 1.0F : 0.0F);
+        QCOMPARE(valuesOf(one.whereLess(two, one, -9.0F))[i], b[i] < a[i] ? a[i] : -9.0F);
+    }
+    QCOMPARE(one.largest(), 7.0F);
+    const std::array<double, 4> exact{1e-12, 3e-12, 2e-12, -1.0};
+    QCOMPARE((OvLanes<4, double>::from(exact.data()).largest()), 3e-12);
 }
 
 void tst_OvLanes::allAreTheSame()
