@@ -1,6 +1,6 @@
 #include "OvSeismic/dsp/OvChangeScore.h"
 
-#include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvDot_p.h"
 #include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 
@@ -62,6 +62,14 @@ OV_VECTOR_CLONES void takeEnergies(const float* samples, int blocks, float* out)
             sum += samples[k * block + i] * samples[k * block + i];
         out[k] = sum * share;
     }
+}
+
+OV_VECTOR_CLONES
+void takeLongEnergies(const float* samples, int block, int blocks, float* out)
+{
+    const float share = 1.0F / static_cast<float>(block);
+    for (int k = 0; k < blocks; ++k, samples += block)
+        out[k] = share * ovDot(samples, samples, block);
 }
 
 // What stands out of the blocks but the last one.
@@ -164,9 +172,7 @@ void OvChangeScore::energies(const float* samples, int count, int block, float* 
     default:
         break;
     }
-    const float share = 1.0F / static_cast<float>(block);
-    for (int k = 0; k < blocks; ++k, samples += block)
-        out[k] = share * OvFir::dot(samples, samples, block);
+    takeLongEnergies(samples, block, blocks, out);
 }
 
 void OvChangeScore::ratios(const Rule& rule, int blocks, float* values)

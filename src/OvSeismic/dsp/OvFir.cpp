@@ -1,5 +1,6 @@
 #include "OvSeismic/dsp/OvFir.h"
 
+#include "OvSeismic/dsp/OvDot_p.h"
 #include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 
@@ -16,9 +17,6 @@ constexpr std::ptrdiff_t startOf(int index)
 {
     return static_cast<std::ptrdiff_t>(index) * lanes;
 }
-
-// From element n on the weights of eight values of which the last n count.
-constexpr std::array<float, 16> lastOf8{0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
 
 float beyond(const float* in, int count, int i)
 {
@@ -110,40 +108,64 @@ void applyAtEdge(const std::vector<float>& taps, int ahead, const float* in, int
     }
 }
 
+// What is mixed: parts anywhere, or rows one after the other.
+struct Parts
+{
+    const OvFir::Part* parts;
+    std::size_t count;
+    const float* samples(std::size_t index) const { return parts[index].samples; }
+    float weight(std::size_t index) const { return parts[index].weight; }
+};
+
+struct Rows
+{
+    const float* first;
+    const float* weights;
+    std::size_t count;
+    std::size_t length;
+    const float* samples(std::size_t index) const { return first + index * length; }
+    float weight(std::size_t index) const { return weights[index]; }
+};
+
 // What `registers` full of points add up to.
-template <int registers>
-OV_LANES_INLINE void mixBlock(const OvFir::Part* first, const OvFir::Part* last, int from,
-                              float* out)
+template <int registers, typename Source>
+OV_LANES_INLINE void mixBlock(const Source& source, int from, float* out)
 {
     std::array<Lanes, registers> sums;
     sums.fill(Lanes::all(0.0F));
-    for (const OvFir::Part* part = first; part != last; ++part) {
-        const Lanes weight = Lanes::all(part->weight);
+    for (std::size_t k = 0; k < source.count; ++k) {
+        const Lanes weight = Lanes::all(source.weight(k));
+        const float* samples = source.samples(k) + from;
         for (int j = 0; j < registers; ++j)
-            sums[static_cast<std::size_t>(j)] +=
-                Lanes::from(part->samples + from + startOf(j)) * weight;
+            sums[static_cast<std::size_t>(j)] += Lanes::from(samples + startOf(j)) * weight;
     }
     for (int j = 0; j < registers; ++j)
         sums[static_cast<std::size_t>(j)].to(out + from + startOf(j));
 }
 
-OV_VECTOR_CLONES
-void mixParts(const OvFir::Part* first, const OvFir::Part* last, int count, float* out)
+template <typename Source>
+OV_LANES_INLINE void mixAll(const Source& source, int count, float* out)
 {
     constexpr int registers = 4;
     constexpr int wide = registers * lanes;
     int i = 0;
     for (; i + wide <= count; i += wide)
-        mixBlock<registers>(first, last, i, out);
+        mixBlock<registers>(source, i, out);
     for (; i + lanes <= count; i += lanes)
-        mixBlock<1>(first, last, i, out);
+        mixBlock<1>(source, i, out);
     if (i > 0 && i < count)
-        mixBlock<1>(first, last, count - lanes, out);
+        mixBlock<1>(source, count - lanes, out);
     for (; i < count && count < lanes; ++i) {
         out[i] = 0.0F;
-        for (const OvFir::Part* part = first; part != last; ++part)
-            out[i] += part->samples[i] * part->weight;
+        for (std::size_t k = 0; k < source.count; ++k)
+            out[i] += source.samples(k)[i] * source.weight(k);
     }
+}
+
+OV_VECTOR_CLONES
+void mixParts(const Parts& parts, int count, float* out)
+{
+    mixAll(parts, count, out);
 }
 
 } // namespace
@@ -199,37 +221,18 @@ void OvFir::addBetween(const float* in, float part, float factor, int count, flo
 
 void OvFir::mix(const std::vector<Part>& parts, int count, float* out)
 {
-    mixParts(parts.data(), parts.data() + parts.size(), count, out);
+    mixParts({parts.data(), parts.size()}, count, out);
+}
+
+OV_VECTOR_CLONES
+void OvFir::mixRows(const float* samples, const float* weights, int rows, int count, float* out)
+{
+    mixAll(Rows{samples, weights, static_cast<std::size_t>(rows), static_cast<std::size_t>(count)},
+           count, out);
 }
 
 OV_VECTOR_CLONES
 float OvFir::dot(const float* a, const float* b, int count)
 {
-    using Few = OvLanes<8>;
-    constexpr int few = 8;
-    constexpr int wide = 2 * lanes;
-    const auto product = [a, b](int i) { return Lanes::from(a + i) * Lanes::from(b + i); };
-    int i = 0;
-    float sum = 0.0F;
-    if (count >= 2 * wide) {
-        Lanes even = product(0);
-        Lanes odd = product(lanes);
-        for (i = wide; i + wide <= count; i += wide) {
-            even += product(i);
-            odd += product(i + lanes);
-        }
-        sum = (even + odd).sum();
-    }
-    if (count - i >= few) {
-        Few rest = Few::from(a + i) * Few::from(b + i);
-        for (i += few; i + few <= count; i += few)
-            rest += Few::from(a + i) * Few::from(b + i);
-        // The last ones once more, of which those that have been taken count nothing.
-        const int last = count - few;
-        rest += Few::from(a + last) * Few::from(b + last) * Few::from(lastOf8.data() + count - i);
-        return sum + rest.sum();
-    }
-    for (; i < count; ++i)
-        sum += a[i] * b[i];
-    return sum;
+    return ovDot(a, b, count);
 }

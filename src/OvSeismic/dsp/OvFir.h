@@ -42,6 +42,10 @@ struct Part
 /// out[i] = sum of the parts' weight * samples[i].
 OVSEISMIC_EXPORT void mix(const std::vector<Part>& parts, int count, float* out);
 
+/// The same of rows of `count` samples each that follow on each other.
+OVSEISMIC_EXPORT void mixRows(const float* samples, const float* weights, int rows, int count,
+                              float* out);
+
 /// sum of a[i] * b[i].
 OVSEISMIC_EXPORT float dot(const float* a, const float* b, int count);
 

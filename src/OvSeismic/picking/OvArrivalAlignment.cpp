@@ -1,11 +1,13 @@
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 
+#include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -50,7 +52,7 @@ void OvArrivalAlignment::chooseNeighbours(int mostOnASide)
         m_neighbours =
             std::clamp(rounded(wanted * wanted / (usual * usual)), fewestNeighbours, mostOnASide);
     m_taper.clear();
-    for (int away = 0; away <= m_neighbours; ++away) {
+    for (int away = -m_neighbours; away <= m_neighbours; ++away) {
         const double share = away / (0.6 * m_neighbours);
         m_taper.push_back(static_cast<float>(std::exp(-share * share)));
     }
@@ -85,15 +87,15 @@ void OvArrivalAlignment::cut(const Input& input)
 
 void OvArrivalAlignment::stack(const Input& input, int row)
 {
-    m_parts.clear();
     const OvLinkRange near = input.chain->neighbours(row, m_neighbours);
-    for (int other = near.first; other < near.last; ++other) {
-        const float weight = m_weights[at(other)] * m_taper[at(std::abs(other - row))];
-        if (other != row)
-            m_parts.push_back({m_cuts.data() + at(other) * at(m_length), weight});
-    }
+    const float* taper = m_taper.data() + (m_neighbours + near.first - row);
+    m_shares.resize(at(near.last - near.first));
+    std::transform(taper, taper + m_shares.size(), m_weights.begin() + near.first, m_shares.begin(),
+                   std::multiplies<>());
+    m_shares[at(row - near.first)] = 0.0F;
     m_pilot.resize(at(m_length));
-    OvFir::mix(m_parts, m_length, m_pilot.data());
+    OvFir::mixRows(m_cuts.data() + at(near.first) * at(m_length), m_shares.data(),
+                   near.last - near.first, m_length, m_pilot.data());
     const float energy = OvFir::dot(m_pilot.data(), m_pilot.data(), m_length);
     const float scale = energy > 0.0F ? 1.0F / std::sqrt(energy) : 0.0F;
     for (float& value : m_pilot)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
-#include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/picking/OvShiftPath.h"
 
 #include <atomic>
@@ -72,13 +71,13 @@ private:
     int m_length = 0; // of the pilot
     int m_reach = 0;  // largest shift
     int m_neighbours = 0;
-    std::vector<float> m_taper; // weight of a neighbour by its distance
+    std::vector<float> m_taper; // weights of the neighbours, the row itself in the middle
     std::vector<Match> m_matches;
     std::vector<float> m_cuts; // of each row, aligned, of unit size
     std::vector<float> m_weights;
     std::vector<float> m_pilot;
-    std::vector<OvFir::Part> m_parts; // of the pilot
-    std::vector<float> m_under;       // samples that lie under the pilot at any shift
+    std::vector<float> m_shares; // of the neighbours in the pilot
+    std::vector<float> m_under;  // samples that lie under the pilot at any shift
     std::vector<float> m_ones;
     std::vector<float> m_energies;     // of what lies under it at each shift
     std::vector<float> m_correlations; // of each row, 2 * reach + 1

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/dsp/OvFirstSwing.h"
 
 #include <vector>
@@ -23,16 +24,19 @@ public:
 
     /// How many traces on either side are stacked; 7 unless set.
     void setNeighbours(int neighbours) { m_neighbours = neighbours; }
-    /// Stacks the traces around a row; period in points. The stack runs from two periods ahead of
-    /// the arrival to two behind it.
-    void stack(const OvTraceGrid& grid, const std::vector<Member>& members, int row, double period);
+    /// Takes over what is stacked from then on: rows of a grid, which has to stay, one member each;
+    /// period in points.
+    void load(const OvTraceGrid& grid, const std::vector<Member>& members, double period);
+    /// Stacks the traces around a row. The stack runs from two periods ahead of the arrival to two
+    /// behind it.
+    void stack(int row);
     const std::vector<float>& samples() const { return m_samples; }
     /// Point of samples() at which the arrivals were aligned.
     int origin() const { return m_origin; }
     /// Onset of the first swing near the origin, as points from it; 0 when there is none. A swing
     /// of the other sign than the asked one is passed over when it is much weaker than the asked
     /// one right behind it.
-    double onset(double period, OvFirstSwing::Sign asked) const;
+    double onset(OvFirstSwing::Sign asked) const;
 
     /// Onsets at every row, points from the member's own; medians of nine, so that the onset does
     /// not jump from one neighbourhood to the next.
@@ -40,9 +44,21 @@ public:
                                double period, OvFirstSwing::Sign asked);
 
 private:
-    void add(const OvTraceGrid& grid, const Member& member, int row, float weight, double period);
+    // How a row lies in the stacks.
+    struct Place
+    {
+        int start = 0;      // point of the row at which a stack begins,
+        float part = 0.0F;  // and how much later
+        float scale = 0.0F; // 0 leaves it out
+    };
+    Place placeOf(const Member& member, int row) const;
 
+    const OvTraceGrid* m_grid = nullptr;
     int m_neighbours = 7;
     int m_origin = 0;
+    double m_period = 0.0;
+    std::vector<Place> m_places;
+    std::vector<float> m_taper; // weight of a neighbour by its distance
+    std::vector<OvFir::Part> m_parts;
     std::vector<float> m_samples;
 };

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <numeric>
 #include <set>
 
@@ -34,15 +33,21 @@ Place sourceOf(const OvTraceHeader& trace)
 template <typename PlaceOf>
 std::vector<int> numbered(const OvGather& gather, const std::vector<int>& rows, PlaceOf placeOf)
 {
-    std::map<std::pair<double, double>, int> numbers;
-    std::vector<int> result;
-    for (const int row : rows) {
+    std::vector<Place> places;
+    places.reserve(rows.size());
+    for (const int row : rows)
+        places.push_back(placeOf(header(gather, row)));
+    return OvLineFinder::numbersOf(places);
+}
+
+template <typename PlaceOf>
+bool isOnePlace(const OvGather& gather, const std::vector<int>& rows, PlaceOf placeOf)
+{
+    const Place first = placeOf(header(gather, rows.front()));
+    return std::all_of(rows.begin(), rows.end(), [&](int row) {
         const Place place = placeOf(header(gather, row));
-        const auto known =
-            numbers.emplace(std::pair(place.x, place.y), static_cast<int>(numbers.size())).first;
-        result.push_back(known->second);
-    }
-    return result;
+        return place.x == first.x && place.y == first.y;
+    });
 }
 
 int countOf(const std::vector<int>& numbers)
@@ -239,16 +244,16 @@ void joinNearest(std::vector<int>* cables)
 // The cables of traces of one shot or one receiver; one where both change.
 std::vector<int> cablesOf(const OvGather& gather, const std::vector<int>& rows)
 {
-    const int receivers = countOf(numbered(gather, rows, receiverOf));
-    const int sources = countOf(numbered(gather, rows, sourceOf));
-    if (receivers == 1 && sources == 1)
+    const bool isOneReceiver = isOnePlace(gather, rows, receiverOf);
+    const bool isOneSource = isOnePlace(gather, rows, sourceOf);
+    if (isOneReceiver && isOneSource)
         return byOffsets(gather, rows);
-    if (receivers > 1 && sources > 1)
+    if (!isOneReceiver && !isOneSource)
         return std::vector<int>(rows.size(), 0);
     std::vector<Place> places;
     for (const int row : rows) {
         const OvTraceHeader& trace = header(gather, row);
-        places.push_back(receivers > 1 ? receiverOf(trace) : sourceOf(trace));
+        places.push_back(isOneReceiver ? sourceOf(trace) : receiverOf(trace));
     }
     return OvLineFinder::find(places);
 }

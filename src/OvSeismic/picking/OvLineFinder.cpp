@@ -1,5 +1,9 @@
 #include "OvSeismic/picking/OvLineFinder.h"
 
+#include "OvSeismic/dsp/OvLanes.h"
+#include "OvSeismic/dsp/OvRank.h"
+#include "OvSeismic/dsp/OvVectorClones.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -43,24 +47,48 @@ private:
     std::vector<std::size_t> m_parents;
 };
 
+// Square of the distance from a place to the nearest one; infinite without any.
+OV_VECTOR_CLONES
+double nearestOf(const double* x, const double* y, std::size_t count, const Place& from)
+{
+    constexpr std::size_t lanes = 8;
+    using Lanes = OvLanes<lanes, double>;
+    Lanes least = Lanes::all(std::numeric_limits<double>::infinity());
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        const Lanes aside = Lanes::from(x + i) - Lanes::all(from.x);
+        const Lanes ahead = Lanes::from(y + i) - Lanes::all(from.y);
+        least = least.orLess(aside * aside + ahead * ahead);
+    }
+    double nearest = -(Lanes::all(0.0) - least).largest();
+    for (; i < count; ++i) {
+        const double aside = x[i] - from.x;
+        const double ahead = y[i] - from.y;
+        nearest = std::min(nearest, aside * aside + ahead * ahead);
+    }
+    return nearest;
+}
+
 // Median distance of a place to the nearest other one.
 double spacingOf(const std::vector<Place>& places)
 {
     constexpr std::size_t enough = 64;
-    std::vector<double> nearest;
-    const std::size_t every = std::max<std::size_t>(1, places.size() / enough);
-    for (std::size_t i = 0; i < places.size(); i += every) {
-        double least = std::numeric_limits<double>::infinity(); // squared
-        for (std::size_t k = 0; k < places.size(); ++k) {
-            const double x = places[k].x - places[i].x;
-            const double y = places[k].y - places[i].y;
-            least = k == i ? least : std::min(least, x * x + y * y);
-        }
-        nearest.push_back(std::sqrt(least));
+    const std::size_t count = places.size();
+    std::vector<double> x;
+    std::vector<double> y;
+    for (const Place& place : places) {
+        x.push_back(place.x);
+        y.push_back(place.y);
     }
-    const auto middle = nearest.begin() + static_cast<std::ptrdiff_t>(nearest.size() / 2);
-    std::nth_element(nearest.begin(), middle, nearest.end());
-    return *middle;
+    std::vector<double> nearest; // squared
+    const std::size_t every = std::max<std::size_t>(1, count / enough);
+    for (std::size_t i = 0; i < count; i += every) {
+        const std::size_t next = i + 1;
+        nearest.push_back(
+            std::min(nearestOf(x.data(), y.data(), i, places[i]),
+                     nearestOf(x.data() + next, y.data() + next, count - next, places[i])));
+    }
+    return std::sqrt(OvRank::median(nearest.data(), static_cast<int>(nearest.size())));
 }
 
 // Places in squares as wide as a link, so that those within reach lie in the squares around.
@@ -208,6 +236,12 @@ std::vector<int> numbersOf(Forest* forest, std::size_t count)
 
 std::vector<int> pieceOfEach(const std::vector<Place>& places, double spacing)
 {
+    // Mostly each place is linked to the next one.
+    const auto isFar = [spacing](const Place& a, const Place& b) {
+        return !(distance(a, b) <= linked * spacing);
+    };
+    if (std::adjacent_find(places.begin(), places.end(), isFar) == places.end())
+        return std::vector<int>(places.size(), 0);
     const Squares squares(places, linked * spacing);
     Forest forest(places.size());
     for (std::size_t i = 0; i < places.size(); ++i)
@@ -306,17 +340,34 @@ bool areLines(const std::vector<Piece>& lines, double spacing)
 
 } // namespace
 
+std::vector<int> OvLineFinder::numbersOf(const std::vector<Place>& places)
+{
+    const auto isBefore = [&places](std::size_t a, std::size_t b) {
+        return std::pair(places[a].x, places[a].y) < std::pair(places[b].x, places[b].y);
+    };
+    std::vector<std::size_t> order(places.size());
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    if (!std::is_sorted(order.begin(), order.end(), isBefore))
+        std::stable_sort(order.begin(), order.end(), isBefore);
+    std::vector<std::size_t> firsts(places.size()); // the first of all at the same place
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const bool isNew = i == 0 || isBefore(order[i - 1], order[i]);
+        firsts[order[i]] = isNew ? order[i] : firsts[order[i - 1]];
+    }
+    std::vector<int> numbers(places.size());
+    int next = 0;
+    for (std::size_t i = 0; i < places.size(); ++i)
+        numbers[i] = firsts[i] == i ? next++ : numbers[firsts[i]];
+    return numbers;
+}
+
 std::vector<int> OvLineFinder::find(const std::vector<Place>& places)
 {
-    using Position = std::pair<double, double>;
-    std::map<Position, std::size_t> known;
+    const std::vector<int> indices = numbersOf(places);
     std::vector<Place> distinct;
-    std::vector<std::size_t> indices;
-    for (const Place& place : places) {
-        const auto [at, isNew] = known.emplace(Position(place.x, place.y), distinct.size());
-        if (isNew)
-            distinct.push_back(place);
-        indices.push_back(at->second);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (static_cast<std::size_t>(indices[i]) == distinct.size())
+            distinct.push_back(places[i]);
     }
     std::vector<int> lines(places.size(), 0);
     const double spacing = distinct.size() > 2 ? spacingOf(distinct) : 0.0;
@@ -333,6 +384,6 @@ std::vector<int> OvLineFinder::find(const std::vector<Place>& places)
     if (!areLines(piecesOf(distinct, numbers), spacing))
         return lines;
     for (std::size_t i = 0; i < places.size(); ++i)
-        lines[i] = numbers[indices[i]];
+        lines[i] = numbers[static_cast<std::size_t>(indices[i])];
     return lines;
 }

@@ -13,6 +13,9 @@ struct Place
     double y = 0.0;
 };
 
+/// Number of each place among the different ones, in the order in which these first come.
+OVSEISMIC_EXPORT std::vector<int> numbersOf(const std::vector<Place>& places);
+
 /// The line of each place, from 0. Places no farther apart than 1.6 times the usual distance to the
 /// nearest one make a piece; pieces that go on from each other, with a gap or a bend between them,
 /// make a line, the straightest continuations first; pieces side by side do not. All 0 where

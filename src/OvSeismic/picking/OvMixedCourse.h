@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
+#include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/dsp/OvNoiseLevel.h"
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 #include "OvSeismic/picking/OvOnsetLattice.h"

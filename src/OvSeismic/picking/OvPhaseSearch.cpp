@@ -115,9 +115,10 @@ std::vector<double> OvPhaseSearch::find(const OvTraceGrid& grid,
     if (phase == OvPickPhase::Onset)
         return points;
     OvArrivalStack stack;
+    stack.load(grid, members, period);
     double last = 0.25 * period;
     for (int row = 0; row < static_cast<int>(members.size()); ++row) {
-        stack.stack(grid, members, row, period);
+        stack.stack(row);
         const double found = onStack(stack, period, phase);
         last = std::isfinite(found) ? found : last;
         distances.push_back(last);

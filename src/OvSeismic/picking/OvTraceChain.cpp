@@ -62,10 +62,10 @@ Vector alongTheLine(const OvGather& gather, const std::vector<int>& rows)
         Vector along{0.0, 0.0};
         for (const int row : rows) {
             const Vector way = between(origin, header(gather, row));
-            if (std::hypot(way.x, way.y) > std::hypot(along.x, along.y))
+            if (way.x * way.x + way.y * way.y > along.x * along.x + along.y * along.y)
                 along = way;
         }
-        if (std::hypot(along.x, along.y) > 0.0)
+        if (along.x != 0.0 || along.y != 0.0)
             return along;
     }
     return {0.0, 0.0};
@@ -258,7 +258,7 @@ bool isCommonOffset(const OvGather& gather, const std::vector<int>& rows)
     const auto moves = [&](auto between) {
         return std::any_of(rows.begin(), rows.end(), [&](int row) {
             const Vector way = between(first, header(gather, row));
-            return std::hypot(way.x, way.y) > 0.0;
+            return way.x != 0.0 || way.y != 0.0;
         });
     };
     if (!moves(betweenReceivers) || !moves(betweenSources))

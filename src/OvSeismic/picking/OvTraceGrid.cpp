@@ -66,6 +66,8 @@ void OvTraceGrid::take(const float* samples, int count, int every, Span* span, f
     const int taken = std::max(std::min(count / every, m_points - span->first), 0);
     span->last = span->first + taken;
     float* points = out + span->first;
+    std::fill(out, points, 0.0F);
+    std::fill(points + taken, out + m_points, 0.0F);
     takeMeans(samples, every, taken, points);
     centre(points, taken);
     span->largest = OvExtent::of(points, taken).amount();
@@ -98,7 +100,7 @@ void OvTraceGrid::load(const OvGather& gather, const OvTraceChain& chain, int ev
     const double usedMs = lengthMs > 0.0 ? std::min(lengthMs, wholeMs) : wholeMs;
     m_points = std::max(static_cast<int>(usedMs / m_stepMs), 1);
     m_spans.assign(static_cast<std::size_t>(m_rows), {});
-    m_values.assign(static_cast<std::size_t>(m_rows) * static_cast<std::size_t>(m_points), 0.0F);
+    m_values.resize(static_cast<std::size_t>(m_rows) * static_cast<std::size_t>(m_points));
     for (int i = 0; i < m_rows; ++i) {
         Span& span = m_spans[static_cast<std::size_t>(i)];
         const int source = chain.rows[static_cast<std::size_t>(i)];
@@ -119,7 +121,7 @@ void OvTraceGrid::takeFiltered(const OvTraceGrid& from, const std::vector<float>
     m_stepMs = from.m_stepMs;
     m_cables = from.m_cables;
     m_spans = from.m_spans;
-    m_values.assign(from.m_values.size(), 0.0F);
+    m_values.resize(from.m_values.size());
     for (int i = 0; i < m_rows; ++i) {
         Span& span = m_spans[static_cast<std::size_t>(i)];
         if (span.last > span.first)
@@ -127,7 +129,8 @@ void OvTraceGrid::takeFiltered(const OvTraceGrid& from, const std::vector<float>
                          row(i) + span.first);
         // What a filter makes of the edge is no signal.
         const int settled = std::min(span.first + static_cast<int>(taps.size()) - 1, span.last);
-        std::fill(row(i) + span.first, row(i) + settled, 0.0F);
+        std::fill(row(i), row(i) + settled, 0.0F);
+        std::fill(row(i) + span.last, row(i) + m_points, 0.0F);
         span.largest = OvExtent::of(row(i) + span.first, span.last - span.first).amount();
     }
 }

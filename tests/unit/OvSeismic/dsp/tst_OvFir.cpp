@@ -22,6 +22,7 @@ private slots:
     void mirrorsWhatLiesBeyond();
     void mixesParts_data();
     void mixesParts();
+    void mixesRows();
     void addsBetweenSamples();
     void correlatesAtEachPoint_data();
     void correlatesAtEachPoint();
@@ -239,6 +240,20 @@ void tst_OvFir::mixesParts()
                 1e-4 * (1.0 + std::abs(sum)));
     }
     QCOMPARE(out.back(), -99.0F);
+}
+
+void tst_OvFir::mixesRows()
+{
+    const std::vector<float> in = wave(100);
+    const std::vector<float> weights{0.5F, -1.0F, 2.0F};
+    for (const int count : {1, 15, 16, 22, 33}) {
+        std::vector<float> out(static_cast<std::size_t>(count), -99.0F);
+        OvFir::mixRows(in.data(), weights.data(), 3, count, out.data());
+        std::vector<float> expected(out.size());
+        OvFir::mix({{in.data(), 0.5F}, {in.data() + count, -1.0F}, {in.data() + 2 * count, 2.0F}},
+                   count, expected.data());
+        QCOMPARE(out, expected);
+    }
 }
 
 void tst_OvFir::addsBetweenSamples()

@@ -66,7 +66,8 @@ struct Setup
     {
         OvArrivalStack stack;
         stack.setNeighbours(neighbours);
-        stack.stack(grid, members, row, periodPoints);
+        stack.load(grid, members, periodPoints);
+        stack.stack(row);
         return stack.samples();
     }
 };
@@ -149,7 +150,8 @@ void tst_OvArrivalStack::runsTwoPeriodsEitherSide()
 {
     const Setup setup(0.0);
     OvArrivalStack stack;
-    stack.stack(setup.grid, setup.members, 30, periodPoints);
+    stack.load(setup.grid, setup.members, periodPoints);
+    stack.stack(30);
     QCOMPARE(stack.origin(), 40);
     QCOMPARE(stack.samples().size(), std::size_t(81));
     // The first peak of the wavelet lies 12 ms behind its onset.
