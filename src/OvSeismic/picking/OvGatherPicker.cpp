@@ -146,7 +146,8 @@ void Run::chooseInterval()
         every *= coarser;
         m_scouted /= coarser;
     }
-    m_work.grid.load(m_gather, m_chain, every, parameters().processingLengthMs);
+    if (!isSet(m_cancel))
+        m_work.grid.load(m_gather, m_chain, every, parameters().processingLengthMs);
 }
 
 void Run::takeLimits()
@@ -192,6 +193,8 @@ void Run::addPrior()
 bool Run::findCourse()
 {
     chooseInterval();
+    if (isSet(m_cancel))
+        return false;
     takeLimits();
     return m_work.guide.find(m_work.grid, m_chain, m_limits, m_scouted);
 }
