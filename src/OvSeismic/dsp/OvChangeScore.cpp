@@ -19,13 +19,12 @@ constexpr float leastWindow = 2.0F;
 constexpr float lackWeight = 2.0F;
 constexpr int stretch = 512;
 constexpr int lanes = 16;
-using Lanes = OvLanes<lanes>;
 
 // The ratios of some blocks in place of their energies, which `ahead` more blocks follow.
-template <int count>
+template <int bytes, int count>
 OV_LANES_INLINE void takeRatios(const OvChangeScore::Rule& rule, int ahead, float* values)
 {
-    using Some = OvLanes<count>;
+    using Some = OvLanes<count, float, bytes>;
     const Some energies = Some::from(values);
     Some mask = energies;
     for (int i = 1; i <= ahead; ++i)
@@ -38,18 +37,18 @@ OV_LANES_INLINE void takeRatios(const OvChangeScore::Rule& rule, int ahead, floa
         .to(values);
 }
 
-OV_VECTOR_CLONES
-void takeAllRatios(const OvChangeScore::Rule& rule, int blocks, float* values)
+template <int bytes>
+OV_LANES_INLINE void takeAllRatios(const OvChangeScore::Rule& rule, int blocks, float* values)
 {
     constexpr int few = 4;
     const int ahead = rule.forerunner > 0.0F ? std::max(rule.ahead, 0) : 0;
     int k = 0;
     for (; k + ahead + lanes <= blocks; k += lanes)
-        takeRatios<lanes>(rule, ahead, values + k);
+        takeRatios<bytes, lanes>(rule, ahead, values + k);
     for (; k + ahead + few <= blocks; k += few)
-        takeRatios<few>(rule, ahead, values + k);
+        takeRatios<bytes, few>(rule, ahead, values + k);
     for (; k < blocks; ++k)
-        takeRatios<1>(rule, std::min(ahead, blocks - 1 - k), values + k);
+        takeRatios<bytes, 1>(rule, std::min(ahead, blocks - 1 - k), values + k);
 }
 
 template <int block>
@@ -64,12 +63,12 @@ OV_VECTOR_CLONES void takeEnergies(const float* samples, int blocks, float* out)
     }
 }
 
-OV_VECTOR_CLONES
-void takeLongEnergies(const float* samples, int block, int blocks, float* out)
+template <int bytes>
+OV_LANES_INLINE void takeLongEnergies(const float* samples, int block, int blocks, float* out)
 {
     const float share = 1.0F / static_cast<float>(block);
     for (int k = 0; k < blocks; ++k, samples += block)
-        out[k] = share * ovDot(samples, samples, block);
+        out[k] = share * ovDot<bytes>(samples, samples, block);
 }
 
 // What stands out of the blocks but the last one.
@@ -81,49 +80,51 @@ void takeExcess(const float* ratios, float standsOut, float leak, int blocks, fl
 }
 
 // What the ratios of a window count.
-template <int count>
-OV_LANES_INLINE OvLanes<count> weighed(const OvLanes<count>& inside)
+template <int bytes, int count>
+OV_LANES_INLINE OvLanes<count, float, bytes> weighed(const OvLanes<count, float, bytes>& inside)
 {
-    using Some = OvLanes<count>;
+    using Some = OvLanes<count, float, bytes>;
     const Some lacking = inside - Some::all(lackWeight) * (Some::all(leastWindow) - inside);
     return lacking.orLess(inside);
 }
 
 // The scores of some blocks in place of the excess from them on, windows being full.
-template <int count>
+template <int bytes, int count>
 OV_LANES_INLINE void takeScores(const float* ratios, int window, float* out)
 {
-    using Some = OvLanes<count>;
+    using Some = OvLanes<count, float, bytes>;
     Some inside = Some::from(ratios);
     for (int i = 1; i < window; ++i)
         inside += Some::from(ratios + i);
-    (weighed(inside) + Some::from(out + window)).to(out);
+    (weighed<bytes, count>(inside) + Some::from(out + window)).to(out);
 }
 
-OV_VECTOR_CLONES
-void takeAllScores(const float* ratios, int window, int blocks, float* out)
+template <int bytes>
+OV_LANES_INLINE void takeAllScores(const float* ratios, int window, int blocks, float* out)
 {
     constexpr int few = 4;
     const int full = std::max(blocks - window, 0);
     int k = 0;
     for (; k + lanes <= full; k += lanes)
-        takeScores<lanes>(ratios + k, window, out + k);
+        takeScores<bytes, lanes>(ratios + k, window, out + k);
     for (; k + few <= full; k += few)
-        takeScores<few>(ratios + k, window, out + k);
+        takeScores<bytes, few>(ratios + k, window, out + k);
     for (; k < full; ++k)
-        takeScores<1>(ratios + k, window, out + k);
+        takeScores<bytes, 1>(ratios + k, window, out + k);
     // Behind the last full window comes nothing.
     float inside = 0.0F;
     for (k = blocks - 1; k >= full; --k) {
         inside += ratios[k];
-        weighed(OvLanes<1>::all(inside)).to(out + k);
+        weighed<bytes, 1>(OvLanes<1, float, bytes>::all(inside)).to(out + k);
     }
 }
 
 // Sums of each value and the `lanes` - 1 behind it, in place; values holds as many more.
+template <int bytes>
 OV_LANES_INLINE void takeSumsAhead(float* values, int count)
 {
-    for (const int step : {1, 4}) {
+    using Lanes = OvLanes<lanes, float, bytes>;
+    for (const std::ptrdiff_t step : {1, 4}) {
         for (int i = 0; i < count; i += lanes) {
             const Lanes two = Lanes::from(values + i) + Lanes::from(values + i + step);
             const Lanes next =
@@ -134,17 +135,19 @@ OV_LANES_INLINE void takeSumsAhead(float* values, int count)
 }
 
 // Turns values into what they and all behind them add up to.
-OV_VECTOR_CLONES
-void turnIntoSumsFromBehind(float* values, int count)
+template <int bytes>
+OV_LANES_INLINE void turnIntoSumsFromBehind(float* values, int count)
 {
-    std::array<float, stretch + 2 * lanes> sums;
+    using Lanes = OvLanes<lanes, float, bytes>;
+    constexpr int margin = 2 * lanes;
+    std::array<float, stretch + margin> sums;
     float behind = 0.0F;
     for (int last = count; last > 0; last -= std::min(last, stretch)) {
         const int size = std::min(last, stretch);
         float* from = values + (last - size);
         std::copy_n(from, size, sums.begin());
-        std::fill(sums.begin() + size, sums.begin() + size + 2 * lanes, 0.0F);
-        takeSumsAhead(sums.data(), size);
+        std::fill(sums.begin() + size, sums.begin() + size + margin, 0.0F);
+        takeSumsAhead<bytes>(sums.data(), size);
         Lanes later = Lanes::all(behind);
         for (int i = (size - 1) / lanes * lanes; i >= 0; i -= lanes) {
             later += Lanes::from(sums.data() + i);
@@ -154,6 +157,15 @@ void turnIntoSumsFromBehind(float* values, int count)
         behind = sums[0];
     }
 }
+
+OV_LANES_VERSIONS(void, findRatios, (const OvChangeScore::Rule& rule, int blocks, float* values),
+                  takeAllRatios, (rule, blocks, values))
+OV_LANES_VERSIONS(void, findLongEnergies, (const float* samples, int block, int blocks, float* out),
+                  takeLongEnergies, (samples, block, blocks, out))
+OV_LANES_VERSIONS(void, findScores, (const float* ratios, int window, int blocks, float* out),
+                  takeAllScores, (ratios, window, blocks, out))
+OV_LANES_VERSIONS(void, sumFromBehind, (float* values, int count), turnIntoSumsFromBehind,
+                  (values, count))
 
 } // namespace
 
@@ -172,12 +184,12 @@ void OvChangeScore::energies(const float* samples, int count, int block, float* 
     default:
         break;
     }
-    takeLongEnergies(samples, block, blocks, out);
+    findLongEnergies(samples, block, blocks, out);
 }
 
 void OvChangeScore::ratios(const Rule& rule, int blocks, float* values)
 {
-    takeAllRatios(rule, blocks, values);
+    findRatios(rule, blocks, values);
     std::fill_n(values, std::clamp(rule.first, 0, blocks), least);
 }
 
@@ -187,6 +199,6 @@ void OvChangeScore::scores(const Rule& rule, int blocks, const float* ratios, fl
         return;
     takeExcess(ratios, rule.standsOut, rule.leak, blocks, out);
     out[blocks - 1] = 0.0F;
-    turnIntoSumsFromBehind(out, blocks);
-    takeAllScores(ratios, rule.window, blocks, out);
+    sumFromBehind(out, blocks);
+    findScores(ratios, rule.window, blocks, out);
 }

@@ -2,26 +2,25 @@
 
 #include "OvSeismic/dsp/OvLanes.h"
 
-/// OvFir::dot() for use within a function marked OV_VECTOR_CLONES, where calls would cost more than
-/// short sums do.
+/// OvFir::dot() as a kernel, for where calls would cost more than short sums do.
+template <int bytes>
 OV_LANES_INLINE float ovDot(const float* a, const float* b, int count)
 {
     constexpr int few = 8;
     constexpr int lanes = 16;
     constexpr int wide = 2 * lanes;
-    using Few = OvLanes<few>;
-    using Lanes = OvLanes<lanes>;
+    using Few = OvLanes<few, float, bytes>;
+    using Lanes = OvLanes<lanes, float, bytes>;
     // From element n on the weights of eight values of which the last n count.
     static constexpr std::array<float, 16> lastOf8{0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
-    const auto product = [a, b](int i) { return Lanes::from(a + i) * Lanes::from(b + i); };
     int i = 0;
     float sum = 0.0F;
     if (count >= 2 * wide) {
-        Lanes even = product(0);
-        Lanes odd = product(lanes);
+        Lanes even = Lanes::from(a) * Lanes::from(b);
+        Lanes odd = Lanes::from(a + lanes) * Lanes::from(b + lanes);
         for (i = wide; i + wide <= count; i += wide) {
-            even += product(i);
-            odd += product(i + lanes);
+            even += Lanes::from(a + i) * Lanes::from(b + i);
+            odd += Lanes::from(a + i + lanes) * Lanes::from(b + i + lanes);
         }
         sum = (even + odd).sum();
     }

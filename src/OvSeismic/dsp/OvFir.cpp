@@ -10,7 +10,8 @@
 namespace {
 
 constexpr int lanes = 16;
-using Lanes = OvLanes<lanes>;
+template <int bytes>
+using Lanes = OvLanes<lanes, float, bytes>;
 
 // Where the lanes of one of several registers begin.
 constexpr std::ptrdiff_t startOf(int index)
@@ -29,16 +30,18 @@ float beyond(const float* in, int count, int i)
 
 // A block of sums of the taps times what lies `step` by `step` from each point. The sums stay in
 // registers while all taps go over them.
-template <int registers, int step>
+template <int bytes, int registers, int step>
 OV_LANES_INLINE void takeBlock(const float* taps, int length, const float* in, float* out)
 {
-    std::array<Lanes, registers> sums;
+    std::array<Lanes<bytes>, registers> sums;
     for (int j = 0; j < registers; ++j)
-        sums[static_cast<std::size_t>(j)] = Lanes::from(in + startOf(j)) * Lanes::all(taps[0]);
+        sums[static_cast<std::size_t>(j)] =
+            Lanes<bytes>::from(in + startOf(j)) * Lanes<bytes>::all(taps[0]);
     for (std::ptrdiff_t k = 1; k < length; ++k) {
-        const Lanes tap = Lanes::all(taps[k]);
+        const Lanes<bytes> tap = Lanes<bytes>::all(taps[k]);
         for (int j = 0; j < registers; ++j)
-            sums[static_cast<std::size_t>(j)] += Lanes::from(in + startOf(j) + k * step) * tap;
+            sums[static_cast<std::size_t>(j)] +=
+                Lanes<bytes>::from(in + startOf(j) + k * step) * tap;
     }
     for (int j = 0; j < registers; ++j)
         sums[static_cast<std::size_t>(j)].to(out + startOf(j));
@@ -55,35 +58,50 @@ float takeOne(const float* taps, int length, const float* in)
 
 // Wide blocks, or narrow ones of fewer points. What is left over is the end of one more block,
 // which overlaps the last one.
-template <int step>
+template <int bytes, int step>
 OV_LANES_INLINE void takeSums(const float* taps, int length, const float* in, int count, float* out)
 {
     constexpr int registers = 4;
     constexpr int wide = registers * lanes;
     int i = 0;
     for (; i + wide <= count; i += wide)
-        takeBlock<registers, step>(taps, length, in + i, out + i);
+        takeBlock<bytes, registers, step>(taps, length, in + i, out + i);
     if (i > 0 && i < count) {
         const int last = count - wide;
-        takeBlock<registers, step>(taps, length, in + last, out + last);
+        takeBlock<bytes, registers, step>(taps, length, in + last, out + last);
         return;
     }
     for (; i + lanes <= count; i += lanes)
-        takeBlock<1, step>(taps, length, in + i, out + i);
+        takeBlock<bytes, 1, step>(taps, length, in + i, out + i);
     if (i > 0 && i < count) {
         const int last = count - lanes;
-        takeBlock<1, step>(taps, length, in + last, out + last);
+        takeBlock<bytes, 1, step>(taps, length, in + last, out + last);
         return;
     }
     for (; i < count; ++i)
         out[i] = takeOne<step>(taps, length, in + i);
 }
 
-OV_VECTOR_CLONES
-void takeSumsBackward(const float* taps, int length, const float* in, int count, float* out)
+template <int bytes>
+OV_LANES_INLINE void takeSumsForward(const float* taps, int length, const float* in, int count,
+                                     float* out)
 {
-    takeSums<-1>(taps, length, in, count, out);
+    takeSums<bytes, 1>(taps, length, in, count, out);
 }
+
+template <int bytes>
+OV_LANES_INLINE void takeSumsBackward(const float* taps, int length, const float* in, int count,
+                                      float* out)
+{
+    takeSums<bytes, -1>(taps, length, in, count, out);
+}
+
+OV_LANES_VERSIONS(void, sumForward,
+                  (const float* taps, int length, const float* in, int count, float* out),
+                  takeSumsForward, (taps, length, in, count, out))
+OV_LANES_VERSIONS(void, sumBackward,
+                  (const float* taps, int length, const float* in, int count, float* out),
+                  takeSumsBackward, (taps, length, in, count, out))
 
 // The points [from, to) of out, which need some of what lies beyond an end of in.
 void applyAtEdge(const std::vector<float>& taps, int ahead, const float* in, int count, int from,
@@ -95,10 +113,10 @@ void applyAtEdge(const std::vector<float>& taps, int ahead, const float* in, int
     std::array<float, lanes> sums;
     for (int first = from; first < to && before <= room; first += lanes) {
         const int last = std::min(first + lanes, to);
+        float* next = around.data();
         for (int i = first - before; i < first + lanes; ++i)
-            around[static_cast<std::size_t>(i - first + before)] =
-                i < last ? beyond(in, count, i + ahead) : 0.0F;
-        takeSumsBackward(taps.data(), before + 1, around.data() + before, lanes, sums.data());
+            *next++ = i < last ? beyond(in, count, i + ahead) : 0.0F;
+        sumBackward(taps.data(), before + 1, around.data() + before, lanes, sums.data());
         std::copy_n(sums.data(), last - first, out + first);
     }
     for (int i = from; i < to && before > room; ++i) {
@@ -128,33 +146,33 @@ struct Rows
 };
 
 // What `registers` full of points add up to.
-template <int registers, typename Source>
+template <int bytes, int registers, typename Source>
 OV_LANES_INLINE void mixBlock(const Source& source, int from, float* out)
 {
-    std::array<Lanes, registers> sums;
-    sums.fill(Lanes::all(0.0F));
+    std::array<Lanes<bytes>, registers> sums;
+    sums.fill(Lanes<bytes>::all(0.0F));
     for (std::size_t k = 0; k < source.count; ++k) {
-        const Lanes weight = Lanes::all(source.weight(k));
+        const Lanes<bytes> weight = Lanes<bytes>::all(source.weight(k));
         const float* samples = source.samples(k) + from;
         for (int j = 0; j < registers; ++j)
-            sums[static_cast<std::size_t>(j)] += Lanes::from(samples + startOf(j)) * weight;
+            sums[static_cast<std::size_t>(j)] += Lanes<bytes>::from(samples + startOf(j)) * weight;
     }
     for (int j = 0; j < registers; ++j)
         sums[static_cast<std::size_t>(j)].to(out + from + startOf(j));
 }
 
-template <typename Source>
+template <int bytes, typename Source>
 OV_LANES_INLINE void mixAll(const Source& source, int count, float* out)
 {
     constexpr int registers = 4;
     constexpr int wide = registers * lanes;
     int i = 0;
     for (; i + wide <= count; i += wide)
-        mixBlock<registers>(source, i, out);
+        mixBlock<bytes, registers>(source, i, out);
     for (; i + lanes <= count; i += lanes)
-        mixBlock<1>(source, i, out);
+        mixBlock<bytes, 1>(source, i, out);
     if (i > 0 && i < count)
-        mixBlock<1>(source, count - lanes, out);
+        mixBlock<bytes, 1>(source, count - lanes, out);
     for (; i < count && count < lanes; ++i) {
         out[i] = 0.0F;
         for (std::size_t k = 0; k < source.count; ++k)
@@ -162,11 +180,12 @@ OV_LANES_INLINE void mixAll(const Source& source, int count, float* out)
     }
 }
 
-OV_VECTOR_CLONES
-void mixParts(const Parts& parts, int count, float* out)
-{
-    mixAll(parts, count, out);
-}
+OV_LANES_VERSIONS(void, mixParts, (const Parts& parts, int count, float* out), mixAll,
+                  (parts, count, out))
+OV_LANES_VERSIONS(void, mixEqualRows, (const Rows& rows, int count, float* out), mixAll,
+                  (rows, count, out))
+OV_LANES_VERSIONS(float, sumOfProducts, (const float* a, const float* b, int count), ovDot,
+                  (a, b, count))
 
 } // namespace
 
@@ -176,14 +195,13 @@ void OvFir::apply(const std::vector<float>& taps, int ahead, const float* in, in
     const int first = std::clamp(length - 1 - ahead, 0, count);
     const int last = std::clamp(count - ahead, first, count);
     applyAtEdge(taps, ahead, in, count, 0, first, out);
-    takeSumsBackward(taps.data(), length, in + first + ahead, last - first, out + first);
+    sumBackward(taps.data(), length, in + first + ahead, last - first, out + first);
     applyAtEdge(taps, ahead, in, count, last, count, out);
 }
 
-OV_VECTOR_CLONES
 void OvFir::correlate(const float* pattern, int length, const float* in, int count, float* out)
 {
-    takeSums<1>(pattern, length, in, count, out);
+    sumForward(pattern, length, in, count, out);
 }
 
 std::vector<float> OvFir::triangle(int half)
@@ -224,15 +242,14 @@ void OvFir::mix(const std::vector<Part>& parts, int count, float* out)
     mixParts({parts.data(), parts.size()}, count, out);
 }
 
-OV_VECTOR_CLONES
 void OvFir::mixRows(const float* samples, const float* weights, int rows, int count, float* out)
 {
-    mixAll(Rows{samples, weights, static_cast<std::size_t>(rows), static_cast<std::size_t>(count)},
-           count, out);
+    mixEqualRows(
+        {samples, weights, static_cast<std::size_t>(rows), static_cast<std::size_t>(count)}, count,
+        out);
 }
 
-OV_VECTOR_CLONES
 float OvFir::dot(const float* a, const float* b, int count)
 {
-    return ovDot(a, b, count);
+    return sumOfProducts(a, b, count);
 }

@@ -1,5 +1,6 @@
 #include "OvSeismic/dsp/OvFirstSwing.h"
 
+#include "OvSeismic/dsp/OvExtent.h"
 #include "OvSeismic/dsp/OvTraceView.h"
 
 #include <algorithm>
@@ -39,12 +40,14 @@ private:
     Sign m_sign;
 };
 
-double largestOf(const Deflections& high, int first, int last)
+// Largest deflection to either side.
+double largestOf(const float* samples, double rest, int first, int last)
 {
-    double largest = 0.0;
-    for (int i = first; i < last; ++i)
-        largest = std::max(largest, high(i));
-    return largest;
+    if (first >= last)
+        return 0.0;
+    const OvExtent extent = OvExtent::of(samples + first, last - first);
+    return std::max(static_cast<double>(extent.most) - rest,
+                    rest - static_cast<double>(extent.least));
 }
 
 // Extremum of the lobe of the other sign that ends where the swing begins; -1 without one from
@@ -85,9 +88,9 @@ void goToFirstLobe(const float* samples, int first, double noise, double share, 
 // Fractional sample ahead of the peak at which the flank crosses a share of the height.
 double crossing(const float* samples, const Swing& swing, double share)
 {
-    const double height = static_cast<double>(samples[swing.peak]) - swing.rest;
+    const double scale = 1.0 / (static_cast<double>(samples[swing.peak]) - swing.rest);
     const auto level = [&](int i) {
-        return (static_cast<double>(samples[i]) - swing.rest) / height;
+        return (static_cast<double>(samples[i]) - swing.rest) * scale;
     };
     int at = swing.peak;
     while (at > 0 && level(at) > share)
@@ -109,7 +112,7 @@ OvFirstSwing::Swing OvFirstSwing::find(const OvTraceView& trace, const Window& w
     const int quiet = std::max(first - window.quiet, 0);
     Swing swing;
     swing.rest = trace.mean(quiet, first);
-    const double largest = largestOf(Deflections(samples, swing.rest, Sign::Either), first, last);
+    const double largest = largestOf(samples, swing.rest, first, last);
     const double noise = std::sqrt(trace.variance(quiet, first));
     const double least =
         std::min(std::max(clearOfNoise * noise, window.share * largest), mostShare * largest);

@@ -1,7 +1,6 @@
 #include "OvSeismic/dsp/OvRank.h"
 
 #include "OvSeismic/dsp/OvLanes.h"
-#include "OvSeismic/dsp/OvVectorClones.h"
 
 #include <algorithm>
 #include <limits>
@@ -13,10 +12,11 @@ constexpr int few = 64;
 
 // The largest of those that at most `rank` values are smaller than. All are compared with all,
 // which takes no branches; their number is small.
-template <int lanes, typename Value>
+template <int bytes, typename Value>
 OV_LANES_INLINE Value amongFew(const Value* values, int count, int rank)
 {
-    using Lanes = OvLanes<lanes, Value>;
+    constexpr int lanes = 64 / sizeof(Value);
+    using Lanes = OvLanes<lanes, Value, bytes>;
     constexpr Value none = std::numeric_limits<Value>::infinity();
     std::array<Value, few> padded;
     const int size = (count + lanes - 1) / lanes * lanes;
@@ -34,17 +34,10 @@ OV_LANES_INLINE Value amongFew(const Value* values, int count, int rank)
     return largest.largest();
 }
 
-OV_VECTOR_CLONES
-float amongFewFloats(const float* values, int count, int rank)
-{
-    return amongFew<16>(values, count, rank);
-}
-
-OV_VECTOR_CLONES
-double amongFewDoubles(const double* values, int count, int rank)
-{
-    return amongFew<8>(values, count, rank);
-}
+OV_LANES_VERSIONS(float, amongFewFloats, (const float* values, int count, int rank), amongFew,
+                  (values, count, rank))
+OV_LANES_VERSIONS(double, amongFewDoubles, (const double* values, int count, int rank), amongFew,
+                  (values, count, rank))
 
 template <typename Value>
 Value amongMany(const Value* values, int count, int rank)

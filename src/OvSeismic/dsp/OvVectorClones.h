@@ -6,6 +6,7 @@
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__linux__) &&       \
     !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 // The choice is made before a sanitizer is ready.
+#define OV_VECTOR_VERSIONS
 #define OV_VECTOR_CLONES __attribute__((target_clones("avx512f", "avx2", "default")))
 #else
 #define OV_VECTOR_CLONES

@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvArrivalStack.h"
 
+#include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/dsp/OvTraceView.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
@@ -20,33 +21,38 @@ int rounded(double value)
 } // namespace
 
 // Scaled by the inverse of its size about the arrival, so that all traces count alike.
-OvArrivalStack::Place OvArrivalStack::placeOf(const Member& member, int row) const
+void OvArrivalStack::cut(const OvTraceGrid& grid, const Member& member, int row, float* out) const
 {
+    const int length = static_cast<int>(m_samples.size());
+    std::fill_n(out, length, 0.0F);
+    const float* samples = grid.row(row);
+    const int from = std::clamp(rounded(member.point), 0, grid.points());
+    const int to = std::clamp(rounded(member.point + 1.2 * m_period), from, grid.points());
+    const float energy = OvFir::dot(samples + from, samples + from, to - from);
+    if (!(energy > 0.0F))
+        return;
     const double start = member.point - m_origin;
-    Place place;
-    place.start = static_cast<int>(std::floor(start));
-    place.part = static_cast<float>(start - place.start);
-    const int from = std::clamp(rounded(member.point), 0, m_grid->points());
-    const int to = std::clamp(rounded(member.point + 1.2 * m_period), from, m_grid->points());
-    const float* samples = m_grid->row(row) + from;
-    const float energy = OvFir::dot(samples, samples, to - from);
-    if (energy > 0.0F)
-        place.scale = member.sign * member.weight / std::sqrt(energy);
-    return place;
+    const int whole = static_cast<int>(std::floor(start));
+    const auto part = static_cast<float>(start - whole);
+    const int first = std::clamp(-whole, 0, length);
+    const int last = std::clamp(grid.points() - 1 - whole, first, length);
+    OvFir::addBetween(samples + whole + first, part,
+                      member.sign * member.weight / std::sqrt(energy), last - first, out + first);
 }
 
 void OvArrivalStack::load(const OvTraceGrid& grid, const std::vector<Member>& members,
                           double period)
 {
-    m_grid = &grid;
     m_period = period;
     m_origin = rounded(reachPeriods * period);
+    m_cables = grid.cables();
+    m_rows = static_cast<int>(members.size());
     m_samples.resize(2 * static_cast<std::size_t>(m_origin) + 1);
-    m_places.clear();
-    for (const Member& member : members)
-        m_places.push_back(placeOf(member, static_cast<int>(m_places.size())));
+    m_cuts.resize(members.size() * m_samples.size());
+    for (std::size_t row = 0; row < members.size(); ++row)
+        cut(grid, members[row], static_cast<int>(row), m_cuts.data() + row * m_samples.size());
     m_taper.clear();
-    for (int away = 0; away <= m_neighbours; ++away) {
+    for (int away = -m_neighbours; away <= m_neighbours; ++away) {
         const double share = away / (0.6 * m_neighbours);
         m_taper.push_back(static_cast<float>(std::exp(-share * share)));
     }
@@ -54,36 +60,10 @@ void OvArrivalStack::load(const OvTraceGrid& grid, const std::vector<Member>& me
 
 void OvArrivalStack::stack(int row)
 {
-    const int length = static_cast<int>(m_samples.size());
-    const OvLinkRange near =
-        ovNeighbours(m_grid->cables(), static_cast<int>(m_places.size()), row, m_neighbours);
-    const auto isInside = [this, length](const Place& place) {
-        return place.start >= 0 && place.start + length < m_grid->points();
-    };
-    const auto weightOf = [this, row](int other) {
-        return m_places[static_cast<std::size_t>(other)].scale *
-               m_taper[static_cast<std::size_t>(std::abs(other - row))];
-    };
-    m_parts.clear();
-    for (int other = near.first; other < near.last; ++other) {
-        const Place& place = m_places[static_cast<std::size_t>(other)];
-        const float weight = weightOf(other);
-        if (weight == 0.0F || !isInside(place))
-            continue;
-        const float* samples = m_grid->row(other) + place.start;
-        m_parts.push_back({samples, weight * (1.0F - place.part)});
-        m_parts.push_back({samples + 1, weight * place.part});
-    }
-    OvFir::mix(m_parts, length, m_samples.data());
-    for (int other = near.first; other < near.last; ++other) {
-        const Place& place = m_places[static_cast<std::size_t>(other)];
-        if (isInside(place))
-            continue;
-        const int first = std::clamp(-place.start, 0, length);
-        const int last = std::clamp(m_grid->points() - 1 - place.start, first, length);
-        OvFir::addBetween(m_grid->row(other) + place.start + first, place.part, weightOf(other),
-                          last - first, m_samples.data() + first);
-    }
+    const OvLinkRange near = ovNeighbours(m_cables, m_rows, row, m_neighbours);
+    const float* taper = m_taper.data() + (m_neighbours + near.first - row);
+    OvFir::mixRows(m_cuts.data() + static_cast<std::size_t>(near.first) * m_samples.size(), taper,
+                   near.last - near.first, static_cast<int>(m_samples.size()), m_samples.data());
 }
 
 double OvArrivalStack::onset(OvFirstSwing::Sign asked) const

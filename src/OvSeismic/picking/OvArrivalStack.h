@@ -1,7 +1,6 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
-#include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/dsp/OvFirstSwing.h"
 
 #include <vector>
@@ -24,8 +23,8 @@ public:
 
     /// How many traces on either side are stacked; 7 unless set.
     void setNeighbours(int neighbours) { m_neighbours = neighbours; }
-    /// Takes over what is stacked from then on: rows of a grid, which has to stay, one member each;
-    /// period in points.
+    /// Takes over what is stacked from then on: the rows of a grid, one member each; period in
+    /// points.
     void load(const OvTraceGrid& grid, const std::vector<Member>& members, double period);
     /// Stacks the traces around a row. The stack runs from two periods ahead of the arrival to two
     /// behind it.
@@ -44,21 +43,14 @@ public:
                                double period, OvFirstSwing::Sign asked);
 
 private:
-    // How a row lies in the stacks.
-    struct Place
-    {
-        int start = 0;      // point of the row at which a stack begins,
-        float part = 0.0F;  // and how much later
-        float scale = 0.0F; // 0 leaves it out
-    };
-    Place placeOf(const Member& member, int row) const;
+    void cut(const OvTraceGrid& grid, const Member& member, int row, float* out) const;
 
-    const OvTraceGrid* m_grid = nullptr;
     int m_neighbours = 7;
     int m_origin = 0;
+    int m_rows = 0;
     double m_period = 0.0;
-    std::vector<Place> m_places;
-    std::vector<float> m_taper; // weight of a neighbour by its distance
-    std::vector<OvFir::Part> m_parts;
+    std::vector<int> m_cables;
+    std::vector<float> m_cuts;  // of each row, aligned and scaled
+    std::vector<float> m_taper; // weights of the neighbours, the row itself in the middle
     std::vector<float> m_samples;
 };

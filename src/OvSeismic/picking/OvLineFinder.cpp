@@ -2,7 +2,6 @@
 
 #include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvRank.h"
-#include "OvSeismic/dsp/OvVectorClones.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,11 +47,12 @@ private:
 };
 
 // Square of the distance from a place to the nearest one; infinite without any.
-OV_VECTOR_CLONES
-double nearestOf(const double* x, const double* y, std::size_t count, const Place& from)
+template <int bytes>
+OV_LANES_INLINE double nearestOf(const double* x, const double* y, std::size_t count,
+                                 const Place& from)
 {
     constexpr std::size_t lanes = 8;
-    using Lanes = OvLanes<lanes, double>;
+    using Lanes = OvLanes<lanes, double, bytes>;
     Lanes least = Lanes::all(std::numeric_limits<double>::infinity());
     std::size_t i = 0;
     for (; i + lanes <= count; i += lanes) {
@@ -68,6 +68,10 @@ double nearestOf(const double* x, const double* y, std::size_t count, const Plac
     }
     return nearest;
 }
+
+OV_LANES_VERSIONS(double, findNearest,
+                  (const double* x, const double* y, std::size_t count, const Place& from),
+                  nearestOf, (x, y, count, from))
 
 // Median distance of a place to the nearest other one.
 double spacingOf(const std::vector<Place>& places)
@@ -85,8 +89,8 @@ double spacingOf(const std::vector<Place>& places)
     for (std::size_t i = 0; i < count; i += every) {
         const std::size_t next = i + 1;
         nearest.push_back(
-            std::min(nearestOf(x.data(), y.data(), i, places[i]),
-                     nearestOf(x.data() + next, y.data() + next, count - next, places[i])));
+            std::min(findNearest(x.data(), y.data(), i, places[i]),
+                     findNearest(x.data() + next, y.data() + next, count - next, places[i])));
     }
     return std::sqrt(OvRank::median(nearest.data(), static_cast<int>(nearest.size())));
 }
@@ -374,9 +378,10 @@ std::vector<int> OvLineFinder::find(const std::vector<Place>& places)
     if (!(spacing > 0.0) || !std::isfinite(spacing))
         return lines;
     std::vector<int> numbers = pieceOfEach(distinct, spacing);
-    const std::vector<Piece> pieces = piecesOf(distinct, numbers);
-    if (pieces.size() < 2 || pieces.size() > mostPieces)
+    const auto last = static_cast<std::size_t>(*std::max_element(numbers.begin(), numbers.end()));
+    if (last == 0 || last >= mostPieces)
         return lines;
+    const std::vector<Piece> pieces = piecesOf(distinct, numbers);
     const std::vector<int> lineOfEach = Joiner(pieces, spacing).lines();
     std::transform(numbers.begin(), numbers.end(), numbers.begin(), [&lineOfEach](int piece) {
         return lineOfEach[static_cast<std::size_t>(piece)];

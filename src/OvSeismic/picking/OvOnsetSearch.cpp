@@ -187,9 +187,10 @@ Sign signOf(Probe* probe, std::size_t links, OvPickParameters::Polarity polarity
 double pointedAt(const OvTraceGrid& grid, const std::vector<double>& distances, std::size_t link)
 {
     constexpr int reach = 4;
+    constexpr std::size_t most = std::size_t(2) * reach;
     const OvLinkRange near = ovNeighbours(grid.cables(), static_cast<int>(distances.size()),
                                           static_cast<int>(link), reach);
-    std::array<double, 2 * reach> around;
+    std::array<double, most> around;
     int count = 0;
     for (auto i = static_cast<std::size_t>(near.first); i < static_cast<std::size_t>(near.last);
          ++i) {

@@ -12,43 +12,51 @@ namespace {
 constexpr float unreachable = -1e30F;
 
 constexpr int lanes = 16;
-using Lanes = OvLanes<lanes>;
+template <int bytes>
+using Lanes = OvLanes<lanes, float, bytes>;
 
 // What a place can be reached for from itself and the three `step`s nearest to it on one side, at a
 // cost a place.
-OV_LANES_INLINE Lanes largestOfFour(const float* place, int step, const Lanes& cost)
+template <int bytes>
+OV_LANES_INLINE Lanes<bytes> largestOfFour(const float* place, std::ptrdiff_t step,
+                                           const Lanes<bytes>& cost)
 {
-    const Lanes one = Lanes::from(place + step) - cost;
-    const Lanes two = Lanes::from(place + 2 * step) - (cost + cost);
-    const Lanes three = Lanes::from(place + 3 * step) - (cost + cost + cost);
-    return Lanes::from(place).orMore(one).orMore(two.orMore(three));
+    const Lanes<bytes> one = Lanes<bytes>::from(place + step) - cost;
+    const Lanes<bytes> two = Lanes<bytes>::from(place + 2 * step) - (cost + cost);
+    const Lanes<bytes> three = Lanes<bytes>::from(place + 3 * step) - (cost + cost + cost);
+    return Lanes<bytes>::from(place).orMore(one).orMore(two.orMore(three));
 }
 
 // Of all places what they can be reached for from the places on one side (`side` -1 before them, 1
 // behind them) at a cost a place: from four of them, by these from sixteen, by these from all.
 // There are `lanes` unreachable places at either end of values and spare.
-template <int side>
+template <int bytes, int side>
 OV_LANES_INLINE void reachFrom(float* values, float* spare, int places, float cost)
 {
-    const Lanes each = Lanes::all(cost);
-    const Lanes four = Lanes::all(4.0F * cost);
-    const Lanes all = Lanes::all(lanes * cost);
+    const Lanes<bytes> each = Lanes<bytes>::all(cost);
+    const Lanes<bytes> four = Lanes<bytes>::all(4.0F * cost);
+    const Lanes<bytes> all = Lanes<bytes>::all(lanes * cost);
     for (int i = 0; i < places; i += lanes)
-        largestOfFour(values + i, side, each).to(spare + i);
-    Lanes nearer = Lanes::all(unreachable);
+        largestOfFour<bytes>(values + i, side, each).to(spare + i);
+    Lanes<bytes> nearer = Lanes<bytes>::all(unreachable);
     for (int i = 0; i < places; i += lanes) {
         const int at = side < 0 ? i : places - lanes - i;
-        nearer = largestOfFour(spare + at, 4 * side, four).orMore(nearer - all);
+        nearer = largestOfFour<bytes>(spare + at, 4 * side, four).orMore(nearer - all);
         nearer.to(values + at);
     }
 }
 
-OV_VECTOR_CLONES
-void reach(float* values, float* spare, int places, float later, float earlier)
+template <int bytes>
+OV_LANES_INLINE void reachFromAll(float* values, float* spare, int places, float later,
+                                  float earlier)
 {
-    reachFrom<-1>(values, spare, places, later);
-    reachFrom<1>(values, spare, places, earlier);
+    reachFrom<bytes, -1>(values, spare, places, later);
+    reachFrom<bytes, 1>(values, spare, places, earlier);
 }
+
+OV_LANES_VERSIONS(void, reach,
+                  (float* values, float* spare, int places, float later, float earlier),
+                  reachFromAll, (values, spare, places, later, earlier))
 
 OV_VECTOR_CLONES
 void takeSums(const float* one, const float* other, int count, float* out)
@@ -113,7 +121,7 @@ void OvShiftPath::advance(const float* before, const Step& step, const float* sc
     const int expected = std::clamp(step.expected, -m_points, m_points);
     const int ahead = std::max(expected, 0); // places in front of the first point
     const int places = (m_points + std::abs(expected) + lanes - 1) / lanes * lanes;
-    const auto room = static_cast<std::size_t>(places + 2 * lanes);
+    const auto room = static_cast<std::size_t>(places) + std::size_t(2) * lanes;
     if (m_reached.size() < room) {
         m_reached.resize(room);
         m_spare.resize(room);
@@ -121,7 +129,7 @@ void OvShiftPath::advance(const float* before, const Step& step, const float* sc
     const auto first = m_reached.begin() + lanes + ahead;
     std::fill(m_reached.begin(), first, unreachable);
     std::copy_n(before, m_points, first);
-    std::fill(first + m_points, m_reached.begin() + places + 2 * lanes, unreachable);
+    std::fill(first + m_points, m_reached.begin() + static_cast<std::ptrdiff_t>(room), unreachable);
     std::fill_n(m_spare.begin(), lanes, unreachable);
     std::fill_n(m_spare.begin() + lanes + places, lanes, unreachable);
     float* reached = m_reached.data() + lanes;

@@ -2,52 +2,61 @@
 
 #include "OvSeismic/dsp/OvExtent.h"
 #include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/segy/OvGather.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 #include <numeric>
 
 namespace {
 
-constexpr std::size_t lanes = 8; // which a compiler may keep in one vector register
-
 // Means of `every` samples each.
-OV_VECTOR_CLONES
 void takeMeans(const float* samples, int every, int count, float* out)
 {
-    if (every == 1) {
-        std::copy_n(samples, count, out);
-        return;
-    }
     const float share = 1.0F / static_cast<float>(every);
     for (int i = 0; i < count; ++i, samples += every)
         out[i] = share * std::accumulate(samples, samples + every, 0.0F);
 }
 
-// Takes the mean off. The first point goes first, so that an offset does not eat up the digits.
-OV_VECTOR_CLONES
-void centre(float* points, int count)
+// Sum of what samples differ from an origin.
+template <int bytes>
+OV_LANES_INLINE float differences(const float* samples, float origin, int count)
 {
-    const float first = count > 0 ? points[0] : 0.0F;
-    std::array<float, lanes> sums{};
-    const auto size = static_cast<std::size_t>(count);
-    for (std::size_t i = 0; i < size; ++i)
-        points[i] -= first;
-    std::size_t i = 0;
-    for (; i + lanes <= size; i += lanes) {
-        for (std::size_t lane = 0; lane < lanes; ++lane)
-            sums[lane] += points[i + lane];
-    }
-    const float rest = std::accumulate(points + i, points + size, 0.0F);
-    const float mean = (std::accumulate(sums.begin(), sums.end(), 0.0F) + rest) /
-                       static_cast<float>(std::max<std::size_t>(size, 1));
-    for (std::size_t k = 0; k < size; ++k)
-        points[k] -= mean;
+    constexpr int lanes = 16;
+    using Lanes = OvLanes<lanes, float, bytes>;
+    const Lanes zero = Lanes::all(origin);
+    Lanes sums = Lanes::all(0.0F);
+    int i = 0;
+    for (; i + lanes <= count; i += lanes)
+        sums += Lanes::from(samples + i) - zero;
+    float rest = 0.0F;
+    for (; i < count; ++i)
+        rest += samples[i] - origin;
+    return sums.sum() + rest;
+}
+
+OV_LANES_VERSIONS(float, sumDifferences, (const float* samples, float origin, int count),
+                  differences, (samples, origin, count))
+
+OV_VECTOR_CLONES
+void takeOff(const float* in, float origin, float mean, int count, float* out)
+{
+    for (int i = 0; i < count; ++i)
+        out[i] = in[i] - origin - mean;
+}
+
+// Takes the mean off; in and out may be the same. The first point goes first, so that an offset
+// does not eat up the digits.
+void centre(const float* in, int count, float* out)
+{
+    if (count < 1)
+        return;
+    const float origin = in[0];
+    takeOff(in, origin, sumDifferences(in, origin, count) / static_cast<float>(count), count, out);
 }
 
 } // namespace
@@ -68,8 +77,9 @@ void OvTraceGrid::take(const float* samples, int count, int every, Span* span, f
     float* points = out + span->first;
     std::fill(out, points, 0.0F);
     std::fill(points + taken, out + m_points, 0.0F);
-    takeMeans(samples, every, taken, points);
-    centre(points, taken);
+    if (every > 1)
+        takeMeans(samples, every, taken, points);
+    centre(every > 1 ? points : samples, taken, points);
     span->largest = OvExtent::of(points, taken).amount();
 }
 

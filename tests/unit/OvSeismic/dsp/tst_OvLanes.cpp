@@ -20,7 +20,7 @@ private slots:
 
 namespace {
 
-using Lanes = OvLanes<8>;
+using Lanes = OvLanes<8, float, 16>;
 
 std::array<float, 8> valuesOf(const Lanes& lanes)
 {
@@ -69,7 +69,7 @@ void tst_OvLanes::comparisons()
     }
     QCOMPARE(one.largest(), 7.0F);
     const std::array<double, 4> exact{1e-12, 3e-12, 2e-12, -1.0};
-    QCOMPARE((OvLanes<4, double>::from(exact.data()).largest()), 3e-12);
+    QCOMPARE((OvLanes<4, double, 16>::from(exact.data()).largest()), 3e-12);
 }
 
 void tst_OvLanes::allAreTheSame()
@@ -84,8 +84,8 @@ void tst_OvLanes::sumIsOfAll()
     std::vector<float> many;
     for (int i = 0; i < 16; ++i)
         many.push_back(static_cast<float>(1 << i));
-    QCOMPARE(OvLanes<16>::from(many.data()).sum(), 65535.0F);
-    QCOMPARE(OvLanes<4>::from(many.data()).sum(), 15.0F);
+    QCOMPARE((OvLanes<16, float, 32>::from(many.data()).sum()), 65535.0F);
+    QCOMPARE((OvLanes<4, float, 16>::from(many.data()).sum()), 15.0F);
 }
 
 QTEST_GUILESS_MAIN(tst_OvLanes)
