@@ -100,7 +100,7 @@ void tst_InfoCommand::findings()
     });
     QVERIFY(writer.write(path()));
     const auto find = [this](const char* code) {
-        for (const QJsonValue& value : object().value("findings").toArray()) {
+        for (const QJsonValue value : object().value("findings").toArray()) {
             if (value.toObject().value("code") == QLatin1String(code))
                 return value.toObject();
         }

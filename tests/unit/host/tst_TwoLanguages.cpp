@@ -35,7 +35,7 @@
 // QCOMPARE cuts long texts short.
 #define NOTHING_WRONG(found)                                                                       \
     do {                                                                                           \
-        const QStringList problems = (found);                                                      \
+        const QStringList& problems = (found);                                                     \
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));                \
     } while (false)
 
