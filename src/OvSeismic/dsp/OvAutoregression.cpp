@@ -8,10 +8,12 @@
 void OvAutoregression::addCorrelation(const float* samples, int count, double weight,
                                       std::vector<double>* out)
 {
-    const int lags = static_cast<int>(out->size());
-    for (int lag = 0; lag < std::min(lags, count); ++lag)
-        (*out)[static_cast<std::size_t>(lag)] +=
-            weight * static_cast<double>(OvFir::dot(samples + lag, samples, count - lag));
+    static thread_local std::vector<float> sums;
+    const int lags = std::min(static_cast<int>(out->size()), std::max(count, 0));
+    sums.resize(static_cast<std::size_t>(lags));
+    OvFir::autocorrelate(samples, count, lags, sums.data());
+    for (std::size_t lag = 0; lag < sums.size(); ++lag)
+        (*out)[lag] += weight * static_cast<double>(sums[lag]);
 }
 
 OvAutoregression::Covariance::Covariance(int order)

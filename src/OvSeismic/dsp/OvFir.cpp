@@ -187,7 +187,40 @@ OV_LANES_VERSIONS(void, mixEqualRows, (const Rows& rows, int count, float* out),
 OV_LANES_VERSIONS(float, sumOfProducts, (const float* a, const float* b, int count), ovDot,
                   (a, b, count))
 
+// Four lags at a time, so that one load serves all, as far as there are whole registers for all
+// four; then what is left of each.
+template <int bytes>
+OV_LANES_INLINE void takeLags(const float* in, int count, int lags, float* out)
+{
+    constexpr int together = 4;
+    int lag = 0;
+    for (; lag + together <= lags; lag += together) {
+        std::array<Lanes<bytes>, together> sums;
+        sums.fill(Lanes<bytes>::all(0.0F));
+        const int least = count - lag - (together - 1); // products of the last of the four
+        int i = 0;
+        for (; i + lanes <= least; i += lanes) {
+            const Lanes<bytes> here = Lanes<bytes>::from(in + i);
+            for (int k = 0; k < together; ++k)
+                sums[static_cast<std::size_t>(k)] += Lanes<bytes>::from(in + i + lag + k) * here;
+        }
+        for (int k = 0; k < together; ++k)
+            out[lag + k] = sums[static_cast<std::size_t>(k)].sum() +
+                           ovDot<bytes>(in + i + lag + k, in + i, count - i - lag - k);
+    }
+    for (; lag < lags; ++lag)
+        out[lag] = ovDot<bytes>(in + lag, in, count - lag);
+}
+
+OV_LANES_VERSIONS(void, findLags, (const float* in, int count, int lags, float* out), takeLags,
+                  (in, count, lags, out))
+
 } // namespace
+
+void OvFir::autocorrelate(const float* in, int count, int lags, float* out)
+{
+    findLags(in, count, lags, out);
+}
 
 void OvFir::apply(const std::vector<float>& taps, int ahead, const float* in, int count, float* out)
 {

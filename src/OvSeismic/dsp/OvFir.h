@@ -46,6 +46,10 @@ OVSEISMIC_EXPORT void mix(const std::vector<Part>& parts, int count, float* out)
 OVSEISMIC_EXPORT void mixRows(const float* samples, const float* weights, int rows, int count,
                               float* out);
 
+/// out[lag] = sum of in[i + lag] * in[i] over all i for which both lie in in, for `lags` lags from
+/// 0.
+OVSEISMIC_EXPORT void autocorrelate(const float* in, int count, int lags, float* out);
+
 /// sum of a[i] * b[i].
 OVSEISMIC_EXPORT float dot(const float* a, const float* b, int count);
 

@@ -13,4 +13,7 @@ OVSEISMIC_EXPORT double of(const double* values, int count, int rank);
 /// The one in the middle, the upper one of two. count is 1 at least.
 OVSEISMIC_EXPORT double median(const double* values, int count);
 
+/// Medians of the values up to `reach` on either side of each and the one itself.
+OVSEISMIC_EXPORT void runningMedians(const double* values, int count, int reach, double* out);
+
 } // namespace OvRank

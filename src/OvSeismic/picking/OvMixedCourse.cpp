@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvMixedCourse.h"
 
+#include "OvSeismic/dsp/OvChangeScore.h"
 #include "OvSeismic/dsp/OvFir.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvOnsetGuide.h"
@@ -115,10 +116,9 @@ void OvMixedCourse::measureHalves(const OvTraceGrid& grid)
     m_half = std::max(rounded(0.5 * m_period), 2);
     m_halves.resize(grid.rows(), m_points / m_half);
     for (int row = 0; row < grid.rows(); ++row) {
-        const float* values = mixed(row) + grid.first(row);
-        const int halves = (grid.last(row) - grid.first(row)) / m_half;
-        for (int k = 0; k < halves; ++k, values += m_half)
-            m_halves.row(row)[k] = OvFir::dot(values, values, m_half);
+        const int first = grid.first(row);
+        OvChangeScore::energies(mixed(row) + first, grid.last(row) - first, m_half,
+                                m_halves.row(row));
     }
 }
 
@@ -245,6 +245,5 @@ double OvMixedCourse::forerunAt(const OvTraceGrid& grid, int row, double point) 
         largest = std::max(largest, energies[k] + energies[k + 1]);
     if (!(noise > 0.0F))
         return 1.0;
-    const float mean = largest / static_cast<float>(2 * m_half);
-    return std::max(static_cast<double>(std::sqrt(mean) / noise), 1.0);
+    return std::max(static_cast<double>(std::sqrt(0.5F * largest) / noise), 1.0);
 }

@@ -104,12 +104,11 @@ std::vector<double> OvPickCourse::leads(const std::vector<double>& times,
 std::vector<double> OvPickCourse::runningMedians(const std::vector<double>& values, int reach,
                                                  const std::vector<int>& cables)
 {
-    std::vector<double> medians;
-    medians.reserve(values.size());
+    std::vector<double> medians(values.size());
     const int count = static_cast<int>(values.size());
-    for (int i = 0; i < count; ++i) {
-        const OvLinkRange near = ovNeighbours(cables, count, i, reach);
-        medians.push_back(OvRank::median(values.data() + near.first, near.last - near.first));
+    for (int first = 0, last = 0; first < count; first = last) {
+        last = ovNeighbours(cables, count, first, count).last; // of the cable
+        OvRank::runningMedians(values.data() + first, last - first, reach, medians.data() + first);
     }
     return medians;
 }

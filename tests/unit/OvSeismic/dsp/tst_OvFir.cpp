@@ -24,6 +24,7 @@ private slots:
     void mixesParts();
     void mixesRows();
     void addsBetweenSamples();
+    void correlatesWithItself();
     void correlatesAtEachPoint_data();
     void correlatesAtEachPoint();
 };
@@ -262,6 +263,25 @@ void tst_OvFir::addsBetweenSamples()
     std::vector<float> out(4, 10.0F);
     OvFir::addBetween(in.data(), 0.25F, 2.0F, 3, out.data());
     QCOMPARE(out, (std::vector<float>{13.0F, 14.0F, 12.0F, 10.0F}));
+}
+
+void tst_OvFir::correlatesWithItself()
+{
+    for (const int count : {1, 7, 24, 40, 100}) {
+        for (const int lags : {1, 3, 4, 9, 22}) {
+            const std::vector<float> in = wave(count);
+            std::vector<float> out(static_cast<std::size_t>(std::min(lags, count)) + 1, -99.0F);
+            OvFir::autocorrelate(in.data(), count, std::min(lags, count), out.data());
+            for (std::size_t lag = 0; lag + 1 < out.size(); ++lag) {
+                double sum = 0.0;
+                for (std::size_t i = 0; i + lag < in.size(); ++i)
+                    sum += static_cast<double>(in[i + lag]) * static_cast<double>(in[i]);
+                QVERIFY(std::abs(static_cast<double>(out[lag]) - sum) <
+                        1e-4 * (1.0 + std::abs(sum)));
+            }
+            QCOMPARE(out.back(), -99.0F);
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_OvFir)

@@ -16,6 +16,8 @@ private slots:
     void everyRank();
     void equalValues();
     void medianIsTheUpperOne();
+    void runningMedians_data();
+    void runningMedians();
 };
 
 void tst_OvRank::everyRank_data()
@@ -58,6 +60,36 @@ void tst_OvRank::medianIsTheUpperOne()
     QCOMPARE(OvRank::median(values.data(), 2), 4.0);
     QCOMPARE(OvRank::median(values.data(), 3), 3.0);
     QCOMPARE(OvRank::median(values.data(), 4), 3.0);
+}
+
+void tst_OvRank::runningMedians_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("reach");
+    for (const int count : {0, 1, 3, 8, 9, 10, 17, 40}) {
+        for (const int reach : {0, 1, 3, 4, 5, 12})
+            QTest::newRow(qPrintable(QStringLiteral("%1 by %2").arg(count).arg(reach)))
+                << count << reach;
+    }
+}
+
+void tst_OvRank::runningMedians()
+{
+    QFETCH(int, count);
+    QFETCH(int, reach);
+    std::mt19937 random(5);
+    std::vector<double> values;
+    for (int i = 0; i < count; ++i)
+        values.push_back(static_cast<double>(random() % 20U));
+    std::vector<double> out(values.size() + 1, -99.0);
+    OvRank::runningMedians(values.data(), count, reach, out.data());
+    for (int i = 0; i < count; ++i) {
+        std::vector<double> window(values.begin() + std::max(i - reach, 0),
+                                   values.begin() + std::min(i + reach + 1, count));
+        std::sort(window.begin(), window.end());
+        QCOMPARE(out[static_cast<std::size_t>(i)], window[window.size() / 2]);
+    }
+    QCOMPARE(out.back(), -99.0);
 }
 
 QTEST_GUILESS_MAIN(tst_OvRank)
