@@ -2,7 +2,6 @@
 
 #include "OvSeismic/dsp/OvChangeScore.h"
 #include "OvSeismic/dsp/OvFir.h"
-#include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvOnsetGuide.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
@@ -16,7 +15,6 @@ namespace {
 using Matches = std::vector<OvArrivalAlignment::Match>;
 
 constexpr int neighbours = 3;     // on either side
-constexpr float mostNoise = 4.0F; // what is louder counts like this: bursts, and late waves
 constexpr double clearStep = 4.0; // of energies: an arrival begins here
 constexpr double noStep = 1.7;    // nothing begins here
 
@@ -30,86 +28,19 @@ int rounded(double value)
     return static_cast<int>(std::lround(value));
 }
 
-OV_VECTOR_CLONES
-void takeClipped(const float* in, float scale, int count, float* out)
+// Traces with neighbours that hardly match them.
+bool areWeak(const Matches& matches, const OvTraceChain& chain)
 {
-    for (int i = 0; i < count; ++i)
-        out[i] = std::min(std::max(scale * in[i], -mostNoise), mostNoise);
+    constexpr double weak = 3.0; // of 5.8
+    std::vector<double> strengths;
+    for (int row = 0; row < chain.size(); ++row) {
+        if (!chain.isAlone(row))
+            strengths.push_back(static_cast<double>(matches[at(row)].strength));
+    }
+    return !strengths.empty() && OvPickCourse::median(std::move(strengths)) < weak;
 }
 
 } // namespace
-
-void OvMixedCourse::clip(const OvOnsetGuide& guide, const Matches& matches, const OvTraceGrid& grid)
-{
-    m_clipped.resize(grid.rows(), m_points);
-    for (int row = 0; row < grid.rows(); ++row) {
-        const float noise = guide.noise(row);
-        const float scale = noise > 0.0F ? matches[at(row)].sign / noise : 0.0F;
-        takeClipped(guide.filtered(row), scale, m_points, m_clipped.row(row));
-    }
-}
-
-void OvMixedCourse::mix(const Matches& matches, const OvTraceGrid& grid, const OvTraceChain& chain)
-{
-    const auto weightOf = [](int away) {
-        return static_cast<float>(neighbours + 1 - std::abs(away));
-    };
-    m_mixed.resize(grid.rows(), m_points);
-    for (int row = 0; row < grid.rows(); ++row) {
-        const OvLinkRange near = chain.neighbours(row, neighbours);
-        float squares = 0.0F;
-        for (int other = near.first; other < near.last; ++other)
-            squares += weightOf(other - row) * weightOf(other - row);
-        const float scale = 1.0F / std::sqrt(squares); // independent noise keeps its size
-        m_parts.clear();
-        for (int other = near.first; other < near.last; ++other) {
-            const int shift = rounded(matches[at(other)].time - matches[at(row)].time);
-            m_parts.push_back({m_clipped.row(other), scale * weightOf(other - row), shift});
-        }
-        mixRow(grid.first(row), grid.last(row), m_mixed.row(row));
-    }
-}
-
-// What all parts cover at once, and then what single ones do beside it.
-void OvMixedCourse::mixRow(int first, int last, float* mixed)
-{
-    int from = first;
-    int to = last;
-    for (const Part& part : m_parts) {
-        from = std::max(from, -part.shift);
-        to = std::min(to, m_points - part.shift);
-    }
-    from = std::min(from, last);
-    to = std::max(to, from);
-    m_shifted.clear();
-    for (const Part& part : m_parts)
-        m_shifted.push_back({part.samples + from + part.shift, part.weight});
-    std::fill_n(mixed, from, 0.0F);
-    OvFir::mix(m_shifted, to - from, mixed + from);
-    std::fill(mixed + to, mixed + m_points, 0.0F);
-    for (const Part& part : m_parts) {
-        const int begin = std::max(first, -part.shift);
-        const int end = std::min(last, m_points - part.shift);
-        const float* samples = part.samples + part.shift;
-        for (const auto& [one, other] :
-             {std::pair(begin, std::min(end, from)), std::pair(std::max(begin, to), end)}) {
-            if (one < other)
-                OvFir::addScaled(samples + one, part.weight, other - one, mixed + one);
-        }
-    }
-}
-
-void OvMixedCourse::measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& grid)
-{
-    const int stretch = std::max(rounded(1.5 * guide.period()), 6);
-    m_noise.clear();
-    for (int row = 0; row < grid.rows(); ++row) {
-        const int first = grid.first(row);
-        const float energy =
-            m_meter.quiet(mixed(row) + first, grid.last(row) - first, stretch, guide.freedom());
-        m_noise.push_back(std::sqrt(std::max(energy, 0.0F)));
-    }
-}
 
 void OvMixedCourse::measureHalves(const OvTraceGrid& grid)
 {
@@ -196,19 +127,20 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
     m_points = grid.points();
     m_period = guide.period();
     m_times = guide.times();
-    clip(guide, matches, grid);
-    mix(matches, grid, chain);
-    measureNoise(guide, grid);
+    std::vector<double> arrivals;
+    std::vector<float> signs;
+    for (const OvArrivalAlignment::Match& match : matches) {
+        arrivals.push_back(match.time);
+        signs.push_back(match.sign);
+    }
+    m_mixer.load(guide, grid, signs);
+    m_mixer.mix(chain, arrivals, neighbours);
     measureHalves(grid);
     if (isBeyondDoubt(grid, chain))
         return true;
-    OvOnsetLattice::Rows rows;
-    rows.grid = &grid;
-    rows.values = m_mixed.row(0);
-    rows.noise = m_noise.data();
-    rows.period = guide.period();
-    rows.settle = guide.settle();
-    m_lattice.build(rows, limits);
+    if (areWeak(matches, chain))
+        return followSlopes(grid, chain, limits);
+    m_lattice.build(m_mixer.rows(), limits);
     if (limits.cancel && limits.cancel->load())
         return false;
     std::vector<double> second;
@@ -218,9 +150,22 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
     return true;
 }
 
+// Where hardly anything holds the traces together along the course, it says little of the slopes
+// along which to mix.
+bool OvMixedCourse::followSlopes(const OvTraceGrid& grid, const OvTraceChain& chain,
+                                 const OvOnsetLimits& limits)
+{
+    if (!m_slopes.find(&m_mixer, chain, limits, m_times))
+        return false;
+    m_times = m_slopes.times();
+    m_mixer.mix(chain, m_times, neighbours);
+    measureHalves(grid);
+    return true;
+}
+
 double OvMixedCourse::loudness(int row, int from, int to) const
 {
-    const float noise = m_noise[at(row)];
+    const float noise = m_mixer.noise(row);
     if (to <= from || !(noise > 0.0F))
         return 1.0;
     const float energy =
@@ -238,7 +183,7 @@ double OvMixedCourse::forerunAt(const OvTraceGrid& grid, int row, double point) 
 {
     const int end = std::min(rounded(point - m_period), grid.last(row));
     const int halves = std::min((end - grid.first(row)) / m_half, m_halves.points);
-    const float noise = m_noise[at(row)];
+    const float noise = m_mixer.noise(row);
     const float* energies = m_halves.row(row);
     float largest = 0.0F;
     for (int k = 0; k + 1 < halves; ++k)

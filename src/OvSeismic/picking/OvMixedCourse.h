@@ -1,11 +1,11 @@
 #pragma once
 
 #include "OvSeismic/OvSeismicExport.h"
-#include "OvSeismic/dsp/OvFir.h"
-#include "OvSeismic/dsp/OvNoiseLevel.h"
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 #include "OvSeismic/picking/OvOnsetLattice.h"
+#include "OvSeismic/picking/OvRowMixer.h"
 #include "OvSeismic/picking/OvShiftPath.h"
+#include "OvSeismic/picking/OvSlopeCourse.h"
 
 #include <vector>
 
@@ -14,11 +14,11 @@ class OvOnsetGuide;
 /// A second opinion on the course of the first arrival.
 ///
 /// What runs along the course, weaker and ahead of the wave that was followed, is as hidden on each
-/// trace as any wave is in noise. Rows mixed with their neighbours, shifted along the course, show
-/// it: it adds up, noise does not (Mayne, W., 1962, Common reflection point horizontal data
-/// stacking techniques, Geophysics 27, 927-938). Unless they show that the arrivals begin on the
-/// course and nothing ahead of it, the course is found again in the mixed rows; where the two part
-/// for a long stretch, the one stays that the energies about it speak for.
+/// trace as any wave is in noise. Rows mixed with their neighbours along the course (OvRowMixer)
+/// show it. Unless they show that the arrivals begin on the course and nothing ahead of it, the
+/// course is found again in the mixed rows; where the two part for a long stretch, the one stays
+/// that the energies about it speak for. Where hardly anything holds the traces together, the
+/// course is that of rows mixed along all likely slopes (OvSlopeCourse).
 class OVSEISMIC_EXPORT OvMixedCourse
 {
 public:
@@ -29,7 +29,7 @@ public:
     /// The better of the two at each row, points.
     const std::vector<double>& times() const { return m_times; }
     /// A row mixed with its neighbours, in units of its noise before.
-    const float* mixed(int row) const { return m_mixed.row(row); }
+    const float* mixed(int row) const { return m_mixer.row(row); }
 
     /// RMS of the period behind a point of a mixed row over that of its noise.
     double riseAt(int row, double point) const;
@@ -39,37 +39,21 @@ public:
 
 private:
     double loudness(int row, int from, int to) const;
-    void clip(const OvOnsetGuide& guide, const std::vector<OvArrivalAlignment::Match>& matches,
-              const OvTraceGrid& grid);
-    void mix(const std::vector<OvArrivalAlignment::Match>& matches, const OvTraceGrid& grid,
-             const OvTraceChain& chain);
-    void mixRow(int first, int last, float* mixed);
-    void measureNoise(const OvOnsetGuide& guide, const OvTraceGrid& grid);
+    bool followSlopes(const OvTraceGrid& grid, const OvTraceChain& chain,
+                      const OvOnsetLimits& limits);
     void measureHalves(const OvTraceGrid& grid);
     double stepAt(const OvTraceGrid& grid, int row, double point, double period) const;
     bool isBeyondDoubt(const OvTraceGrid& grid, const OvTraceChain& chain) const;
     void choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
                 const std::vector<double>& second);
 
-    // A row that is mixed into another one, and by how much it lies behind that.
-    struct Part
-    {
-        const float* samples;
-        float weight;
-        int shift;
-    };
-
     int m_points = 0;
     double m_period = 0.0;
-    OvScoreLattice m_clipped;
-    OvScoreLattice m_mixed;
+    OvRowMixer m_mixer;
+    OvSlopeCourse m_slopes;
     OvScoreLattice m_halves; // energies of the half periods of each mixed row
     int m_half = 1;          // points
-    std::vector<Part> m_parts;
-    std::vector<OvFir::Part> m_shifted;
-    std::vector<float> m_noise;
     std::vector<double> m_times;
-    OvNoiseLevel::Meter m_meter;
     OvOnsetLattice m_lattice;
     OvShiftPath m_path;
 };

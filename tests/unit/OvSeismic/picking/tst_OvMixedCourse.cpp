@@ -18,6 +18,7 @@ private slots:
     void staysBehindNoise();
     void riseAndForerunTellArrivalsFromNoise();
     void shortStretchesDoNotOverrule();
+    void weakMatchesLeaveItToTheSlopes();
     void mixingKeepsTheSizeOfNoise();
     void mixingLetsTheWaveAddUp();
     void cablesAreNotMixed();
@@ -69,8 +70,10 @@ struct Setup
         chain = OvTraceChain::of(synthetic.gather);
         grid.load(synthetic.gather, chain, 1, 0.0);
         matches.resize(rowCount);
-        for (int row = 0; row < rowCount; ++row)
+        for (int row = 0; row < rowCount; ++row) {
             matches[at(row)].time = strong(row);
+            matches[at(row)].strength = 5.0F;
+        }
     }
 
     // The guide held to the strong wave.
@@ -182,6 +185,27 @@ void tst_OvMixedCourse::shortStretchesDoNotOverrule()
     QVERIFY(many.run());
     const int moved = many.nearWeak(many.mixed.times());
     QVERIFY2(moved >= 20 && moved <= 36, qPrintable(told(moved)));
+}
+
+// Even a short stretch counts where nothing speaks for the course that was followed.
+void tst_OvMixedCourse::weakMatchesLeaveItToTheSlopes()
+{
+    Setup setup(0, rowCount);
+    QVERIFY(setup.follow());
+    for (int row = 0; row < rowCount; ++row)
+        setup.matches[at(row)] = {5.0 * (row % 7), 1.0F, 0.0F, 0.0F, 1.0F};
+    QVERIFY(setup.mix());
+    const int found = setup.nearWeak(setup.mixed.times());
+    QVERIFY2(found >= 56, qPrintable(told(found)));
+    // Mixed along what was found, not along the matches.
+    std::vector<double> rises;
+    for (int row = 0; row < rowCount; ++row)
+        rises.push_back(setup.mixed.riseAt(row, setup.weak(row)));
+    QVERIFY(OvPickCourse::median(rises) > 1.5);
+    for (int row = 0; row < rowCount; ++row)
+        setup.matches[at(row)].strength = 5.0F;
+    QVERIFY(setup.mix());
+    QVERIFY(setup.nearWeak(setup.mixed.times()) < 50);
 }
 
 void tst_OvMixedCourse::mixingKeepsTheSizeOfNoise()
