@@ -37,7 +37,7 @@ bool areWeak(const Matches& matches, const OvTraceChain& chain)
         if (!chain.isAlone(row))
             strengths.push_back(static_cast<double>(matches[at(row)].strength));
     }
-    return !strengths.empty() && OvPickCourse::median(std::move(strengths)) < weak;
+    return !strengths.empty() && OvPickCourse::median(strengths) < weak;
 }
 
 } // namespace
