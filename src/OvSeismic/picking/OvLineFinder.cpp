@@ -147,6 +147,61 @@ private:
     std::unordered_map<std::uint64_t, std::vector<std::size_t>> m_squares;
 };
 
+// Places of which each is linked to the next one, as they mostly are in the order of a file.
+class Sequences
+{
+public:
+    Sequences(const std::vector<Place>& places, double width)
+        : m_width(width)
+    {
+        m_numbers.reserve(places.size());
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            const Place& place = places[i];
+            if (i == 0 || !(distance(places[i - 1], place) <= width))
+                m_boxes.push_back({place, place});
+            Box& box = m_boxes.back();
+            box.least = {std::min(box.least.x, place.x), std::min(box.least.y, place.y)};
+            box.most = {std::max(box.most.x, place.x), std::max(box.most.y, place.y)};
+            m_numbers.push_back(static_cast<int>(m_boxes.size()) - 1);
+        }
+    }
+
+    // Whether no link leads from one to another, as far as their boxes tell.
+    bool arePieces() const
+    {
+        constexpr std::size_t few = 32;
+        if (m_boxes.size() > few)
+            return false;
+        for (std::size_t a = 0; a < m_boxes.size(); ++a) {
+            for (std::size_t b = a + 1; b < m_boxes.size(); ++b) {
+                if (!(gap(m_boxes[a], m_boxes[b]) > m_width))
+                    return false;
+            }
+        }
+        return true;
+    }
+
+    const std::vector<int>& numbers() const { return m_numbers; }
+
+private:
+    struct Box
+    {
+        Place least;
+        Place most;
+    };
+
+    static double gap(const Box& a, const Box& b)
+    {
+        const double x = std::max({a.least.x - b.most.x, b.least.x - a.most.x, 0.0});
+        const double y = std::max({a.least.y - b.most.y, b.least.y - a.most.y, 0.0});
+        return std::hypot(x, y);
+    }
+
+    double m_width;
+    std::vector<Box> m_boxes;
+    std::vector<int> m_numbers; // the sequence of each place
+};
+
 // Places that follow on each other without a gap.
 struct Piece
 {
@@ -240,12 +295,9 @@ std::vector<int> numbersOf(Forest* forest, std::size_t count)
 
 std::vector<int> pieceOfEach(const std::vector<Place>& places, double spacing)
 {
-    // Mostly each place is linked to the next one.
-    const auto isFar = [spacing](const Place& a, const Place& b) {
-        return !(distance(a, b) <= linked * spacing);
-    };
-    if (std::adjacent_find(places.begin(), places.end(), isFar) == places.end())
-        return std::vector<int>(places.size(), 0);
+    const Sequences sequences(places, linked * spacing);
+    if (sequences.arePieces())
+        return sequences.numbers();
     const Squares squares(places, linked * spacing);
     Forest forest(places.size());
     for (std::size_t i = 0; i < places.size(); ++i)

@@ -3,6 +3,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <numeric>
 
 /// Where a row of blocks turns from noise to signal.
 class tst_OvChangeScore : public QObject
@@ -11,6 +12,7 @@ class tst_OvChangeScore : public QObject
 
 private slots:
     void energiesOfWholeBlocks();
+    void energiesOfBlocksOfAnyLength();
     void ratiosAreBounded();
     void forerunnersAreMasked();
     void masksOfLongRows_data();
@@ -59,6 +61,25 @@ int best(std::vector<float> values)
 }
 
 } // namespace
+
+void tst_OvChangeScore::energiesOfBlocksOfAnyLength()
+{
+    std::vector<float> samples;
+    for (int i = 0; i < 150; ++i)
+        samples.push_back(static_cast<float>((i * 7919 + 13) % 101) - 50.0F);
+    for (int block = 1; block <= 50; ++block) {
+        const int blocks = 150 / block;
+        std::vector<float> out(static_cast<std::size_t>(blocks) + 1, -1.0F);
+        OvChangeScore::energies(samples.data(), 150, block, out.data());
+        for (int k = 0; k < blocks; ++k) {
+            const auto from = samples.begin() + k * block;
+            const float sum = std::inner_product(from, from + block, from, 0.0F);
+            QVERIFY(std::abs(out[static_cast<std::size_t>(k)] - sum / static_cast<float>(block)) <
+                    0.01F);
+        }
+        QCOMPARE(out.back(), -1.0F);
+    }
+}
 
 void tst_OvChangeScore::energiesOfWholeBlocks()
 {
