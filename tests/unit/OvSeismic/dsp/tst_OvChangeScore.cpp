@@ -18,6 +18,8 @@ private slots:
     void masksOfLongRows_data();
     void masksOfLongRows();
     void laterBlocksLeak();
+    void scoresAreSums_data();
+    void scoresAreSums();
     void bestWhereSignalBegins();
     void weakFirstWaveIsNotGivenUp();
     void burstIsNotTheArrival();
@@ -176,6 +178,44 @@ void tst_OvChangeScore::laterBlocksLeak()
         const float later =
             std::max(static_cast<float>(ratios.size()) - 3.0F - static_cast<float>(k), 0.0F);
         QVERIFY(std::abs(tight[k] - leaking[k] - 0.125F * later) < 1e-5F);
+    }
+}
+
+void tst_OvChangeScore::scoresAreSums_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("window");
+    for (const int count : {1, 5, 16, 21, 37, 600, 1200}) {
+        for (const int window : {1, 6, 40})
+            QTest::newRow(qPrintable(QStringLiteral("%1 blocks by %2").arg(count).arg(window)))
+                << count << window;
+    }
+}
+
+// Against the sums of each window, and of all behind it, written out.
+void tst_OvChangeScore::scoresAreSums()
+{
+    QFETCH(int, count);
+    QFETCH(int, window);
+    std::vector<float> ratios;
+    for (int k = 0; k < count; ++k)
+        ratios.push_back(static_cast<float>((k * 7919 + 13) % 101) / 40.0F - 1.0F);
+    OvChangeScore::Rule asked = rule();
+    asked.window = window;
+    std::vector<float> scores(ratios.size());
+    OvChangeScore::scores(asked, count, ratios.data(), scores.data());
+    const auto ratio = [&ratios](int k) { return ratios[static_cast<std::size_t>(k)]; };
+    for (int k = 0; k < count; ++k) {
+        const int end = std::min(k + window, count);
+        float inside = 0.0F;
+        for (int i = k; i < end; ++i)
+            inside += ratio(i);
+        float score = std::min(inside, inside - 2.0F * (2.0F - inside));
+        for (int i = end; i + 1 < count; ++i) {
+            const bool standsOut = std::min(ratio(i), ratio(i + 1)) > asked.standsOut;
+            score += (standsOut ? ratio(i) : 0.0F) - asked.leak;
+        }
+        QVERIFY(std::abs(scores[static_cast<std::size_t>(k)] - score) < 2e-3F);
     }
 }
 

@@ -20,6 +20,7 @@ private slots:
     void neighboursAreAsManyAsSet();
     void reversedTracesCountTurnedOver();
     void membersWithoutWeightAreLeftOut();
+    void neighboursCountLessFartherAway();
     void runsTwoPeriodsEitherSide();
     void silenceHasNoOnset();
 };
@@ -144,6 +145,28 @@ void tst_OvArrivalStack::membersWithoutWeightAreLeftOut()
     QCOMPARE(burst.stackOf(20), plain.stackOf(20));
     burst.members[21].weight = 1.0F;
     QVERIFY(burst.stackOf(20) != plain.stackOf(20));
+}
+
+void tst_OvArrivalStack::neighboursCountLessFartherAway()
+{
+    for (const int only : {0, 1, 30, rowCount - 1}) {
+        Setup setup(0.0);
+        for (OvArrivalStack::Member& member : setup.members)
+            member.weight = 0.0F;
+        setup.members[static_cast<std::size_t>(only)].weight = 1.0F;
+        const auto largestAt = [&setup](int row) {
+            const std::vector<float> stack = setup.stackOf(row);
+            return static_cast<double>(*std::max_element(stack.begin(), stack.end()));
+        };
+        const double own = largestAt(only);
+        QVERIFY(own > 0.0);
+        for (const int away : {1, 3, 7, 8}) {
+            const int row = only + (only > 20 ? -away : away);
+            const double share = away / (0.6 * 7.0);
+            const double expected = away > 7 ? 0.0 : std::exp(-share * share);
+            QVERIFY(std::abs(largestAt(row) / own - expected) < 1e-4);
+        }
+    }
 }
 
 void tst_OvArrivalStack::runsTwoPeriodsEitherSide()

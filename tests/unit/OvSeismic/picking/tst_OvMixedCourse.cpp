@@ -21,6 +21,7 @@ private slots:
     void weakMatchesLeaveItToTheSlopes();
     void mixingKeepsTheSizeOfNoise();
     void mixingLetsTheWaveAddUp();
+    void rowsAreMixedToTheirEnds();
     void cablesAreNotMixed();
     void reversedTracesCountTurnedOver();
     void stopsWhenCancelled();
@@ -237,6 +238,34 @@ void tst_OvMixedCourse::mixingLetsTheWaveAddUp()
     }
     const double gain = OvPickCourse::median(gains);
     QVERIFY2(std::abs(gain - 16.0 / std::sqrt(44.0)) < 0.4, qPrintable(QString::number(gain)));
+}
+
+// Against the sums written out; near its ends a row has not all of its neighbours.
+void tst_OvMixedCourse::rowsAreMixedToTheirEnds()
+{
+    Setup setup(0, rowCount);
+    QVERIFY(setup.run());
+    const int points = setup.grid.points();
+    for (const int row : {0, 2, 30, rowCount - 1}) {
+        const OvLinkRange near = setup.chain.neighbours(row, 3);
+        float squares = 0.0F;
+        for (int other = near.first; other < near.last; ++other)
+            squares +=
+                static_cast<float>((4 - std::abs(other - row)) * (4 - std::abs(other - row)));
+        for (int i = 0; i < points; ++i) {
+            float sum = 0.0F;
+            for (int other = near.first; other < near.last; ++other) {
+                const double apart = setup.matches[at(other)].time - setup.matches[at(row)].time;
+                const int place = i + static_cast<int>(std::lround(apart));
+                if (place < 0 || place >= points)
+                    continue;
+                const float value = setup.guide.filtered(other)[place] / setup.guide.noise(other);
+                sum += static_cast<float>(4 - std::abs(other - row)) *
+                       std::min(std::max(value, -4.0F), 4.0F);
+            }
+            QVERIFY(std::abs(setup.mixed.mixed(row)[i] - sum / std::sqrt(squares)) < 1e-3F);
+        }
+    }
 }
 
 // What is said of one cable does not change the mixed rows of the other.

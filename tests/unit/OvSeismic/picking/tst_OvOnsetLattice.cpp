@@ -229,6 +229,10 @@ void tst_OvOnsetLattice::betweenBlocks()
         QCOMPARE(value, 0.5F + scores[0]);
     for (const float value : added(10 * points, 3))
         QCOMPARE(value, 0.5F + scores[last]);
+    const std::vector<float> end = added(block * last - 1, 4);
+    QVERIFY(near(end[0], 0.5F + 0.5F * (scores[last - 1] + scores[last])));
+    for (std::size_t i = 1; i < end.size(); ++i)
+        QCOMPARE(end[i], 0.5F + scores[last]);
     const std::vector<float> across = added(-3, 5);
     QCOMPARE(across[2], 0.5F + scores[0]);
     QCOMPARE(across[4], all[1]);

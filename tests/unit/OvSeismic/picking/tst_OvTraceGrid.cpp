@@ -141,6 +141,26 @@ void tst_OvTraceGrid::samplesThatAreMissingAreNoPartOfARow()
     QCOMPARE(grid.last(1), 25);
     QVERIFY(std::abs(grid.row(1)[24] - 0.24F) < 1e-6F);
     QCOMPARE(grid.row(1)[25], 0.0F);
+    // A grid that held other traces before is no different.
+    std::fill_n(made.gather.trace(0), 10, -6.0F);
+    made.gather.headers[0].delayMs = 10.0F;
+    OvTraceGrid other;
+    other.load(made.gather, chainOf(2), 1, 0.0);
+    grid.load(SyntheticGather(2, 45).gather, chainOf(2), 1, 0.0);
+    grid.load(made.gather, chainOf(2), 1, 0.0);
+    OvTraceGrid filtered;
+    filtered.takeFiltered(grid, {1.0F, -0.5F});
+    const std::vector<float> once(filtered.row(0), filtered.row(0) + 2 * filtered.points());
+    OvTraceGrid loud;
+    loud.load(SyntheticGather(2, 60).gather, chainOf(2), 1, 0.0);
+    filtered.takeFiltered(loud, {1.0F});
+    filtered.takeFiltered(grid, {1.0F, -0.5F});
+    for (int row = 0; row < 2; ++row) {
+        for (int i = 0; i < grid.points(); ++i) {
+            QCOMPARE(grid.row(row)[i], other.row(row)[i]);
+            QCOMPARE(filtered.row(row)[i], once[static_cast<std::size_t>(row * grid.points() + i)]);
+        }
+    }
     made.silence(1);
     QCOMPARE(OvTraceGrid::lengthOf(made.gather, 1), 0);
 }
