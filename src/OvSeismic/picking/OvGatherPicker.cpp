@@ -299,9 +299,9 @@ std::vector<OvArrivalStack::Member> Run::members() const
 void Run::takeOnsets(const std::vector<double>& stacked)
 {
     constexpr double clear = 4.0;
-    constexpr double visible = 2.5;
-    constexpr double aboutTheSame = 0.2; // periods
-    constexpr double mostStray = 0.5;    // from the neighbours' own onsets
+    constexpr double visible = 3.0;
+    constexpr double aboutTheSame = 0.15; // periods
+    constexpr double mostStray = 0.5;     // from the neighbours' own onsets
     const double period = m_work.guide.period();
     std::vector<double> ratios;
     for (const OvOnsetSearch::Arrival& arrival : m_own)
