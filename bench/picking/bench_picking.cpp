@@ -313,7 +313,10 @@ void reportWrong(const Goal& goal, const Outcome& outcome)
                 1.0 - goal.best);
 }
 
-// Seconds that it takes some threads to go through all gathers, each gather by one of them.
+constexpr std::size_t passes = 10; // over all gathers: the threads' start is not what is measured
+
+// Seconds that it takes some threads to go through all gathers so often, each gather by one of
+// them.
 double seconds(int threads, const std::vector<SyntheticShot>& shots,
                const std::function<void(const OvGather& gather)>& work)
 {
@@ -324,8 +327,8 @@ double seconds(int threads, const std::vector<SyntheticShot>& shots,
     pool.reserve(static_cast<std::size_t>(threads));
     for (int i = 0; i < threads; ++i)
         pool.emplace_back([&] {
-            for (std::size_t at = next++; at < shots.size(); at = next++)
-                work(shots[at].gather);
+            for (std::size_t at = next++; at < passes * shots.size(); at = next++)
+                work(shots[at % shots.size()].gather);
         });
     for (std::thread& thread : pool)
         thread.join();
@@ -357,7 +360,7 @@ void reportSpeed()
         two.push_back(seconds(2, shots, pick));
         plain.push_back(seconds(1, shots, referenceAic));
     }
-    const double traces = gathers * SyntheticLine::channels;
+    const double traces = passes * gathers * SyntheticLine::channels;
     QTextStream(stderr) << "  traces a second: one thread "
                         << static_cast<int>(traces / Figure::median(one)) << ", two "
                         << static_cast<int>(traces / Figure::median(two)) << ", plain AIC on one "
