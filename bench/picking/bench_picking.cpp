@@ -12,6 +12,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <limits>
@@ -279,8 +280,12 @@ void drawReliability(const std::vector<Outcome>& outcomes, const QString& path)
 {
     std::vector<std::vector<Scores::Bin>> curves;
     QStringList names;
+    constexpr int enough = 30; // fewer picks make no share
     for (const std::size_t i : {1U, 2U, 4U, 5U, 6U, 7U}) {
-        curves.push_back(outcomes[i].all.reliability(toleranceMs));
+        std::vector<Scores::Bin> bins = outcomes[i].all.reliability(toleranceMs);
+        const auto isScarce = [](const Scores::Bin& bin) { return bin.count < enough; };
+        bins.erase(std::remove_if(bins.begin(), bins.end(), isScarce), bins.end());
+        curves.push_back(bins);
         names.push_back(conditions[i].kind.name());
     }
     Pictures::reliability(curves, names).save(path);
