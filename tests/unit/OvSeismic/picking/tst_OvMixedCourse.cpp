@@ -1,10 +1,7 @@
 #include "OvSeismic/picking/OvMixedCourse.h"
 
-#include "OvSeismic/picking/OvOnsetGuide.h"
+#include "GuidedGather.h"
 #include "OvSeismic/picking/OvPickCourse.h"
-#include "OvSeismic/picking/OvTraceChain.h"
-#include "OvSeismic/picking/OvTraceGrid.h"
-#include "SyntheticGather.h"
 
 #include <QtTest>
 
@@ -42,16 +39,13 @@ std::size_t at(int row)
 
 // A wave of amplitude 20 on every row; on some the arrival of the synthetic gather runs three
 // periods ahead of it, in noise as loud as itself.
-struct Setup
+struct Setup : GuidedGather
 {
-    SyntheticGather synthetic{rowCount};
-    OvTraceChain chain;
-    OvTraceGrid grid;
-    OvOnsetGuide guide;
     Matches matches;
     OvMixedCourse mixed;
 
     Setup(int firstWeak, int lastWeak)
+        : GuidedGather(rowCount)
     {
         for (int row = 0; row < rowCount; ++row) {
             if (row < firstWeak || row >= lastWeak)
@@ -60,22 +54,16 @@ struct Setup
         }
         synthetic.addNoise(noiseRms);
         load();
-    }
-
-    double strongMs(int row) const { return synthetic.onsetsMs[at(row)] + gapMs; }
-    double weak(int row) const { return grid.pointAt(row, synthetic.onsetsMs[at(row)]); }
-    double strong(int row) const { return grid.pointAt(row, strongMs(row)); }
-
-    void load()
-    {
-        chain = OvTraceChain::of(synthetic.gather);
-        grid.load(synthetic.gather, chain, 1, 0.0);
         matches.resize(rowCount);
         for (int row = 0; row < rowCount; ++row) {
             matches[at(row)].time = strong(row);
             matches[at(row)].strength = 5.0F;
         }
     }
+
+    double strongMs(int row) const { return synthetic.onsetsMs[at(row)] + gapMs; }
+    double weak(int row) const { return onset(row); }
+    double strong(int row) const { return grid.pointAt(row, strongMs(row)); }
 
     // The guide held to the strong wave.
     bool follow()

@@ -1,9 +1,7 @@
 #include "OvSeismic/picking/OvRowMixer.h"
 
-#include "OvSeismic/picking/OvOnsetGuide.h"
+#include "GuidedGather.h"
 #include "OvSeismic/picking/OvPickCourse.h"
-#include "OvSeismic/picking/OvTraceChain.h"
-#include "SyntheticGather.h"
 
 #include <QtTest>
 
@@ -26,31 +24,21 @@ namespace {
 
 constexpr int rowCount = 40;
 
-std::size_t at(int row)
-{
-    return static_cast<std::size_t>(row);
-}
-
 // Arrivals a quarter of a millisecond a metre apart from row to row, 2.5 points.
-struct Setup
+struct Setup : GuidedGather
 {
-    SyntheticGather synthetic{rowCount};
-    OvTraceChain chain;
-    OvTraceGrid grid;
-    OvOnsetGuide guide;
     OvRowMixer mixer;
     std::vector<float> signs = std::vector<float>(rowCount, 1.0F);
 
     explicit Setup(double noise)
+        : GuidedGather(rowCount)
     {
         synthetic.addNoise(noise);
-        chain = OvTraceChain::of(synthetic.gather);
-        grid.load(synthetic.gather, chain, 1, 0.0);
+        load();
         guide.find(grid, chain, {});
         mixer.load(guide, grid, signs);
     }
 
-    double onset(int row) const { return grid.pointAt(row, synthetic.onsetsMs[at(row)]); }
     std::vector<double> line(double slope) const
     {
         std::vector<double> points;
@@ -95,7 +83,7 @@ void tst_OvRowMixer::addsUpAlongTheWave()
     // A reversed row is as good as the others once its sign is known.
     for (const int row : {7, 8, 20}) {
         setup.synthetic.scale(row, -1.0F);
-        setup.signs[at(row)] = -1.0F;
+        setup.signs[GuidedGather::at(row)] = -1.0F;
     }
     setup.grid.load(setup.synthetic.gather, setup.chain, 1, 0.0);
     QVERIFY(setup.guide.find(setup.grid, setup.chain, {}));

@@ -1,9 +1,7 @@
 #include "OvSeismic/picking/OvSlopeCourse.h"
 
-#include "OvSeismic/picking/OvOnsetGuide.h"
+#include "GuidedGather.h"
 #include "OvSeismic/picking/OvRowMixer.h"
-#include "OvSeismic/picking/OvTraceChain.h"
-#include "SyntheticGather.h"
 
 #include <QtTest>
 
@@ -24,30 +22,21 @@ namespace {
 
 constexpr int rowCount = 60;
 
-std::size_t at(int row)
+struct Setup : GuidedGather
 {
-    return static_cast<std::size_t>(row);
-}
-
-struct Setup
-{
-    SyntheticGather synthetic{rowCount};
-    OvTraceChain chain;
-    OvTraceGrid grid;
-    OvOnsetGuide guide;
     OvRowMixer mixer;
     OvSlopeCourse course;
 
     explicit Setup(double noise)
+        : GuidedGather(rowCount)
     {
         synthetic.addNoise(noise, 3);
-        load();
+        prepare();
     }
 
-    void load()
+    void prepare()
     {
-        chain = OvTraceChain::of(synthetic.gather);
-        grid.load(synthetic.gather, chain, 1, 0.0);
+        load();
         guide.find(grid, chain, {});
         mixer.load(guide, grid, std::vector<float>(rowCount, 1.0F));
     }
@@ -61,11 +50,8 @@ struct Setup
     int right(const std::vector<double>& points) const
     {
         int count = 0;
-        for (int link = 0; link < rowCount; ++link) {
-            const auto row = static_cast<std::size_t>(chain.rows[at(link)]);
-            const double truth = grid.pointAt(link, synthetic.onsetsMs[row]);
-            count += std::abs(points[at(link)] - truth) < 7.0 ? 1 : 0;
-        }
+        for (int link = 0; link < rowCount; ++link)
+            count += std::abs(points[at(link)] - onset(link)) < 7.0 ? 1 : 0;
         return count;
     }
 };
@@ -94,7 +80,7 @@ void tst_OvSlopeCourse::waysAreUnknownWithoutOffsets()
     std::reverse(setup.synthetic.onsetsMs.begin(), setup.synthetic.onsetsMs.end());
     for (OvTraceHeader& header : gather.headers)
         header.offset = std::numeric_limits<float>::quiet_NaN();
-    setup.load();
+    setup.prepare();
     QVERIFY(!setup.chain.hasOffsets);
     QVERIFY(setup.find());
     const int found = setup.right(setup.course.times());
