@@ -139,7 +139,7 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
     if (isBeyondDoubt(grid, chain))
         return true;
     if (areWeak(matches, chain))
-        return followSlopes(grid, chain, limits);
+        return followSlopes(matches, grid, chain, limits);
     m_lattice.build(m_mixer.rows(), limits);
     if (limits.cancel && limits.cancel->load())
         return false;
@@ -151,13 +151,22 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
 }
 
 // Where hardly anything holds the traces together along the course, it says little of the slopes
-// along which to mix.
-bool OvMixedCourse::followSlopes(const OvTraceGrid& grid, const OvTraceChain& chain,
-                                 const OvOnsetLimits& limits)
+// along which to mix. Stretches of it that do hold together stay.
+bool OvMixedCourse::followSlopes(const Matches& matches, const OvTraceGrid& grid,
+                                 const OvTraceChain& chain, const OvOnsetLimits& limits)
 {
+    constexpr int reach = 6;
+    constexpr double strong = 4.0; // of 5.8
     if (!m_slopes.find(&m_mixer, chain, limits, m_times))
         return false;
-    m_times = m_slopes.times();
+    std::vector<double> strengths;
+    for (const OvArrivalAlignment::Match& match : matches)
+        strengths.push_back(static_cast<double>(match.strength));
+    strengths = OvPickCourse::runningMedians(strengths, reach, chain.cables);
+    for (int row = 0; row < grid.rows(); ++row) {
+        if (strengths[at(row)] <= strong)
+            m_times[at(row)] = m_slopes.times()[at(row)];
+    }
     m_mixer.mix(chain, m_times, neighbours);
     measureHalves(grid);
     return true;

@@ -18,7 +18,8 @@ class OvOnsetGuide;
 /// show it. Unless they show that the arrivals begin on the course and nothing ahead of it, the
 /// course is found again in the mixed rows; where the two part for a long stretch, the one stays
 /// that the energies about it speak for. Where hardly anything holds the traces together, the
-/// course is that of rows mixed along all likely slopes (OvSlopeCourse).
+/// course is that of rows mixed along all likely slopes (OvSlopeCourse), but for stretches that do
+/// hold together.
 class OVSEISMIC_EXPORT OvMixedCourse
 {
 public:
@@ -39,7 +40,8 @@ public:
 
 private:
     double loudness(int row, int from, int to) const;
-    bool followSlopes(const OvTraceGrid& grid, const OvTraceChain& chain,
+    bool followSlopes(const std::vector<OvArrivalAlignment::Match>& matches,
+                      const OvTraceGrid& grid, const OvTraceChain& chain,
                       const OvOnsetLimits& limits);
     void measureHalves(const OvTraceGrid& grid);
     double stepAt(const OvTraceGrid& grid, int row, double point, double period) const;

@@ -191,6 +191,13 @@ void tst_OvMixedCourse::weakMatchesLeaveItToTheSlopes()
     for (int row = 0; row < rowCount; ++row)
         rises.push_back(setup.mixed.riseAt(row, setup.weak(row)));
     QVERIFY(OvPickCourse::median(rises) > 1.5);
+    // What a stretch of strong matches follows stays.
+    for (int row = 0; row < 25; ++row)
+        setup.matches[at(row)].strength = 5.0F;
+    QVERIFY(setup.mix());
+    for (int row = 0; row < 25; ++row)
+        QCOMPARE(setup.mixed.times()[at(row)], setup.guide.times()[at(row)]);
+    QVERIFY(setup.nearWeak(setup.mixed.times()) >= 30);
     for (int row = 0; row < rowCount; ++row)
         setup.matches[at(row)].strength = 5.0F;
     QVERIFY(setup.mix());
