@@ -1,6 +1,8 @@
 #include "WalkTest.h"
 
+#include <QFile>
 #include <QRegularExpression>
+#include <QtEndian>
 #include <QtTest>
 
 #include <algorithm>
@@ -30,8 +32,30 @@ private:
 
 namespace {
 
-constexpr int shots = 240; // some seconds of work
+constexpr int madeShots = 240;
+constexpr int repeats = 6; // of the line, with other field records: some seconds of work
+constexpr int shots = repeats * madeShots;
 constexpr int channels = 120;
+
+bool repeatLine(const QString& path)
+{
+    constexpr int fileHeaders = 3600;
+    constexpr int fieldRecord = 8; // of a trace header
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite) || file.read(fileHeaders).size() != fileHeaders)
+        return false;
+    QByteArray traces = file.readAll();
+    const int length = traces.size() / (madeShots * channels);
+    for (int repeat = 1; repeat < repeats; ++repeat) {
+        for (int at = 0; at < traces.size(); at += length) {
+            char* record = traces.data() + at + fieldRecord;
+            qToBigEndian(qFromBigEndian<qint32>(record) + madeShots, record);
+        }
+        if (file.write(traces) != traces.size())
+            return false;
+    }
+    return true;
+}
 
 } // namespace
 
@@ -49,7 +73,8 @@ bool tst_Picking::waitForJobs(int timeoutMs)
 
 void tst_Picking::opensALine()
 {
-    QVERIFY(makeLine(shots));
+    QVERIFY(makeLine(madeShots));
+    QVERIFY(repeatLine(linePath()));
     QVERIFY(enter());
     QVERIFY(makeProject("Picking", surveyFolder()));
     QVERIFY(openFile("demo_line.sgy"));
