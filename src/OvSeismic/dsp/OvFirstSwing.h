@@ -33,7 +33,7 @@ struct Swing
 OVSEISMIC_EXPORT Swing find(const OvTraceView& trace, const Window& window, Sign sign);
 
 /// Onset of a swing as a fractional sample: where the straight line through the points of its flank
-/// at 0.3 and at 0.7 of its height meets the level of rest. The flank stands clear of the noise,
+/// at 0.3 and at 0.6 of its height meets the level of rest. The flank stands clear of the noise,
 /// which blurs any threshold near the onset itself.
 OVSEISMIC_EXPORT double onset(const float* samples, const Swing& swing);
 
