@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <vector>
 
 namespace {
 
@@ -100,6 +99,11 @@ double OvRank::of(const double* values, int count, int rank)
 double OvRank::median(const double* values, int count)
 {
     return of(values, count, count / 2);
+}
+
+double OvRank::median(const std::vector<double>& values)
+{
+    return median(values.data(), static_cast<int>(values.size()));
 }
 
 void OvRank::runningMedians(const double* values, int count, int reach, double* out)

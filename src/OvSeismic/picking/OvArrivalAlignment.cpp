@@ -1,6 +1,7 @@
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 
 #include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/dsp/OvVectorClones.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
@@ -47,7 +48,7 @@ void OvArrivalAlignment::chooseNeighbours(int mostOnASide)
     std::vector<double> strengths;
     for (const Match& match : m_matches)
         strengths.push_back(static_cast<double>(match.strength));
-    const double usual = std::max(OvPickCourse::median(strengths), least);
+    const double usual = std::max(OvRank::median(strengths), least);
     if (usual > least)
         m_neighbours =
             std::clamp(rounded(wanted * wanted / (usual * usual)), fewestNeighbours, mostOnASide);
@@ -214,10 +215,7 @@ double OvArrivalAlignment::follow(const Input& input)
         moveTo(input, row, path[at(row)]);
         times[at(row)] = std::abs(m_matches[at(row)].time - times[at(row)]);
     }
-    const auto rank =
-        times.begin() + static_cast<std::ptrdiff_t>(nearlyAll * static_cast<double>(times.size()));
-    std::nth_element(times.begin(), rank, times.end());
-    return *rank;
+    return OvRank::of(times.data(), input.rows, static_cast<int>(nearlyAll * input.rows));
 }
 
 // To the vertex of the parabola through a correlation and its neighbours.

@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvCableFinder.h"
 
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvLineFinder.h"
 #include "OvSeismic/segy/OvGather.h"
 
@@ -101,9 +102,7 @@ public:
         std::vector<double> steps;
         for (std::size_t i = 1; i < m_offsets.size(); ++i)
             steps.push_back(step(i));
-        const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
-        std::nth_element(steps.begin(), middle, steps.end());
-        m_usualStep = *middle;
+        m_usualStep = OvRank::median(steps);
     }
 
     std::vector<Run> runs() const

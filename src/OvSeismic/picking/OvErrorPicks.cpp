@@ -1,6 +1,7 @@
 #include "OvSeismic/picking/OvErrorPicks.h"
 
 #include "OvSeismic/dsp/OvDominantPeriod.h"
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/firstbreak/OvFirstBreaks.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/segy/OvGather.h"
@@ -28,13 +29,6 @@ struct Pick
     double timeMs;
 };
 
-double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
 std::vector<Pick> picksAlong(const OvTraceChain& chain, const OvFirstBreaks& breaks)
 {
     std::vector<Pick> picks;
@@ -56,7 +50,7 @@ double slopeThrough(const Pick& pick, const std::vector<Pick>& others)
     for (const Pick& other : others)
         if (other.place != pick.place)
             slopes.push_back((other.timeMs - pick.timeMs) / (other.place - pick.place));
-    return slopes.empty() ? 0.0 : median(slopes);
+    return slopes.empty() ? 0.0 : OvRank::median(slopes);
 }
 
 // Distance of a pick from the line through others; infinite where they make none.
@@ -68,12 +62,12 @@ double distanceFrom(const std::vector<Pick>& others, const Pick& pick)
     slopes.reserve(others.size());
     for (const Pick& other : others)
         slopes.push_back(slopeThrough(other, others));
-    const double slope = median(slopes);
+    const double slope = OvRank::median(slopes);
     std::vector<double> levels;
     levels.reserve(others.size());
     for (const Pick& other : others)
         levels.push_back(other.timeMs + slope * (pick.place - other.place));
-    return std::abs(pick.timeMs - median(levels));
+    return std::abs(pick.timeMs - OvRank::median(levels));
 }
 
 double distanceAt(const std::vector<Pick>& picks, const std::vector<int>& cables, int index)
@@ -107,7 +101,7 @@ std::vector<double> distancesOf(const std::vector<Pick>& picks)
 double spreadOf(const std::vector<double>& distances)
 {
     constexpr double toDeviation = 1.4826; // of a normal distribution
-    return toDeviation * median(distances);
+    return toDeviation * OvRank::median(distances);
 }
 
 double periodMs(const OvGather& gather, const std::vector<Pick>& picks)
@@ -121,7 +115,7 @@ double periodMs(const OvGather& gather, const std::vector<Pick>& picks)
             std::min(gather.sampleCount, from + static_cast<int>(waveMs / gather.intervalMs));
         periods.push_back(ovDominantPeriod(gather.trace(pick.row), from, to));
     }
-    return median(periods) * gather.intervalMs;
+    return OvRank::median(periods) * gather.intervalMs;
 }
 
 bool isWrong(double distanceMs, double toleranceMs, float confidence)

@@ -1,6 +1,7 @@
 #include "OvSeismic/picking/OvGatherPicker.h"
 
 #include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvArrivalAlignment.h"
 #include "OvSeismic/picking/OvArrivalStack.h"
 #include "OvSeismic/picking/OvMixedCourse.h"
@@ -19,7 +20,7 @@
 
 namespace {
 
-using OvPickCourse::median;
+using OvRank::median;
 
 constexpr double pointsAPeriod = 15.0;
 

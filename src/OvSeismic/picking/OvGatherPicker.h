@@ -10,7 +10,8 @@
 ///    turns from noise to signal, the best path through all traces follows (OvOnsetGuide).
 /// 3. The traces are aligned on each other along the course (OvArrivalAlignment), and mixed with
 ///    their neighbours: where the mixed rows show an earlier arrival for a long stretch, that is
-///    the course (OvMixedCourse), and they are aligned once more.
+///    the course (OvMixedCourse), and they are aligned once more. Of arrivals too weak for that it
+///    is that of rows mixed along likely slopes (OvSlopeCourse).
 /// 4. The aligned traces are stacked, the onset of the stack is carried back to each of them
 ///    (OvArrivalStack). Where the trace itself stands clear of the noise, the onset of its own
 ///    first swing near the course (OvOnsetSearch) takes its place.

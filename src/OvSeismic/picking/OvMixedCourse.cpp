@@ -2,6 +2,7 @@
 
 #include "OvSeismic/dsp/OvChangeScore.h"
 #include "OvSeismic/dsp/OvFir.h"
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvOnsetGuide.h"
 #include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
@@ -29,15 +30,15 @@ int rounded(double value)
 }
 
 // Traces with neighbours that hardly match them.
-bool areWeak(const Matches& matches, const OvTraceChain& chain)
+bool areWeak(const std::vector<double>& all, const OvTraceChain& chain)
 {
     constexpr double weak = 3.0; // of 5.8
     std::vector<double> strengths;
     for (int row = 0; row < chain.size(); ++row) {
         if (!chain.isAlone(row))
-            strengths.push_back(static_cast<double>(matches[at(row)].strength));
+            strengths.push_back(all[at(row)]);
     }
-    return !strengths.empty() && OvPickCourse::median(strengths) < weak;
+    return !strengths.empty() && OvRank::median(strengths) < weak;
 }
 
 } // namespace
@@ -54,7 +55,7 @@ void OvMixedCourse::measureHalves(const OvTraceGrid& grid)
 }
 
 // Energy of the period behind a point over that of what lies ahead of it; NaN at the ends of a row.
-double OvMixedCourse::stepAt(const OvTraceGrid& grid, int row, double point, double period) const
+double OvMixedCourse::stepAt(const OvTraceGrid& grid, int row, double point) const
 {
     constexpr double ahead = 6.0;
     constexpr double clear = 0.7;
@@ -67,23 +68,23 @@ double OvMixedCourse::stepAt(const OvTraceGrid& grid, int row, double point, dou
         return static_cast<double>(OvFir::dot(values, values, to - from)) / (to - from);
     };
     const int start = inside(point);
-    const int end = inside(point + period);
-    const int from = inside(point - ahead * period);
-    const int to = inside(point - clear * period);
+    const int end = inside(point + m_period);
+    const int from = inside(point - ahead * m_period);
+    const int to = inside(point - clear * m_period);
     if (end - start < least || to - from < least)
         return std::numeric_limits<double>::quiet_NaN();
     return mean(start, end) / std::max(mean(from, to), 1e-12);
 }
 
 // Short stretches, and steps that noise makes as well, do not overrule the first course.
-void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
+void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain,
                            const std::vector<double>& second)
 {
     constexpr double apart = 0.8; // periods
     constexpr int shortest = 12;
     const auto side = [&](int row) {
         const double distance = second[at(row)] - m_times[at(row)];
-        return std::abs(distance) < apart * period ? 0 : distance < 0.0 ? -1 : 1;
+        return std::abs(distance) < apart * m_period ? 0 : distance < 0.0 ? -1 : 1;
     };
     for (int row = 0, end = 0; row < grid.rows(); row = end) {
         const int where = side(row);
@@ -92,13 +93,13 @@ void OvMixedCourse::choose(const OvTraceGrid& grid, const OvTraceChain& chain, d
             if (end > row && chain.beginsCable(end))
                 break;
             const double earlier = std::min(second[at(end)], m_times[at(end)]);
-            const double step = where == 0 ? 0.0 : stepAt(grid, end, earlier, period);
+            const double step = where == 0 ? 0.0 : stepAt(grid, end, earlier);
             if (std::isfinite(step))
                 steps.push_back(step);
         }
         if (where == 0 || end - row < shortest || steps.empty())
             continue;
-        const double step = OvPickCourse::median(steps);
+        const double step = OvRank::median(steps);
         if (where < 0 ? step > clearStep : step < noStep)
             std::copy(second.begin() + row, second.begin() + end, m_times.begin() + row);
     }
@@ -111,7 +112,7 @@ bool OvMixedCourse::isBeyondDoubt(const OvTraceGrid& grid, const OvTraceChain& c
     std::vector<double> steps;
     std::vector<double> foreruns;
     for (int row = 0; row < grid.rows(); ++row) {
-        const double step = stepAt(grid, row, m_times[at(row)], m_period);
+        const double step = stepAt(grid, row, m_times[at(row)]);
         steps.push_back(std::isfinite(step) ? step : noStep);
         foreruns.push_back(forerunAt(grid, row, m_times[at(row)]));
     }
@@ -129,42 +130,41 @@ bool OvMixedCourse::find(const OvOnsetGuide& guide, const Matches& matches, cons
     m_times = guide.times();
     std::vector<double> arrivals;
     std::vector<float> signs;
+    std::vector<double> strengths;
     for (const OvArrivalAlignment::Match& match : matches) {
         arrivals.push_back(match.time);
         signs.push_back(match.sign);
+        strengths.push_back(static_cast<double>(match.strength));
     }
     m_mixer.load(guide, grid, signs);
     m_mixer.mix(chain, arrivals, neighbours);
     measureHalves(grid);
     if (isBeyondDoubt(grid, chain))
         return true;
-    if (areWeak(matches, chain))
-        return followSlopes(matches, grid, chain, limits);
+    if (areWeak(strengths, chain))
+        return followSlopes(strengths, grid, chain, limits);
     m_lattice.build(m_mixer.rows(), limits);
     if (limits.cancel && limits.cancel->load())
         return false;
     std::vector<double> second;
     for (const int block : m_path.find(m_lattice.scores(), m_lattice.steps(chain, m_times)))
         second.push_back(block * m_lattice.block());
-    choose(grid, chain, guide.period(), second);
+    choose(grid, chain, second);
     return true;
 }
 
 // Where hardly anything holds the traces together along the course, it says little of the slopes
 // along which to mix. Stretches of it that do hold together stay.
-bool OvMixedCourse::followSlopes(const Matches& matches, const OvTraceGrid& grid,
+bool OvMixedCourse::followSlopes(const std::vector<double>& strengths, const OvTraceGrid& grid,
                                  const OvTraceChain& chain, const OvOnsetLimits& limits)
 {
     constexpr int reach = 6;
     constexpr double strong = 4.0; // of 5.8
     if (!m_slopes.find(&m_mixer, chain, limits, m_times))
         return false;
-    std::vector<double> strengths;
-    for (const OvArrivalAlignment::Match& match : matches)
-        strengths.push_back(static_cast<double>(match.strength));
-    strengths = OvPickCourse::runningMedians(strengths, reach, chain.cables);
+    const auto around = OvPickCourse::runningMedians(strengths, reach, chain.cables);
     for (int row = 0; row < grid.rows(); ++row) {
-        if (strengths[at(row)] <= strong)
+        if (around[at(row)] <= strong)
             m_times[at(row)] = m_slopes.times()[at(row)];
     }
     m_mixer.mix(chain, m_times, neighbours);

@@ -40,13 +40,12 @@ public:
 
 private:
     double loudness(int row, int from, int to) const;
-    bool followSlopes(const std::vector<OvArrivalAlignment::Match>& matches,
-                      const OvTraceGrid& grid, const OvTraceChain& chain,
-                      const OvOnsetLimits& limits);
+    bool followSlopes(const std::vector<double>& strengths, const OvTraceGrid& grid,
+                      const OvTraceChain& chain, const OvOnsetLimits& limits);
     void measureHalves(const OvTraceGrid& grid);
-    double stepAt(const OvTraceGrid& grid, int row, double point, double period) const;
+    double stepAt(const OvTraceGrid& grid, int row, double point) const;
     bool isBeyondDoubt(const OvTraceGrid& grid, const OvTraceChain& chain) const;
-    void choose(const OvTraceGrid& grid, const OvTraceChain& chain, double period,
+    void choose(const OvTraceGrid& grid, const OvTraceChain& chain,
                 const std::vector<double>& second);
 
     int m_points = 0;

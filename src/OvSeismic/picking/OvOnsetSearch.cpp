@@ -145,9 +145,8 @@ private:
             quiet.push_back(whole.variance(from, from + length));
         if (quiet.empty())
             return whole.variance(0, whole.size());
-        const auto quarter = quiet.begin() + static_cast<std::ptrdiff_t>(quiet.size() / 4);
-        std::nth_element(quiet.begin(), quarter, quiet.end());
-        return *quarter;
+        const int count = static_cast<int>(quiet.size());
+        return OvRank::of(quiet.data(), count, count / 4);
     }
 
     const OvTraceGrid& m_grid;

@@ -76,7 +76,7 @@ std::vector<double> OvPickCourse::strays(const std::vector<double>& times, int r
         if (around.empty())
             continue;
         const auto at = static_cast<std::size_t>(i);
-        strays[at] = times[at] - course[at] - median(around);
+        strays[at] = times[at] - course[at] - OvRank::median(around);
     }
     return strays;
 }
@@ -113,11 +113,6 @@ std::vector<double> OvPickCourse::runningMedians(const std::vector<double>& valu
     return medians;
 }
 
-double OvPickCourse::median(const std::vector<double>& values)
-{
-    return OvRank::median(values.data(), static_cast<int>(values.size()));
-}
-
 double OvPickCourse::periodBehind(const OvTraceGrid& grid, const std::vector<double>& starts,
                                   double length)
 {
@@ -130,5 +125,5 @@ double OvPickCourse::periodBehind(const OvTraceGrid& grid, const std::vector<dou
         if (period > 0.0)
             periods.push_back(period);
     }
-    return periods.empty() ? 0.0 : median(periods);
+    return periods.empty() ? 0.0 : OvRank::median(periods);
 }

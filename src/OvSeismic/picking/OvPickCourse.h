@@ -33,9 +33,6 @@ OVSEISMIC_EXPORT std::vector<double> leads(const std::vector<double>& times,
 OVSEISMIC_EXPORT std::vector<double> runningMedians(const std::vector<double>& values, int reach,
                                                     const std::vector<int>& cables);
 
-/// Median; the upper of two in the middle. values must not be empty.
-OVSEISMIC_EXPORT double median(const std::vector<double>& values);
-
 /// Median over the rows of the dominant period (ovDominantPeriod) of `length` points from each
 /// row's start on, points; 0 when no row has one.
 OVSEISMIC_EXPORT double periodBehind(const OvTraceGrid& grid, const std::vector<double>& starts,

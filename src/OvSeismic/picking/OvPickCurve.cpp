@@ -1,5 +1,7 @@
 #include "OvSeismic/picking/OvPickCurve.h"
 
+#include "OvSeismic/dsp/OvRank.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -10,13 +12,6 @@ constexpr std::size_t mostBins = 64;
 constexpr std::size_t mostPicksInBin = 32;
 
 using Knot = OvPickLine::Knot;
-
-double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 double slopeAt(const std::vector<Knot>& knots, std::size_t index)
 {
@@ -37,7 +32,7 @@ std::vector<double> smoothed(const std::vector<Knot>& picks)
         std::vector<double> around;
         for (std::size_t k = i - reach; k <= i + reach; ++k)
             around.push_back(picks[k].timeMs);
-        times.push_back(median(std::move(around)));
+        times.push_back(OvRank::median(around));
     }
     return times;
 }
@@ -51,7 +46,7 @@ Knot middle(const std::vector<Knot>& picks, const std::vector<double>& times, st
         offsets.push_back(picks[i].offset);
         values.push_back(times[i]);
     }
-    return {median(std::move(offsets)), median(std::move(values)), 0.0};
+    return {OvRank::median(offsets), OvRank::median(values), 0.0};
 }
 
 double spread(const std::vector<Knot>& picks, std::size_t first, std::size_t end, const Knot& knot,
@@ -61,7 +56,7 @@ double spread(const std::vector<Knot>& picks, std::size_t first, std::size_t end
     for (std::size_t i = first; i < end; ++i)
         strays.push_back(
             std::abs(picks[i].timeMs - knot.timeMs - slope * (picks[i].offset - knot.offset)));
-    return median(std::move(strays));
+    return OvRank::median(strays);
 }
 
 Knot between(const Knot& left, const Knot& right, double offset)

@@ -1,5 +1,6 @@
 #include "OvSeismic/picking/OvPickPriorBuilder.h"
 
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvPickCurve.h"
 
 #include <algorithm>
@@ -88,13 +89,6 @@ std::vector<const Learned*> nearest(const std::vector<Learned>& sources, const P
     return near;
 }
 
-double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
 // Usual distance from a source to the one nearest to it, told from some of the sources.
 double usualSpacing(const std::vector<Learned>& sources)
 {
@@ -110,7 +104,7 @@ double usualSpacing(const std::vector<Learned>& sources)
         if (std::isfinite(least))
             spacings.push_back(least);
     }
-    return spacings.empty() ? 0.0 : median(spacings);
+    return spacings.empty() ? 0.0 : OvRank::median(spacings);
 }
 
 class LearnedPrior : public OvPickPrior
@@ -182,12 +176,12 @@ private:
         }
         if (times.empty())
             return {};
-        const double time = median(times);
+        const double time = OvRank::median(times);
         std::vector<double> strays;
         strays.reserve(times.size());
         for (const double other : times)
             strays.push_back(std::abs(other - time));
-        return width(time, std::max(spread, median(strays)));
+        return width(time, std::max(spread, OvRank::median(strays)));
     }
 
     static Expected fromLine(const OvPickLine& line, double offset)

@@ -60,6 +60,7 @@ void tst_OvRank::medianIsTheUpperOne()
     QCOMPARE(OvRank::median(values.data(), 2), 4.0);
     QCOMPARE(OvRank::median(values.data(), 3), 3.0);
     QCOMPARE(OvRank::median(values.data(), 4), 3.0);
+    QCOMPARE(OvRank::median(values), 3.0);
 }
 
 void tst_OvRank::runningMedians_data()

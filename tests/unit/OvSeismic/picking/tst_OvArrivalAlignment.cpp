@@ -1,5 +1,5 @@
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvArrivalAlignment.h"
-#include "OvSeismic/picking/OvPickCourse.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "OvSeismic/picking/OvTraceGrid.h"
 
@@ -79,7 +79,7 @@ struct Setup
         std::vector<double> errors;
         for (int row = 0; row < grid.rows(); ++row)
             errors.push_back(alignment.matches()[static_cast<std::size_t>(row)].time - truth(row));
-        const double shift = OvPickCourse::median(errors);
+        const double shift = OvRank::median(errors);
         double worst = 0.0;
         for (const double error : errors)
             worst = std::max(worst, std::abs(error - shift));
@@ -138,8 +138,8 @@ void tst_OvArrivalAlignment::noiseHasLittleStrength()
     std::vector<double> strengths;
     for (const auto& match : alignment.matches())
         strengths.push_back(static_cast<double>(match.strength));
-    QVERIFY2(OvPickCourse::median(strengths) < 3.0,
-             qPrintable(QString::number(OvPickCourse::median(strengths))));
+    QVERIFY2(OvRank::median(strengths) < 3.0,
+             qPrintable(QString::number(OvRank::median(strengths))));
 }
 
 void tst_OvArrivalAlignment::stopsWhenCancelled()

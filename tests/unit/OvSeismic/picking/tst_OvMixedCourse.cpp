@@ -1,7 +1,7 @@
 #include "OvSeismic/picking/OvMixedCourse.h"
 
 #include "GuidedGather.h"
-#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/dsp/OvRank.h"
 
 #include <QtTest>
 
@@ -145,7 +145,7 @@ void tst_OvMixedCourse::riseAndForerunTellArrivalsFromNoise()
         std::vector<double> values;
         for (int row = 0; row < rowCount; ++row)
             values.push_back(measure(setup, row));
-        return OvPickCourse::median(values);
+        return OvRank::median(values);
     };
     const auto riseAtWeak = [](const Setup& setup, int row) {
         return setup.mixed.riseAt(row, setup.weak(row));
@@ -190,7 +190,7 @@ void tst_OvMixedCourse::weakMatchesLeaveItToTheSlopes()
     std::vector<double> rises;
     for (int row = 0; row < rowCount; ++row)
         rises.push_back(setup.mixed.riseAt(row, setup.weak(row)));
-    QVERIFY(OvPickCourse::median(rises) > 1.5);
+    QVERIFY(OvRank::median(rises) > 1.5);
     // What a stretch of strong matches follows stays.
     for (int row = 0; row < 25; ++row)
         setup.matches[at(row)].strength = 5.0F;
@@ -211,7 +211,7 @@ void tst_OvMixedCourse::mixingKeepsTheSizeOfNoise()
     std::vector<double> sizes;
     for (int row = 0; row < rowCount; ++row)
         sizes.push_back(setup.mixedRms(row, 0.0, setup.strong(row) - 10.0));
-    const double size = OvPickCourse::median(sizes);
+    const double size = OvRank::median(sizes);
     QVERIFY2(std::abs(size - 1.0) < 0.15, qPrintable(QString::number(size)));
 }
 
@@ -231,7 +231,7 @@ void tst_OvMixedCourse::mixingLetsTheWaveAddUp()
         }
         gains.push_back(mixed / own);
     }
-    const double gain = OvPickCourse::median(gains);
+    const double gain = OvRank::median(gains);
     QVERIFY2(std::abs(gain - 16.0 / std::sqrt(44.0)) < 0.4, qPrintable(QString::number(gain)));
 }
 

@@ -1,7 +1,7 @@
 #include "OvSeismic/picking/OvOnsetGuide.h"
 
 #include "OvSeismic/dsp/OvFir.h"
-#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/dsp/OvRank.h"
 #include "OvSeismic/picking/OvTraceChain.h"
 #include "SyntheticGather.h"
 
@@ -152,7 +152,7 @@ void tst_OvOnsetGuide::noiseOfKnownSize()
         near += std::abs(share - 1.0) < 0.15 ? 1 : 0;
         shares.push_back(share);
     }
-    const double usual = OvPickCourse::median(shares);
+    const double usual = OvRank::median(shares);
     QVERIFY2(std::abs(usual - 1.0) < 0.1, qPrintable(QString::number(usual)));
     QVERIFY2(near >= 20, qPrintable(QString::number(near)));
 }

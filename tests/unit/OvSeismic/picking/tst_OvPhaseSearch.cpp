@@ -15,8 +15,8 @@ class tst_OvPhaseSearch : public QObject
 private slots:
     void phasesOfAKnownWavelet_data();
     void phasesOfAKnownWavelet();
-    void aTracesOwnExtremumIsTaken();
-    void aTraceWithoutOneFollowsTheStack();
+    void peakOfATraceThatComesLate_data();
+    void peakOfATraceThatComesLate();
 };
 
 namespace {
@@ -77,29 +77,26 @@ void tst_OvPhaseSearch::phasesOfAKnownWavelet()
     }
 }
 
-// Its wave comes 4 ms late, which is less than a seventh of a period.
-void tst_OvPhaseSearch::aTracesOwnExtremumIsTaken()
+void tst_OvPhaseSearch::peakOfATraceThatComesLate_data()
 {
-    Setup setup;
-    setup.synthetic.silence(20);
-    setup.synthetic.add(20, setup.synthetic.onsetsMs[20] + 4.0, 1.0, 25.0);
-    const auto members = setup.load();
-    const auto points = OvPhaseSearch::find(setup.grid, members, period, OvPickPhase::Peak);
-    const double own = setup.afterOnsetMs(20, points);
-    QVERIFY2(std::abs(own - peakMs - 4.0) < 0.4, qPrintable(QString::number(own)));
-    QVERIFY(std::abs(setup.afterOnsetMs(19, points) - peakMs) < 0.4);
+    QTest::addColumn<double>("lateMs");
+    QTest::addColumn<double>("afterMs");
+    QTest::newRow("its own, less than a seventh of a period away") << 4.0 << peakMs + 4.0;
+    QTest::newRow("the stack's, where the trace has another swing") << 16.0 << peakMs;
 }
 
-// Its wave comes 16 ms late: another swing lies where the others have their peak.
-void tst_OvPhaseSearch::aTraceWithoutOneFollowsTheStack()
+void tst_OvPhaseSearch::peakOfATraceThatComesLate()
 {
+    QFETCH(double, lateMs);
+    QFETCH(double, afterMs);
     Setup setup;
     setup.synthetic.silence(20);
-    setup.synthetic.add(20, setup.synthetic.onsetsMs[20] + 16.0, 1.0, 25.0);
+    setup.synthetic.add(20, setup.synthetic.onsetsMs[20] + lateMs, 1.0, 25.0);
     const auto members = setup.load();
     const auto points = OvPhaseSearch::find(setup.grid, members, period, OvPickPhase::Peak);
     const double after = setup.afterOnsetMs(20, points);
-    QVERIFY2(std::abs(after - peakMs) < 0.4, qPrintable(QString::number(after)));
+    QVERIFY2(std::abs(after - afterMs) < 0.4, qPrintable(QString::number(after)));
+    QVERIFY(std::abs(setup.afterOnsetMs(19, points) - peakMs) < 0.4);
 }
 
 QTEST_GUILESS_MAIN(tst_OvPhaseSearch)

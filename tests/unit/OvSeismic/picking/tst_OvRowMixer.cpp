@@ -1,7 +1,7 @@
 #include "OvSeismic/picking/OvRowMixer.h"
 
 #include "GuidedGather.h"
-#include "OvSeismic/picking/OvPickCourse.h"
+#include "OvSeismic/dsp/OvRank.h"
 
 #include <QtTest>
 
@@ -60,7 +60,7 @@ struct Setup : GuidedGather
         std::vector<double> values;
         for (int row = 5; row < rowCount - 5; ++row)
             values.push_back(rms(row));
-        return OvPickCourse::median(values);
+        return OvRank::median(values);
     }
 };
 
@@ -100,7 +100,7 @@ void tst_OvRowMixer::noiseKeepsItsSize()
         std::vector<double> sizes;
         for (int row = 0; row < rowCount; ++row)
             sizes.push_back(static_cast<double>(setup.mixer.noise(row)));
-        const double size = OvPickCourse::median(sizes);
+        const double size = OvRank::median(sizes);
         QVERIFY2(std::abs(size - 1.0) < 0.12, qPrintable(QString::number(size)));
     }
 }
