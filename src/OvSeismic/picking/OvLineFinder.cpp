@@ -1,6 +1,5 @@
 #include "OvSeismic/picking/OvLineFinder.h"
 
-#include "OvSeismic/dsp/OvLanes.h"
 #include "OvSeismic/dsp/OvRank.h"
 
 #include <algorithm>
@@ -46,53 +45,22 @@ private:
     std::vector<std::size_t> m_parents;
 };
 
-// Square of the distance from a place to the nearest one; infinite without any.
-template <int bytes>
-OV_LANES_INLINE double nearestOf(const double* x, const double* y, std::size_t count,
-                                 const Place& from)
-{
-    constexpr std::size_t lanes = 8;
-    using Lanes = OvLanes<lanes, double, bytes>;
-    Lanes least = Lanes::all(std::numeric_limits<double>::infinity());
-    std::size_t i = 0;
-    for (; i + lanes <= count; i += lanes) {
-        const Lanes aside = Lanes::from(x + i) - Lanes::all(from.x);
-        const Lanes ahead = Lanes::from(y + i) - Lanes::all(from.y);
-        least = least.orLess(aside * aside + ahead * ahead);
-    }
-    double nearest = -(Lanes::all(0.0) - least).largest();
-    for (; i < count; ++i) {
-        const double aside = x[i] - from.x;
-        const double ahead = y[i] - from.y;
-        nearest = std::min(nearest, aside * aside + ahead * ahead);
-    }
-    return nearest;
-}
-
-OV_LANES_VERSIONS(double, findNearest,
-                  (const double* x, const double* y, std::size_t count, const Place& from),
-                  nearestOf, (x, y, count, from))
-
 // Median distance of a place to the nearest other one.
 double spacingOf(const std::vector<Place>& places)
 {
     constexpr std::size_t enough = 64;
-    const std::size_t count = places.size();
-    std::vector<double> x;
-    std::vector<double> y;
-    for (const Place& place : places) {
-        x.push_back(place.x);
-        y.push_back(place.y);
-    }
     std::vector<double> nearest; // squared
-    const std::size_t every = std::max<std::size_t>(1, count / enough);
-    for (std::size_t i = 0; i < count; i += every) {
-        const std::size_t next = i + 1;
-        nearest.push_back(
-            std::min(findNearest(x.data(), y.data(), i, places[i]),
-                     findNearest(x.data() + next, y.data() + next, count - next, places[i])));
+    const std::size_t every = std::max<std::size_t>(1, places.size() / enough);
+    for (std::size_t i = 0; i < places.size(); i += every) {
+        double least = std::numeric_limits<double>::infinity();
+        for (std::size_t k = 0; k < places.size(); ++k) {
+            const double x = places[k].x - places[i].x;
+            const double y = places[k].y - places[i].y;
+            least = k == i ? least : std::min(least, x * x + y * y);
+        }
+        nearest.push_back(least);
     }
-    return std::sqrt(OvRank::median(nearest.data(), static_cast<int>(nearest.size())));
+    return std::sqrt(OvRank::median(nearest));
 }
 
 // Places in squares as wide as a link, so that those within reach lie in the squares around.
@@ -145,61 +113,6 @@ private:
     const std::vector<Place>& m_places;
     double m_width;
     std::unordered_map<std::uint64_t, std::vector<std::size_t>> m_squares;
-};
-
-// Places of which each is linked to the next one, as they mostly are in the order of a file.
-class Sequences
-{
-public:
-    Sequences(const std::vector<Place>& places, double width)
-        : m_width(width)
-    {
-        m_numbers.reserve(places.size());
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            const Place& place = places[i];
-            if (i == 0 || !(distance(places[i - 1], place) <= width))
-                m_boxes.push_back({place, place});
-            Box& box = m_boxes.back();
-            box.least = {std::min(box.least.x, place.x), std::min(box.least.y, place.y)};
-            box.most = {std::max(box.most.x, place.x), std::max(box.most.y, place.y)};
-            m_numbers.push_back(static_cast<int>(m_boxes.size()) - 1);
-        }
-    }
-
-    // Whether no link leads from one to another, as far as their boxes tell.
-    bool arePieces() const
-    {
-        constexpr std::size_t few = 32;
-        if (m_boxes.size() > few)
-            return false;
-        for (std::size_t a = 0; a < m_boxes.size(); ++a) {
-            for (std::size_t b = a + 1; b < m_boxes.size(); ++b) {
-                if (!(gap(m_boxes[a], m_boxes[b]) > m_width))
-                    return false;
-            }
-        }
-        return true;
-    }
-
-    const std::vector<int>& numbers() const { return m_numbers; }
-
-private:
-    struct Box
-    {
-        Place least;
-        Place most;
-    };
-
-    static double gap(const Box& a, const Box& b)
-    {
-        const double x = std::max({a.least.x - b.most.x, b.least.x - a.most.x, 0.0});
-        const double y = std::max({a.least.y - b.most.y, b.least.y - a.most.y, 0.0});
-        return std::hypot(x, y);
-    }
-
-    double m_width;
-    std::vector<Box> m_boxes;
-    std::vector<int> m_numbers; // the sequence of each place
 };
 
 // Places that follow on each other without a gap.
@@ -295,9 +208,6 @@ std::vector<int> numbersOf(Forest* forest, std::size_t count)
 
 std::vector<int> pieceOfEach(const std::vector<Place>& places, double spacing)
 {
-    const Sequences sequences(places, linked * spacing);
-    if (sequences.arePieces())
-        return sequences.numbers();
     const Squares squares(places, linked * spacing);
     Forest forest(places.size());
     for (std::size_t i = 0; i < places.size(); ++i)
